@@ -1,0 +1,60 @@
+# How every target of ours is compiled, and the three kinds of target: a room, a test, a bench.
+
+add_library(quinzolith_flags INTERFACE)
+target_compile_features(quinzolith_flags INTERFACE cxx_std_20)
+target_include_directories(quinzolith_flags INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_definitions(quinzolith_flags INTERFACE
+  QUINZOLITH_VERSION_MAJOR=${PROJECT_VERSION_MAJOR}
+  QUINZOLITH_VERSION_MINOR=${PROJECT_VERSION_MINOR}
+  QUINZOLITH_VERSION_REVISION=${PROJECT_VERSION_PATCH}
+  $<$<BOOL:${QUINZOLITH_DEVELOPER}>:QUINZOLITH_DEVELOPER>)
+if(QUINZOLITH_SANITIZE)
+  target_compile_options(quinzolith_flags INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+  target_link_options(quinzolith_flags INTERFACE -fsanitize=address,undefined)
+endif()
+
+add_library(quinzolith_warnings INTERFACE)
+target_compile_options(quinzolith_warnings INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
+
+# quinzolith_room(NAME SOURCES ... [LINKS ...]): a static library named after its folder.
+function(quinzolith_room name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  add_library(${name} STATIC ${ARG_SOURCES})
+  target_link_libraries(${name} PUBLIC quinzolith_flags ${ARG_LINKS} PRIVATE quinzolith_warnings)
+endfunction()
+
+# quinzolith_program(NAME SOURCES ... [LINKS ...]): an executable that ships, built into the tree.
+function(quinzolith_program name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE quinzolith_flags quinzolith_warnings ${ARG_LINKS})
+  set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${QUINZOLITH_TREE})
+  install(TARGETS ${name} RUNTIME DESTINATION ${QUINZOLITH_FOLDER})
+endfunction()
+
+# quinzolith_tool(NAME SOURCES ... [LINKS ...]): an executable for this program's makers; never installed.
+function(quinzolith_tool name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE quinzolith_flags quinzolith_warnings ${ARG_LINKS})
+endfunction()
+
+# quinzolith_test(NAME SOURCES ... [LINKS ...] [QT]): one test program, one ctest entry. With QT the
+# program has a QApplication on the offscreen platform (unless QT_QPA_PLATFORM says otherwise).
+function(quinzolith_test name)
+  cmake_parse_arguments(ARG "QT" "" "SOURCES;LINKS" ${ARGN})
+  if(ARG_QT)
+    list(APPEND ARG_SOURCES ${PROJECT_SOURCE_DIR}/tests/QtMain.cpp)
+    list(APPEND ARG_LINKS Qt6::Widgets Qt6::Test GTest::gtest)
+  else()
+    list(APPEND ARG_LINKS GTest::gtest_main)
+  endif()
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE quinzolith_flags quinzolith_warnings ${ARG_LINKS})
+  target_compile_definitions(${name} PRIVATE
+    QUINZOLITH_SOURCE_DIR="${PROJECT_SOURCE_DIR}" QUINZOLITH_TREE="${QUINZOLITH_TREE}")
+  add_test(NAME ${name} COMMAND ${name})
+  set_tests_properties(${name} PROPERTIES TIMEOUT 600)
+endfunction()
