@@ -1,0 +1,47 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <string>
+
+/// What the running program is: its title and version, where it is installed, and the state, the
+/// clock and the random numbers that all of it shares.
+namespace Program {
+
+/// "Quinzolith", the caption of every message box.
+inline constexpr const char* kTitle = "Quinzolith";
+/// Its maker, as in the settings store and the installed tree.
+inline constexpr const char* kMaker = "Kelvo Software";
+
+struct VersionNumbers {
+  int major, minor, revision;
+};
+VersionNumbers version();
+/// The three numbers joined by ".", for example 1.1.7.
+std::string versionText();
+
+/// The folder of the (resolved) executable, or what setInstallationFolder named.
+std::filesystem::path installationFolder();
+/// Puts another folder in its place: for tests.
+void setInstallationFolder(const std::filesystem::path& folder);
+
+/// The program-files folder, two levels above the installation folder.
+std::filesystem::path programFilesFolder();
+
+/// The compiled help file; set at start.
+extern std::filesystem::path HelpFile;
+/// The user's puzzle folder; set at start.
+extern std::filesystem::path UserPath;
+
+/// Bits per pixel of the screen, measured by the splash window at each of its loads. Below 16 the
+/// windows use their 256-colour pictures. 24 until the first measurement.
+extern int ColorDepth;
+
+/// Seconds since midnight, local time, with fractions.
+extern std::function<double()> Timer;
+/// Starts the generator behind Random() anew from a number.
+void Randomize(double seed);
+/// A uniform number in [0, 1) from the program's one generator.
+extern std::function<double()> Random;
+
+}  // namespace Program
