@@ -1,0 +1,92 @@
+#include "platform/Dialogs.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QMessageBox>
+
+#include "platform/Form.h"
+#include "platform/PendingEvents.h"
+#include "platform/Program.h"
+
+namespace fs = std::filesystem;
+
+namespace Dialogs {
+
+namespace {
+
+QWidget* owner() {
+  QWidget* modal = QApplication::activeModalWidget();
+  return modal ? modal : activeWindow();
+}
+
+QString text(const fs::path& path) {
+  return QString::fromStdString(path.string());
+}
+
+QMessageBox::StandardButton show(const std::string& text, Icon icon,
+                                 QMessageBox::StandardButtons buttons,
+                                 QMessageBox::StandardButton standard) {
+  const NestedLoop nested;
+  QWidget* parent = owner();
+  QMessageBox box(parent);
+  box.setWindowTitle(Program::kTitle);
+  box.setTextFormat(Qt::PlainText);
+  box.setText(QString::fromStdString(text).replace("\r\n", "\n"));
+  box.setIcon(icon == Icon::Exclamation ? QMessageBox::Warning : QMessageBox::NoIcon);
+  box.setStandardButtons(buttons);
+  box.setDefaultButton(standard);
+  if (parent) box.setWindowModality(Qt::WindowModal);
+  const int answer = box.exec();
+  if (parent && !Form::Unloaded(parent)) parent->activateWindow();
+  return static_cast<QMessageBox::StandardButton>(answer);
+}
+
+Answer answerOf(QMessageBox::StandardButton button) {
+  if (button == QMessageBox::Yes) return Answer::Yes;
+  return button == QMessageBox::No ? Answer::No : Answer::Cancel;
+}
+
+}  // namespace
+
+void message(const std::string& text, Icon icon) {
+  show(text, icon, QMessageBox::Ok, QMessageBox::Ok);
+}
+
+Answer askYesNo(const std::string& text) {
+  return answerOf(
+      show(text, Icon::Exclamation, QMessageBox::Yes | QMessageBox::No, QMessageBox::No));
+}
+
+Answer askYesNoCancel(const std::string& text) {
+  return answerOf(show(text, Icon::Exclamation,
+                       QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes));
+}
+
+bool FileDialog::ShowOpen() {
+  return show(false);
+}
+bool FileDialog::ShowSave() {
+  return show(true);
+}
+
+bool FileDialog::show(bool save) {
+  const NestedLoop nested;
+  QWidget* parent = owner();
+  QFileDialog dialog(parent, QString::fromStdString(title), text(folder),
+                     QString::fromStdString(filterName));
+  dialog.setOption(QFileDialog::DontUseNativeDialog);
+  dialog.setOption(QFileDialog::DontConfirmOverwrite, !overwritePrompt);
+  dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+  dialog.setFileMode(QFileDialog::AnyFile);
+  dialog.setDefaultSuffix(QString::fromStdString(defaultExtension));
+  if (!fileName.empty()) dialog.selectFile(text(fileName));
+  if (parent) dialog.setWindowModality(Qt::WindowModal);
+  const bool accepted = dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty();
+  if (parent && !Form::Unloaded(parent)) parent->activateWindow();
+  if (!accepted) return false;
+  fileName = fs::path(dialog.selectedFiles().first().toStdU16String());
+  folder = fileName.parent_path();
+  return true;
+}
+
+}  // namespace Dialogs

@@ -1,0 +1,310 @@
+#include "platform/Form.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDialog>
+#include <QLayout>
+#include <QMainWindow>
+#include <QMenuBar>
+#include <QScreen>
+#include <QShortcut>
+#include <algorithm>
+#include <vector>
+
+#include "platform/LightPalette.h"
+#include "platform/PendingEvents.h"
+#include "platform/PictureBox.h"
+#include "platform/Screen.h"
+#include "platform/Twips.h"
+
+namespace {
+
+constexpr const char* kUnloadedMark = "formUnloaded";
+constexpr const char* kBlockedMark = "formBlocked";
+
+/// The open forms, the one shown last at the end.
+std::vector<Form*>& openForms() {
+  static std::vector<Form*> forms;
+  return forms;
+}
+
+void endWhenNoneIsOpen() {
+  if (Form::Count() == 0) QCoreApplication::exit(0);
+}
+
+}  // namespace
+
+std::function<void(QWidget*, int)> Form::ShowHelp;
+
+/// Tells the form what happens to its window.
+class FormWindow : public QObject {
+ public:
+  FormWindow(Form& form, QWidget* window, QWidget* client) : QObject(window), form_(form) {
+    window->installEventFilter(this);
+    if (client != window) client->installEventFilter(this);
+    ratio_ = window->devicePixelRatioF();
+  }
+
+  static void close(Form& form, QCloseEvent* event) {
+    event->ignore();  // the form decides, and hides the window itself
+    form.Unload();
+  }
+  static void escape(Form& form) { form.Form_Escape(); }
+
+  bool eventFilter(QObject* object, QEvent* event) override {
+    auto* widget = qobject_cast<QWidget*>(object);
+    if (!widget || Form::Unloaded(widget)) return false;
+    switch (event->type()) {
+      case QEvent::WindowActivate:
+        form_.queueActivation();
+        break;
+      case QEvent::WindowBlocked:
+        form_.setBlocked(true);
+        break;
+      case QEvent::WindowUnblocked:
+        form_.setBlocked(false);
+        break;
+      case QEvent::ScreenChangeInternal:
+        checkRatio();
+        break;
+      case QEvent::Resize:
+        if (widget == form_.Client()) form_.sized();
+        break;
+      default:
+        break;
+    }
+    return false;
+  }
+
+ private:
+  void checkRatio() {
+    const double now = form_.Window()->devicePixelRatioF();
+    if (now == ratio_) return;
+    ratio_ = now;
+    QMetaObject::invokeMethod(
+        this, [this] { form_.sized(); }, Qt::QueuedConnection);
+  }
+
+  Form& form_;
+  double ratio_ = 1;
+};
+
+namespace {
+
+class SizableWindow : public QMainWindow {
+ public:
+  explicit SizableWindow(Form& form) : form_(form) {}
+
+ protected:
+  void closeEvent(QCloseEvent* event) override { FormWindow::close(form_, event); }
+  QMenu* createPopupMenu() override { return nullptr; }
+
+ private:
+  Form& form_;
+};
+
+class DialogWindow : public QDialog {
+ public:
+  DialogWindow(Form& form, QWidget* parent)
+      : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                            Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint),
+        form_(form) {}
+
+  void reject() override { FormWindow::escape(form_); }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override { FormWindow::close(form_, event); }
+
+ private:
+  Form& form_;
+};
+
+}  // namespace
+
+Form::Form(Design design) : design_(std::move(design)) {}
+
+Form::~Form() {
+  std::erase(openForms(), this);
+  delete window_;
+}
+
+QFont Form::ControlFont() {
+  QFont font;
+  font.setFamilies({"Arial", "Liberation Sans", "DejaVu Sans", "Sans Serif"});
+  font.setPointSizeF(8.25);
+  return font;
+}
+
+int Form::Count() {
+  return static_cast<int>(openForms().size());
+}
+
+bool Form::Unloaded(const QWidget* widget) {
+  return !widget || widget->window()->property(kUnloadedMark).toBool();
+}
+
+double Form::ClientWidth() const {
+  return client_->width() * Twips::perPixel(*client_);
+}
+double Form::ClientHeight() const {
+  return client_->height() * Twips::perPixel(*client_);
+}
+bool Form::Minimized() const {
+  return window_ && window_->isMinimized();
+}
+
+QMenuBar* Form::MenuBar() {
+  return qobject_cast<QMainWindow*>(window_.data())->menuBar();
+}
+
+void Form::buildWindow(QWidget* parent) {
+  if (design_.border == Border::FixedDialog) {
+    window_ = new DialogWindow(*this, parent);
+    client_ = window_;
+  } else {
+    auto* window = new SizableWindow(*this);
+    window_ = window;
+    client_ = new QWidget(window);
+    window->setCentralWidget(client_);
+    window->menuBar()->setNativeMenuBar(false);
+  }
+  window_->setWindowTitle(design_.title);
+  window_->setPalette(lightPalette(design_.back));
+  client_->setAutoFillBackground(true);
+  new FormWindow(*this, window_, client_);
+  if (design_.helpContext == 0) return;
+  auto* f1 = new QShortcut(QKeySequence(Qt::Key_F1), window_);
+  QObject::connect(f1, &QShortcut::activated, window_, [this] {
+    if (ShowHelp) ShowHelp(window_, design_.helpContext);
+  });
+}
+
+void Form::Load() {
+  if (!Loaded()) {
+    buildWindow(nullptr);
+    BuildControls();
+    Form_Load();
+  }
+}
+
+namespace {
+
+void fitWindow(QWidget& window, QWidget& client, const QSizeF& twips, bool fixed) {
+  QSize size = Twips::toPixels(twips, window);
+  if (&window != &client)
+    size.rheight() += static_cast<QMainWindow&>(window).menuBar()->sizeHint().height();
+  if (fixed)
+    window.setFixedSize(size);
+  else
+    window.resize(size.boundedTo(window.screen()->availableSize()));
+}
+
+}  // namespace
+
+void Form::present() {
+  if (std::find(openForms().begin(), openForms().end(), this) == openForms().end())
+    openForms().push_back(this);
+  const bool first = !laidOut_;
+  if (first) {
+    fitWindow(*window_, *client_, design_.client, design_.border == Border::FixedDialog);
+    window_->ensurePolished();
+    if (QLayout* layout = window_->layout()) layout->activate();  // gives the client its size
+  }
+  laidOut_ = true;
+  Form_Resize();
+  if (!Loaded()) return;
+  if (design_.activation == Activation::BeforePaint) Form_Activate();
+  if (!Loaded()) return;
+  if (first && design_.maximized)
+    window_->showMaximized();
+  else
+    window_->show();
+  window_->raise();
+  window_->activateWindow();
+  if (!Screen::hasWindowManager()) queueActivation();
+}
+
+void Form::Show() {
+  Load();
+  if (Loaded()) present();
+}
+
+void Form::ShowModal(Form* opener) {
+  if (modalLoop_) return;
+  if (!Loaded()) {
+    buildWindow(opener ? opener->Window() : nullptr);
+    BuildControls();
+    Form_Load();
+  }
+  if (!Loaded()) return;
+  window_->setWindowModality(opener && opener->Loaded() ? Qt::WindowModal : Qt::ApplicationModal);
+  present();
+  if (!Loaded()) return;
+  const NestedLoop nested;
+  QEventLoop loop;
+  modalLoop_ = &loop;
+  loop.exec();
+  modalLoop_ = nullptr;
+  if (opener && opener->Loaded()) opener->Window()->activateWindow();
+}
+
+bool Form::Unload() {
+  if (!Loaded() || unloading_) return true;
+  unloading_ = true;
+  bool Cancel = false;
+  Form_Unload(Cancel);
+  unloading_ = false;
+  if (!Cancel) retire();
+  return !Cancel;
+}
+
+void Form::retire() {
+  std::erase(openForms(), this);
+  const QPointer<QWidget> gone = window_;
+  gone->setProperty(kUnloadedMark, true);
+  window_ = nullptr;
+  client_ = nullptr;
+  laidOut_ = false;
+  activationQueued_ = false;
+  gone->hide();
+  if (modalLoop_) modalLoop_->quit();
+  atFirstLevel([gone] { delete gone; });
+  if (Count() == 0) atFirstLevel(endWhenNoneIsOpen);
+}
+
+void Form::Refresh() {
+  if (Loaded()) window_->repaint();
+}
+
+void Form::queueActivation() {
+  if (activationQueued_ || !Loaded()) return;
+  activationQueued_ = true;
+  QMetaObject::invokeMethod(
+      window_, [this] { becameActive(); }, Qt::QueuedConnection);
+}
+
+void Form::becameActive() {
+  if (!Loaded()) return;
+  activationQueued_ = false;
+  Form_Activate();
+}
+
+void Form::sized() {
+  if (Loaded() && laidOut_) Form_Resize();
+}
+
+void Form::setBlocked(bool blocked) {
+  window_->setProperty(kBlockedMark, blocked);
+  for (QWidget* child : window_->findChildren<QWidget*>())
+    if (auto* box = dynamic_cast<PictureBox*>(child)) box->setBlocked(blocked);
+}
+
+QWidget* activeWindow() {
+  if (QWidget* active = QApplication::activeWindow()) return active;
+  if (Screen::hasWindowManager()) return nullptr;
+  for (auto form = openForms().rbegin(); form != openForms().rend(); ++form) {
+    QWidget* window = (*form)->Window();
+    if (window && window->isVisible() && !window->property(kBlockedMark).toBool()) return window;
+  }
+  return nullptr;
+}

@@ -1,0 +1,100 @@
+#pragma once
+
+#include <QColor>
+#include <QEventLoop>
+#include <QPointer>
+#include <QSizeF>
+#include <QString>
+#include <QWidget>
+#include <functional>
+
+/// A window of the program. The Form is a plain object that lives for the whole run and keeps its
+/// fields; its on-screen window and controls exist from loading to unloading.
+///
+/// Loading:   the first showing builds the window and its controls and raises Form_Load, then lays
+/// it
+///            out with Form_Resize.
+/// Activation: Form_Activate is raised from a posted event each time the window becomes active. A
+///            form that activates early gets it before its first paint, too.
+/// Unloading: raises Form_Unload, which may refuse. The window is hidden and no longer counted at
+///            once; its widgets are deleted when the event loop is back at its first level, since
+///            the close may come from a dialog inside one of the window's own handlers.
+/// Ending:    when no form is open any more, and none has been opened by the time the event loop is
+///            back at its first level, the program ends with code 0.
+/// Units:     twips; all sizes are those of the client area (the menu bar comes on top of it).
+class Form {
+ public:
+  enum class Border { Sizable, FixedDialog };
+  enum class Activation { Posted, BeforePaint };
+
+  struct Design {
+    QString title;
+    Border border = Border::Sizable;
+    QSizeF client;            ///< twips
+    QColor back = Qt::white;  ///< colour of the client area
+    int helpContext = 0;      ///< topic of the F1 key; 0: none
+    Activation activation = Activation::Posted;
+    bool maximized = false;  ///< opens maximized
+  };
+
+  explicit Form(Design design);
+  virtual ~Form();
+  Form(const Form&) = delete;
+  Form& operator=(const Form&) = delete;
+
+  void Load();  ///< builds the window if there is none; does not show it
+  void Show();  ///< loads if needed, and shows without waiting
+  void ShowModal(
+      Form* opener = nullptr);  ///< as Show, blocks the opener, returns once it is closed
+  bool Unload();                ///< false when the form refused; harmless when not loaded
+  void Refresh();               ///< repaints the window at once
+
+  bool Loaded() const { return window_ != nullptr; }
+  QWidget* Window() const { return window_; }  ///< null unless loaded
+  QWidget* Client() const { return client_; }  ///< the parent of the controls; null unless loaded
+  double ClientWidth() const;                  ///< twips
+  double ClientHeight() const;                 ///< twips
+  bool Minimized() const;
+
+  /// How many forms are open.
+  static int Count();
+  /// True once the form whose window holds the widget has unloaded: do not touch it any more.
+  static bool Unloaded(const QWidget* widget);
+  /// Where F1 goes: the window and its topic.
+  static std::function<void(QWidget*, int)> ShowHelp;
+  /// The font of controls whose size is fixed: a sans of 8.25 points.
+  static QFont ControlFont();
+
+ protected:
+  virtual void BuildControls() = 0;  ///< creates the controls below Client(), in tab order
+  virtual void Form_Load() {}
+  virtual void Form_Activate() {}
+  virtual void Form_Resize() {}
+  virtual void Form_Unload(bool& Cancel) { (void)Cancel; }
+  /// Esc in a dialog; does nothing unless a form says otherwise.
+  virtual void Form_Escape() {}
+
+  class QMenuBar* MenuBar();  ///< of a sizable form
+
+ private:
+  friend class FormWindow;
+  void buildWindow(QWidget* parent);
+  void present();
+  void retire();
+  void queueActivation();
+  void becameActive();
+  void sized();
+  void setBlocked(bool blocked);
+
+  Design design_;
+  QPointer<QWidget> window_;
+  QPointer<QWidget> client_;
+  QEventLoop* modalLoop_ = nullptr;
+  bool unloading_ = false;
+  bool laidOut_ = false;
+  bool activationQueued_ = false;
+};
+
+/// The window that the user is working in, as the display system or the program itself knows it:
+/// the active window, or, where no window manager runs, the topmost form that no dialog blocks.
+QWidget* activeWindow();

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QWidget>
+#include <functional>
+
+/// What the program asks of the screen that shows a window.
+namespace Screen {
+
+/// Bits per pixel. Tests put another measurement in its place.
+extern std::function<int(const QWidget&)> bitsPerPixel;
+
+/// True when a window manager runs, or the display system needs none. A bare X server without one
+/// never makes a window active.
+bool hasWindowManager();
+
+}  // namespace Screen

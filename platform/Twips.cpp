@@ -1,0 +1,49 @@
+#include "platform/Twips.h"
+
+#include <cmath>
+
+namespace Twips {
+
+namespace {
+
+constexpr double kPerInch = 1440;
+
+}  // namespace
+
+int nearest(double value) {
+  return static_cast<int>(std::nearbyint(value));  // the default rounding mode: halves to even
+}
+
+double perPixel(const QWidget& widget) {
+  return kPerInch / widget.logicalDpiX();
+}
+
+double perDevicePixelX(const QWidget& widget) {
+  return kPerInch / (widget.logicalDpiX() * widget.devicePixelRatioF());
+}
+
+double perDevicePixelY(const QWidget& widget) {
+  return kPerInch / (widget.logicalDpiY() * widget.devicePixelRatioF());
+}
+
+QRect toPixels(const QRectF& twips, const QWidget& widget) {
+  const double unit = perPixel(widget);
+  const QPoint topLeft(nearest(twips.left() / unit), nearest(twips.top() / unit));
+  const QPoint beyond(nearest(twips.right() / unit), nearest(twips.bottom() / unit));
+  return {topLeft, QSize(beyond.x() - topLeft.x(), beyond.y() - topLeft.y())};
+}
+
+QSize toPixels(const QSizeF& twips, const QWidget& widget) {
+  return toPixels(QRectF(QPointF(0, 0), twips), widget).size();
+}
+
+QRectF fromPixels(const QRect& pixels, const QWidget& widget) {
+  const double unit = perPixel(widget);
+  return {pixels.x() * unit, pixels.y() * unit, pixels.width() * unit, pixels.height() * unit};
+}
+
+void place(QWidget& widget, double left, double top, double width, double height) {
+  widget.setGeometry(toPixels(QRectF(left, top, width, height), widget));
+}
+
+}  // namespace Twips

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QRect>
+#include <QRectF>
+#include <QWidget>
+
+/// Lengths on the screen. Windows are designed in twips (1/1440 inch), the toolkit lays out in its
+/// own (logical) pixels, and boards are drawn in device pixels, of which a dense screen has more to
+/// an inch.
+namespace Twips {
+
+/// The nearest whole number, halves to the even neighbour. All rounding of the program happens
+/// here.
+int nearest(double value);
+
+/// Twips per logical pixel of the widget's screen: 15 at 96 dots per inch.
+double perPixel(const QWidget& widget);
+
+/// Twips per device pixel: 15 at 96 dots per inch, 7.5 on a doubled screen.
+double perDevicePixelX(const QWidget& widget);
+double perDevicePixelY(const QWidget& widget);
+
+/// A design position as the logical pixels of the widget's parent, and back.
+QRect toPixels(const QRectF& twips, const QWidget& widget);
+QSize toPixels(const QSizeF& twips, const QWidget& widget);
+QRectF fromPixels(const QRect& pixels, const QWidget& widget);
+
+/// Gives the widget a design position (left, top, width, height in twips).
+void place(QWidget& widget, double left, double top, double width, double height);
+
+}  // namespace Twips
