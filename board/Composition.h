@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QRect>
+#include <vector>
+
+#include "board/TextureAtlas.h"
+#include "model/PENTOGRID.h"
+#include "platform/Surface.h"
+
+/// The area to be composed at the next flush: device pixels of the drawing surface, right and
+/// bottom exclusive. It may reach beyond the surface.
+struct DirtyRectangle {
+  std::int32_t left = 0, top = 0, right = 0, bottom = 0;
+
+  void include(const DirtyRectangle& other);
+  DirtyRectangle within(int width, int height) const;
+  bool empty() const { return left >= right || top >= bottom; }
+};
+
+/// Composes the picture of a board, off screen, over a rectangle of its drawing surface:
+/// background, cells, white outlines, floating piece. What another layer covers wholly is not
+/// painted.
+///
+/// Units:  device pixels. Everything stands in the drawing surface's own positions, so tiles line
+/// up
+///         whatever the rectangle is.
+class Composition {
+ public:
+  /// What is to be seen.
+  struct Scene {
+    const PENTOGRID* grid = nullptr;  ///< null: background only
+    const TextureAtlas* atlas = nullptr;
+    const PENTO* floating = nullptr;  ///< its position is in pixels; null: none is drawn
+  };
+
+  Composition();
+
+  /// The picture that is tiled behind the cells. A null picture leaves the plain fill, in tiles of
+  /// the last size.
+  void background(const QImage& picture);
+  QImage background() const { return backgroundPicture_; }
+
+  /// Composes the rectangle and copies it onto the surface in one block transfer.
+  void draw(const Scene& scene, const DirtyRectangle& area, Surface& onto);
+
+ private:
+  /// One visible cell: where it stands in the buffer and what it shows.
+  struct Spot {
+    int x, y;
+    int column, row;
+    std::int32_t id;
+    int texture;  ///< kNoTexture: the background shows
+  };
+  static constexpr int kNoTexture = -1;
+
+  void collectSpots(const Scene& scene, const DirtyRectangle& area);
+  Spot spotAt(const Scene& scene, int column, int row) const;
+  void PaintBackground(const Scene& scene, const DirtyRectangle& area);
+  void PaintCells(const Scene& scene);
+  void PaintBorders(const Scene& scene);
+  void PaintFloatingPento(const Scene& scene, const DirtyRectangle& area);
+  void fillWithBackground(const DirtyRectangle& area, int x, int y, int width, int height);
+
+  Surface pctBack_;
+  Surface pctBackground_;
+  QImage backgroundPicture_;
+  std::vector<Spot> spots_;
+};

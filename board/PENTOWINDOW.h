@@ -1,0 +1,157 @@
+#pragma once
+
+#include <QLineEdit>
+#include <QTimer>
+#include <functional>
+
+#include "board/Composition.h"
+#include "board/PropertyBag.h"
+#include "board/TextureAtlas.h"
+#include "model/basTiles.h"
+#include "platform/PictureBox.h"
+#include "platform/PointerSurface.h"
+#include "services/basKelvoWinAPI.h"
+
+/// The board control: shows one grid in texture tiles and lets the player pick pieces up, carry,
+/// turn, mirror and lay them down. It reports to its owner by five events.
+///
+/// Units:  the owner places the control in twips; the drawing surface inside works in device
+/// pixels. A
+///         floating piece's position is the pixel of its top-left corner on the surface of the
+///         control that moved it last.
+/// Order:  ReadProperties, then Grid, then TileSize from the owner's layout; then everything else.
+/// Events: an owner may close the control's window inside an event; the control then touches
+/// nothing. Ownership: the grid belongs to the owner and must outlive the control's window; a piece
+/// is shared.
+class PENTOWINDOW : public PointerSurface, public PuzzleTarget {
+ public:
+  explicit PENTOWINDOW(QWidget* parent);
+
+  // --- geometry and painting ---
+  /// Sets the tile's edge, reloads the atlas and sizes and centres the surface. Does not paint. 0
+  /// is ignored. Errors: std::runtime_error when the texture file cannot be read.
+  void TileSize(std::int16_t pixels);
+  std::int16_t TileWidth() const { return static_cast<std::int16_t>(atlas_.tileWidth()); }
+  void PaintAll() override { pctFore_Paint(); }
+  bool Redraw = false;  ///< full repaints are skipped while it is false
+
+  // --- the grid ---
+  PENTOGRID* Grid() const override { return grid_; }
+  void Grid(PENTOGRID* grid);  ///< does not repaint
+  /// Cells of the grid that are neither covered nor background. 0 means that the puzzle is solved.
+  std::int16_t EmptyCount() const;
+  void MoveLeft();
+  void MoveRight();
+  void MoveUp();
+  void MoveDown();
+
+  // --- the floating piece ---
+  PentoRef FloatingPento() const { return FloatingPento_; }
+  void FloatingPento(
+      const PentoRef& P);    ///< lets P float here, in place of one that floats already
+  void ShowFloatingPento();  ///< paints nothing; the next flush shows the piece
+  void HideFloatingPento();
+  void RemoveFloatingPento() override;
+  bool fEasyMode = false;  ///< turning and mirroring ask first
+
+  // --- stored properties ---
+  QImage BlockTexture() const { return atlas_.picture(); }
+  void BlockTexture(const QImage& picture);
+  QImage BackTexture() const { return composition_.background(); }
+  void BackTexture(const QImage& picture);  ///< pixels of the picture are device pixels
+  std::int16_t BorderStyle() const { return static_cast<std::int16_t>(pctFore_->BorderStyle()); }
+  void BorderStyle(std::int16_t style) { pctFore_->BorderStyle(style); }
+  bool Pickup() const { return Pickup_; }
+  void Pickup(bool takesOff) { Pickup_ = takesOff; }
+  bool DisplayHint() const { return DisplayHint_; }
+  void DisplayHint(bool hint) { DisplayHint_ = hint; }
+  /// Reads what the owner's layout stores and starts the control.
+  void ReadProperties(const PropertyBag& bag);
+  void WriteProperties(PropertyBag& bag) const;
+  void InitProperties();  ///< a control just put on a layout, with nothing stored
+
+  // --- events ---
+  std::function<void(PentoRef& P)>
+      Float;                        ///< P was pressed; the control goes on with what P then is
+  std::function<void()> Drop;       ///< the floating piece has been laid down here
+  std::function<void()> Capture;    ///< the pointer came over the control
+  std::function<void()> Uncapture;  ///< the pointer is outside, at every tick
+  std::function<void()> DropError;  ///< the grid refused the floating piece
+
+ protected:
+  void pointerMove(const QPointF& position) override;  // over the margin round the surface
+  void pointerDown(Button, const QPointF&) override {}
+  void pointerDoubleClick(Button, const QPointF&) override {}
+  void resizeEvent(QResizeEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+
+ private:
+  enum class CursorShape { Default, Hand, Clear };
+
+  // geometry
+  void centreSurface(double width, double height);
+  void UserControl_Resize();
+  double innerWidth() const;   // twips
+  double innerHeight() const;  // twips
+
+  // painting
+  void pctFore_Paint();
+  void FlushDirty();
+  void InvalidateFloating();
+  DirtyRectangle floatingBox() const;
+
+  // handling
+  void pctFore_MouseMove(double x, double y);
+  void pctFore_MouseDown(Button button, double x, double y);
+  void pctFore_DblClick();
+  void txtKey_Change();
+  void hover(double x, double y);
+  void pickUp(double x, double y);
+  void layDown(double x, double y);
+  void turn();
+  void mirrorThroughKeyBox();
+  bool easyModeAllows(const char* question);
+  void moveFloatingTo(double x, double y);
+  void hideWhileInactive();
+  bool RecenterGrab();  // true when it redrew
+  void placeCursor(double x, double y);
+  void showCursor(CursorShape shape);
+  bool windowIsActive() const;
+
+  // tracking
+  void TrackCursor();
+  void followOutside(const basKelvoWinAPI::POINT& p, const basKelvoWinAPI::RECT& box);
+  void choosePace();
+  void quicken();
+  bool nothingToSee() const;
+  void raise(const std::function<void()>& event) {
+    if (event) event();
+  }
+
+  PictureBox* pctFore_;
+  QLineEdit* txtKey_;
+  QTimer tmrHideFloat_;
+  TextureAtlas atlas_;
+  Composition composition_;
+
+  PENTOGRID* grid_ = nullptr;
+  bool fGridSet_ = false;
+  bool fResizing_ = false;
+  DirtyRectangle dirty_;
+  double surfaceLeft_ = 0;  // twips
+  double surfaceTop_ = 0;   // twips
+
+  PentoRef FloatingPento_;
+  bool fFloating_ = false;
+  bool fFloatVisible_ = false;
+  bool fCaptured_ = false;
+  bool fKeepGrab_ = false;
+  std::int16_t GrabX_ = 0;
+  std::int16_t GrabY_ = 0;
+  std::int16_t LastButton_ = 0;
+  basKelvoWinAPI::POINT LastCursor_{0, 0};
+  CursorShape cursor_ = CursorShape::Default;
+  bool Pickup_ = false;
+  bool DisplayHint_ = false;
+};

@@ -1,0 +1,55 @@
+#include "board/PENTOWINDOW.h"
+#include "platform/Program.h"
+#include "platform/Twips.h"
+
+namespace {
+
+constexpr double kKeyBoxBelow = 1000;  // twips below the visible area
+
+}  // namespace
+
+double PENTOWINDOW::innerWidth() const {
+  return width() * Twips::perPixel(*this);
+}
+double PENTOWINDOW::innerHeight() const {
+  return height() * Twips::perPixel(*this);
+}
+
+void PENTOWINDOW::TileSize(std::int16_t pixels) {
+  if (pixels == 0) return;
+  atlas_.load(textureFile(Program::ColorDepth), pixels);
+  centreSurface(pixels * grid_->Width() * Twips::perDevicePixelX(*this),
+                pixels * grid_->Height() * Twips::perDevicePixelY(*this));
+  quicken();
+}
+
+/// Gives the surface a size in twips and stands it in the middle of the control.
+void PENTOWINDOW::centreSurface(double width, double height) {
+  const double unitX = Twips::perDevicePixelX(*this), unitY = Twips::perDevicePixelY(*this);
+  surfaceLeft_ = (innerWidth() - width) / 2;
+  surfaceTop_ = (innerHeight() - height) / 2;
+  pctFore_->setPlace({surfaceLeft_ / unitX, surfaceTop_ / unitY},
+                     {Twips::nearest(width / unitX), Twips::nearest(height / unitY)});
+}
+
+void PENTOWINDOW::UserControl_Resize() {
+  fResizing_ = true;
+  const double unit = Twips::perPixel(*this);
+  if (!fGridSet_) {
+    centreSurface(innerWidth(), innerHeight());
+  } else {
+    // The height of a caption button is a number of pixels; it was always added as one of twips.
+    const double margin = 2.0 * basKelvoWinAPI::GetSystemMetrics(basKelvoWinAPI::SM_CYSIZE);
+    const int s = atlas_.tileWidth();
+    centreSurface(s * grid_->Width() * Twips::perDevicePixelX(*this) + margin,
+                  s * grid_->Height() * Twips::perDevicePixelY(*this) + margin);
+  }
+  fResizing_ = false;
+  txtKey_->move(Twips::nearest(surfaceLeft_ / unit),
+                Twips::nearest((innerHeight() + kKeyBoxBelow) / unit));
+  pctFore_Paint();
+}
+
+void PENTOWINDOW::resizeEvent(QResizeEvent*) {
+  UserControl_Resize();
+}

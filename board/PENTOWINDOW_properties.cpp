@@ -1,0 +1,105 @@
+#include "board/PENTOWINDOW.h"
+#include "platform/Twips.h"
+
+namespace {
+
+constexpr QSize kAtlasDesign(1515, 1275);  // twips
+constexpr double kDesignUnit = 15;         // twips per pixel of the design
+constexpr std::int16_t kSunken = 1;
+
+/// The box that takes the keys: focusable, never seen, and without the extras of a text field.
+QLineEdit* makeKeyBox(QWidget* parent) {
+  auto* box = new QLineEdit(parent);
+  box->setObjectName("txtKey");
+  box->setAccessibleName("Mirror the piece");
+  box->setContextMenuPolicy(Qt::NoContextMenu);
+  box->setAcceptDrops(false);
+  return box;
+}
+
+}  // namespace
+
+PENTOWINDOW::PENTOWINDOW(QWidget* parent)
+    : PointerSurface(parent),
+      pctFore_(new PictureBox(this)),
+      txtKey_(makeKeyBox(this)),
+      atlas_(Twips::nearest(kAtlasDesign.width() / kDesignUnit),
+             Twips::nearest(kAtlasDesign.height() / kDesignUnit)) {
+  pctFore_->setObjectName("pctFore");
+  pctFore_->Paint = [this] { pctFore_Paint(); };
+  pctFore_->MouseMove = [this](double x, double y) { pctFore_MouseMove(x, y); };
+  pctFore_->MouseDown = [this](Button b, double x, double y) { pctFore_MouseDown(b, x, y); };
+  pctFore_->DblClick = [this](Button) { pctFore_DblClick(); };
+  QObject::connect(txtKey_, &QLineEdit::textChanged, this, [this] { txtKey_Change(); });
+  setFocusProxy(txtKey_);
+  tmrHideFloat_.setTimerType(Qt::PreciseTimer);
+  QObject::connect(&tmrHideFloat_, &QTimer::timeout, this, [this] {
+    TrackCursor();
+    choosePace();
+  });
+}
+
+void PENTOWINDOW::ReadProperties(const PropertyBag& bag) {
+  BlockTexture(bag.ReadProperty("BlockTexture", QImage()));
+  BackTexture(bag.ReadProperty("BackTexture", QImage()));
+  Redraw = true;
+  BorderStyle(bag.ReadProperty("BorderStyle", kSunken));
+  Pickup(bag.ReadProperty("Pickup", true));
+  tmrHideFloat_.start(1);
+  DisplayHint(bag.ReadProperty("DisplayHint", false));
+}
+
+void PENTOWINDOW::WriteProperties(PropertyBag& bag) const {
+  bag.WriteProperty("BlockTexture", BlockTexture(), QImage());
+  bag.WriteProperty("BackTexture", BackTexture(), QImage());
+  bag.WriteProperty("BorderStyle", BorderStyle(), kSunken);
+  bag.WriteProperty("Pickup", Pickup(), true);
+  bag.WriteProperty("DisplayHint", DisplayHint(), false);
+}
+
+void PENTOWINDOW::InitProperties() {
+  Pickup(true);
+  DisplayHint(false);
+}
+
+void PENTOWINDOW::BlockTexture(const QImage& picture) {
+  atlas_.showUnscaled(picture);
+}
+
+void PENTOWINDOW::BackTexture(const QImage& picture) {
+  composition_.background(picture);
+  pctFore_Paint();
+}
+
+void PENTOWINDOW::Grid(PENTOGRID* grid) {
+  grid_ = grid;
+  fGridSet_ = true;
+}
+
+std::int16_t PENTOWINDOW::EmptyCount() const {
+  int count = 0;
+  for (int x = 0; x < grid_->Width(); ++x)
+    for (int y = 0; y < grid_->Height(); ++y)
+      if (grid_->PentoID(x, y) == PENTOGRID::kEmpty) ++count;
+  return static_cast<std::int16_t>(count);
+}
+
+void PENTOWINDOW::MoveLeft() {
+  grid_->MoveLeft();
+  PaintAll();
+}
+
+void PENTOWINDOW::MoveRight() {
+  grid_->MoveRight();
+  PaintAll();
+}
+
+void PENTOWINDOW::MoveUp() {
+  grid_->MoveUp();
+  PaintAll();
+}
+
+void PENTOWINDOW::MoveDown() {
+  grid_->MoveDown();
+  PaintAll();
+}

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QImage>
+#include <filesystem>
+
+#include "platform/Surface.h"
+
+/// The sixteen textures at the current tile size: 4 x 4 squares, texture t in column t mod 4 and
+/// row t div 4. 0 to 11 belong to the piece types, 12 is the empty cell, 13 to 15 are spare.
+///
+/// Units:  device pixels; a tile's edge is tileWidth().
+class TextureAtlas {
+ public:
+  static constexpr int kColumns = 4;
+  static constexpr int kTextures = 16;
+  static constexpr int kEmptyCell = 12;
+
+  /// A plain atlas of the given width and height; the tile is a quarter of the width, rounded.
+  TextureAtlas(int width, int height);
+
+  /// Reads a texture file and scales it, without blending, to tiles of `tile` pixels.
+  /// Errors: std::runtime_error when the file cannot be read as a picture; the tile size has
+  /// changed
+  ///         by then and the atlas is plain.
+  void load(const std::filesystem::path& file, int tile);
+
+  /// Shows a picture unscaled in an atlas that keeps its size; the tile becomes a quarter of its
+  /// width. A null picture leaves it plain.
+  void showUnscaled(const QImage& picture);
+
+  int tileWidth() const { return tile_; }
+  /// What the atlas shows; null while it is plain.
+  QImage picture() const { return plain_ ? QImage() : atlas_.view().copy(); }
+  static bool contains(int texture) { return texture >= 0 && texture < kTextures; }
+
+  /// Copies a texture to (x, y), clipped to the target. A number that is no texture copies nothing.
+  void copyTile(int texture, Surface& to, int x, int y) const;
+
+ private:
+  Surface atlas_;
+  int tile_ = 0;
+  bool plain_ = true;
+};
+
+/// The program's texture file for a screen of that many bits per pixel.
+std::filesystem::path textureFile(int colorDepth);

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QWidget>
+#include <cstdint>
+
+/// The platform's functions by the names under which desktop programmers know them. Screen
+/// positions are in device pixels of the screen that shows the given widget.
+namespace basKelvoWinAPI {
+
+struct POINT {
+  std::int32_t x, y;
+  bool operator==(const POINT&) const = default;
+};
+
+struct RECT {
+  std::int32_t left, top, right, bottom;  ///< right and bottom are the first pixels outside
+};
+
+inline constexpr int SM_CYSIZE = 31;  ///< height of a caption button, device pixels
+inline constexpr int BITSPIXEL = 12;  ///< bits per pixel
+
+POINT GetCursorPos(const QWidget& context);
+/// Best effort: some display servers do not let programs place the cursor.
+void SetCursorPos(int x, int y, const QWidget& context);
+RECT GetWindowRect(const QWidget& widget);
+/// The window that the user is working in, or null.
+QWidget* GetActiveWindow();
+/// Knows SM_CYSIZE; 0 for any other index.
+int GetSystemMetrics(int index);
+/// Knows BITSPIXEL; 0 for any other index.
+int GetDeviceCaps(const QWidget& window, int index);
+
+}  // namespace basKelvoWinAPI
