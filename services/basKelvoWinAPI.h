@@ -2,6 +2,7 @@
 
 #include <QWidget>
 #include <cstdint>
+#include <filesystem>
 
 /// The platform's functions by the names under which desktop programmers know them. Screen
 /// positions are in device pixels of the screen that shows the given widget.
@@ -29,5 +30,8 @@ QWidget* GetActiveWindow();
 int GetSystemMetrics(int index);
 /// Knows BITSPIXEL; 0 for any other index.
 int GetDeviceCaps(const QWidget& window, int index);
+
+/// The system's program-files folder: two levels above the installation folder.
+std::filesystem::path GetProgramFilesDir();
 
 }  // namespace basKelvoWinAPI

@@ -1,0 +1,81 @@
+#include "platform/TunePlayer.h"
+
+#include <QElapsedTimer>
+#include <QTimer>
+#include <optional>
+
+#include "platform/TuneFile.h"
+
+namespace {
+
+/// Keeps a tune's time with a timer of the user interface; the sound goes beside it and is never
+/// waited for or asked, so no device and no thread can hold the program up.
+class SequencerPlayer : public TunePlayer {
+ public:
+  SequencerPlayer() {
+    end_.setSingleShot(true);
+    end_.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&end_, &QTimer::timeout, &end_, [this] { ended(); });
+  }
+
+  void Command(std::string_view command) override {
+    if (command == "Open") open();
+    if (command == "Close") close();
+    if (command == "Play") play();
+    if (command == "Stop") stop();
+    if (command == "Back") back();
+  }
+
+  int Mode() const override {
+    if (!tune_) return kNotOpen;
+    return end_.isActive() ? kPlaying : kStopped;
+  }
+
+ private:
+  void open() {
+    if (tune_ || DeviceType != "Sequencer") return;
+    tune_ = readTune(FileName);
+    played_ = {};
+  }
+
+  void close() {
+    stop();
+    tune_.reset();
+  }
+
+  void play() {
+    if (Mode() != kStopped) return;
+    if (played_ >= tune_->length) played_ = {};
+    running_.start();
+    end_.start(tune_->length - played_);
+  }
+
+  void stop() {
+    if (Mode() != kPlaying) return;
+    end_.stop();
+    played_ += std::chrono::milliseconds(running_.elapsed());
+  }
+
+  void back() {
+    const bool playing = Mode() == kPlaying;
+    stop();
+    played_ = {};
+    if (playing) play();
+  }
+
+  void ended() {
+    played_ = tune_->length;
+    if (Done) Done();
+  }
+
+  std::optional<Tune> tune_;
+  std::chrono::milliseconds played_{0};  ///< of the tune, up to its last start
+  QElapsedTimer running_;                ///< since its last start
+  QTimer end_;                           ///< active while the tune plays
+};
+
+}  // namespace
+
+std::unique_ptr<TunePlayer> makeTunePlayer() {
+  return std::make_unique<SequencerPlayer>();
+}

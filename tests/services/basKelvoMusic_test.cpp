@@ -1,0 +1,303 @@
+#include "services/basKelvoMusic.h"
+
+#include <gtest/gtest.h>
+
+#include <QTemporaryDir>
+#include <QTimer>
+#include <fstream>
+#include <map>
+#include <set>
+
+#include "platform/PendingEvents.h"
+#include "platform/Program.h"
+#include "platform/Settings.h"
+#include "platform/TunePlayer.h"
+
+namespace fs = std::filesystem;
+namespace music = basKelvoMusic;
+using Log = std::vector<std::string>;
+
+namespace {
+
+/// Writes down what it is told, with its name in front, and pretends to play.
+class RecordingPlayer : public TunePlayer {
+ public:
+  RecordingPlayer(std::string name, Log& log) : name_(std::move(name)), log_(log) {}
+
+  void Command(std::string_view command) override {
+    const std::string file = command == "Open" ? " " + FileName.filename().string() : "";
+    log_.push_back(name_ + " " + std::string(command) + file);
+    if (command == "Open")
+      mode = FileName.empty() || DeviceType != "Sequencer" ? kNotOpen : kStopped;
+    if (command == "Close") mode = kNotOpen;
+    if (command == "Play") mode = kPlaying;
+    if (command == "Stop" && mode == kPlaying) mode = kStopped;
+  }
+  int Mode() const override { return mode; }
+
+  int mode = kNotOpen;
+
+ private:
+  std::string name_;
+  Log& log_;
+};
+
+class Music : public ::testing::Test {
+ protected:
+  Music() {
+    music::Reset();
+    Settings::useFile((root_ / "settings.ini").string());
+    const fs::path installed = root_ / "Kelvo Software" / "Quinzolith";
+    fs::create_directories(installed);
+    Program::setInstallationFolder(installed);
+    Program::Random = [this] { return random; };
+  }
+  ~Music() override {
+    music::Reset();
+    Settings::useFile({});
+    Program::setInstallationFolder({});
+    Program::Random = usual_;
+  }
+
+  fs::path tunes() const { return root_ / "Kelvo Software" / "Common Files" / "MIDI"; }
+  fs::path add(const std::string& set, const std::string& name) {
+    fs::create_directories(tunes() / set);
+    std::ofstream(tunes() / set / name) << "tune";
+    return tunes() / set / name;
+  }
+  /// One wrong tune, one song, two correct tunes c0 and c1, in this order.
+  void addTunes() {
+    music::WrongFiles = {add("Wrong", "w"), {}};
+    music::SongFiles = {add("Song", "s"), {}};
+    music::CorrectFiles = {add("Correct", "c0"), add("Correct", "c1"), {}};
+    random = 0.99;
+  }
+  /// Bound, sound on, nothing open: as after the first InitSound of a run.
+  void initOn() {
+    addTunes();
+    music::InitSound(correct, wrong, song);
+    ASSERT_TRUE(music::SoundOn());
+    log.clear();
+  }
+  static std::string stored() {
+    return Settings::get(Settings::application(), "Sound", "Status", "nothing");
+  }
+  static void store(const std::string& text) {
+    Settings::save(Settings::application(), "Sound", "Status", text);
+  }
+
+  Log log;
+  RecordingPlayer correct{"correct", log}, wrong{"wrong", log}, song{"song", log};
+  double random = 0;
+
+ private:
+  QTemporaryDir folder_;
+  fs::path root_ = folder_.path().toStdString();
+  std::function<double()> usual_ = Program::Random;
+};
+
+std::set<fs::path> listed(const std::vector<fs::path>& files) {
+  return {files.begin(), files.end() - 1};
+}
+
+TEST_F(Music, ListsHoldTheOrdinaryFilesOfEachFolderAndAnEmptyLastSlot) {
+  const fs::path one = add("Wrong", "one.mid"), two = add("Wrong", "two"),
+                 tune = add("Song", "ü.txt");
+  add("Wrong", ".hidden.mid");
+  fs::create_directories(tunes() / "Wrong" / "folder.mid");
+  music::LoadSoundLists();
+  EXPECT_EQ(listed(music::WrongFiles), (std::set<fs::path>{one, two}));
+  EXPECT_EQ(music::WrongFiles.back(), fs::path());
+  EXPECT_EQ(music::SongFiles, (std::vector<fs::path>{tune, {}}));
+  EXPECT_EQ(music::CorrectFiles, std::vector<fs::path>(1)) << "a missing folder is an empty list";
+}
+
+TEST_F(Music, AnErrorWhileListingEndsItAndKeepsTheListsSoFar) {
+  const fs::path kept = add("Correct", "kept.mid");
+  add("Song", "song.mid");
+  fs::create_directory_symlink("Wrong", tunes() / "Wrong");  // leads to itself
+  music::LoadSoundLists();
+  EXPECT_EQ(music::CorrectFiles.front(), kept);
+  EXPECT_EQ(music::WrongFiles, std::vector<fs::path>(1));
+  EXPECT_EQ(music::SongFiles, std::vector<fs::path>(1));
+}
+
+TEST_F(Music, TheFirstInitOpensNothingAndASecondWithSoundOnOpensThree) {
+  addTunes();
+  music::InitSound(correct, wrong, song);
+  EXPECT_EQ(log, Log{});
+  EXPECT_EQ(stored(), "True");
+  music::CloseSound();
+  log.clear();
+  music::InitSound(correct, wrong, song);
+  EXPECT_EQ(log, (Log{"correct Close", "correct Open c1", "wrong Close", "wrong Open w",
+                      "song Close", "song Open s"}));
+}
+
+TEST_F(Music, TheSwitchIsReadAsABooleanAndWrittenBackAtEachInit) {
+  const std::map<std::string, bool> texts = {
+      {"True", true},   {"fALSE", false}, {"false", false}, {"0", false},  {" 0.0 ", false},
+      {"-1", true},     {"+2", true},     {"1e-3", true},   {"", true},    {"off", true},
+      {"False!", true}, {"nan", true},    {"1e999", true},  {"+-0", true}, {"0 0", true}};
+  for (const auto& [text, on] : texts) {
+    store(text);
+    music::InitSound(correct, wrong, song);
+    EXPECT_EQ(music::SoundOn(), on) << text;
+    EXPECT_EQ(stored(), on ? "True" : "False") << text;
+    music::Reset();
+  }
+}
+
+TEST_F(Music, WithSoundOffNothingIsEvenOpened) {
+  store("False");
+  addTunes();
+  music::InitSound(correct, wrong, song);
+  log.clear();
+  music::PlayWrong();
+  music::PlaySong();
+  EXPECT_EQ(log, Log{});
+}
+
+TEST_F(Music, AWrongTuneIsOpenedPlayedAndACorrectOnePrepared) {
+  initOn();
+  music::fWrongDone = music::fCorrectDone = true;
+  music::PlayWrong();
+  EXPECT_EQ(log, (Log{"wrong Close", "wrong Open w", "song Close", "correct Close", "wrong Play",
+                      "correct Close", "correct Open c1"}));
+  EXPECT_FALSE(music::fWrongDone);
+  EXPECT_FALSE(music::fCorrectDone);
+}
+
+TEST_F(Music, AWrongTuneThatStillPlaysIsNeitherRestartedNorInterrupted) {
+  initOn();
+  music::PlayWrong();
+  log.clear();
+  music::PlayWrong();
+  EXPECT_EQ(log, (Log{"song Close"})) << "the song player is closed once more, nothing else";
+}
+
+TEST_F(Music, AFinishedTuneIsReplacedAndAnOpenOneJustPlayed) {
+  initOn();
+  music::PlayWrong();
+  wrong.mode = TunePlayer::kStopped;
+  music::fWrongDone = true;
+  log.clear();
+  music::PlayWrong();
+  EXPECT_EQ(log.at(1), "wrong Open w");
+  wrong.mode = TunePlayer::kStopped;  // stopped half-way: not done
+  log.clear();
+  music::PlayWrong();
+  EXPECT_EQ(log.at(1), "wrong Play");
+}
+
+TEST_F(Music, ASongCutsOffTheWrongTuneAndPreparesTheOthers) {
+  initOn();
+  music::PlayWrong();
+  music::fSongDone = true;
+  log.clear();
+  music::PlaySong();
+  EXPECT_EQ(log, (Log{"song Close", "song Open s", "wrong Close", "song Play", "correct Close",
+                      "correct Open c0", "wrong Close", "wrong Open w"}));
+  EXPECT_FALSE(music::fSongDone);
+  log.clear();
+  music::PlayWrong();
+  EXPECT_EQ(log, (Log{"song Close", "wrong Play", "correct Close", "correct Open c1"}));
+}
+
+TEST_F(Music, SwitchingOffStopsAndRewindsAllAndSwitchingOnPlaysNothing) {
+  initOn();
+  music::SetSound(false);
+  EXPECT_EQ(log, (Log{"correct Stop", "correct Back", "wrong Stop", "wrong Back", "song Stop",
+                      "song Back"}));
+  EXPECT_EQ(stored(), "False");
+  log.clear();
+  music::SetSound(true);
+  EXPECT_EQ(log, Log{});
+  EXPECT_EQ(stored(), "True");
+}
+
+TEST_F(Music, AnEmptyListOpensTheEmptyNameAndPlaysNothing) {
+  music::InitSound(correct, wrong, song);
+  music::PlayWrong();
+  music::PlaySong();
+  EXPECT_EQ(log, (Log{"wrong Close", "wrong Open ", "song Close", "correct Close",  //
+                      "song Close", "song Open ", "correct Close", "wrong Close"}));
+  EXPECT_EQ(wrong.Mode(), TunePlayer::kNotOpen);
+}
+
+TEST_F(Music, DrawsReachEveryTuneAndNoOtherSlot) {
+  for (int i = 0; i < 5; ++i) add("Wrong", std::to_string(i));
+  music::LoadSoundLists();
+  music::InitSound(correct, wrong, song);
+  for (int i = 0; i < 5; ++i) {
+    for (const double part : {0.0, 0.1999}) {
+      random = i / 5.0 + part;
+      music::fWrongDone = true;
+      music::PlayWrong();
+      EXPECT_EQ(wrong.FileName, music::WrongFiles.at(static_cast<std::size_t>(i)));
+      wrong.mode = TunePlayer::kStopped;
+    }
+  }
+}
+
+TEST_F(Music, CorrectTunesNeverComeTwiceInARowAndTheFirstIsNeverTheFirst) {
+  initOn();
+  Program::Random = [flip = 0]() mutable { return flip++ % 3 == 0 ? 0.2 : 0.7; };
+  for (int i = 0; i < 6; ++i) {
+    music::PlayWrong();
+    EXPECT_EQ(correct.FileName.filename(), i % 2 == 0 ? "c1" : "c0");
+    wrong.mode = TunePlayer::kStopped;
+  }
+  Program::Random = [] { return 0.7; };  // a generator that is stuck does not stop the game
+  for (int i = 0; i < 2; ++i) {
+    music::PlayWrong();
+    EXPECT_EQ(correct.FileName.filename(), i % 2 == 0 ? "c1" : "c0");
+    wrong.mode = TunePlayer::kStopped;
+  }
+}
+
+TEST_F(Music, TheOnlyCorrectTuneIsTakenAgainAndAgain) {
+  initOn();
+  music::CorrectFiles = {"only", {}};
+  for (int i = 0; i < 2; ++i) {
+    music::PlayWrong();
+    EXPECT_EQ(correct.FileName, "only");
+    wrong.mode = TunePlayer::kStopped;
+  }
+}
+
+TEST_F(Music, ClosingClosesInOrderOnceAndLeavesNothingToPlayOn) {
+  initOn();
+  music::CloseSound();
+  EXPECT_EQ(log, (Log{"correct Close", "wrong Close", "song Close"}));
+  log.clear();
+  music::CloseSound();
+  music::PlayWrong();
+  music::PlaySong();
+  music::SetSound(false);
+  EXPECT_EQ(log, Log{});
+  EXPECT_EQ(stored(), "False");
+}
+
+/// The window may close while a drop or a close processes pending events.
+TEST_F(Music, AWindowThatClosesInTheMiddleOfASongIsNotTouchedAgain) {
+  initOn();
+  int depth = 0;
+  QTimer::singleShot(0, [&] {
+    depth = NestedLoop::depth();
+    music::CloseSound();
+  });
+  music::PlaySong();
+  EXPECT_EQ(depth, 1) << "preparing a correct tune processes pending events";
+  EXPECT_EQ(log.back(), "song Close") << "nothing was opened after the close";
+
+  bool processed = false;
+  QTimer::singleShot(0, [&] {
+    processed = true;
+    music::CloseSound();
+  });
+  music::CloseSound();
+  EXPECT_TRUE(processed);
+}
+
+}  // namespace
