@@ -3,6 +3,8 @@
 #include <QWidget>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
+#include <string>
 
 /// The platform's functions by the names under which desktop programmers know them. Screen
 /// positions are in device pixels of the screen that shows the given widget.
@@ -33,5 +35,13 @@ int GetDeviceCaps(const QWidget& window, int index);
 
 /// The system's program-files folder: two levels above the installation folder.
 std::filesystem::path GetProgramFilesDir();
+
+/// Opens a web or a mail address, given as raw, unencoded text. Knows the verb "open", takes no
+/// parameters and no folder; the show command is the opened program's own business. A result of 32
+/// or less means failure. A test puts its own function here.
+extern std::function<int(QWidget* hwnd, const std::string& lpOperation, const std::string& lpFile,
+                         const std::string& lpParameters, const std::string& lpDirectory,
+                         int nShowCmd)>
+    ShellExecuteA;
 
 }  // namespace basKelvoWinAPI

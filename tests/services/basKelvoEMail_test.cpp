@@ -1,0 +1,116 @@
+// The links and the help calls: what the shell and the viewer are handed, and what a refusal shows.
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QMessageBox>
+#include <QTimer>
+#include <vector>
+
+#include "platform/HelpProcess.h"
+#include "platform/Program.h"
+#include "services/basHTMLHelp.h"
+#include "services/basKelvoEMail.h"
+#include "services/basKelvoWinAPI.h"
+
+using namespace basKelvoEMail;
+
+namespace {
+
+struct Call {
+  std::string operation, file, parameters, folder;
+  int show;
+  bool operator==(const Call&) const = default;
+};
+
+/// A shell that answers each call with the same result, and the link messages that followed.
+class LinksTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    basKelvoWinAPI::ShellExecuteA = [this](QWidget* hwnd, const std::string& operation,
+                                           const std::string& file, const std::string& parameters,
+                                           const std::string& folder, int show) {
+      EXPECT_EQ(hwnd, nullptr);
+      calls.push_back({operation, file, parameters, folder, show});
+      if (result <= 32) answerNextMessage();
+      return result;
+    };
+  }
+  void TearDown() override { basKelvoWinAPI::ShellExecuteA = real; }
+
+  void answerNextMessage() {
+    QTimer::singleShot(0, &context, [this] {
+      auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+      if (!box) return answerNextMessage();
+      EXPECT_EQ(box->icon(), QMessageBox::Warning);
+      EXPECT_EQ(box->windowTitle(), "Quinzolith");
+      EXPECT_EQ(box->standardButtons(), QMessageBox::Ok);
+      messages.push_back(box->text().toStdString());
+      box->button(QMessageBox::Ok)->click();
+    });
+  }
+
+  const decltype(basKelvoWinAPI::ShellExecuteA) real = basKelvoWinAPI::ShellExecuteA;
+  QObject context;
+  int result = 33;
+  std::vector<Call> calls;
+  std::vector<std::string> messages;
+};
+
+TEST_F(LinksTest, TheShellGetsRawTexts) {
+  VisitWebSite();
+  SendSupportMail();
+  MailTo("MailTo:a b@c.example", "two words & more", "100 % <raw>");
+  MailTo("someone@c.example", "", "only a body");
+  MailTo("mail", "", "");
+  const std::vector<Call> expected{
+      {"open", kWebSite, "", "", 1},
+      {"open", std::string("mailto:") + kSupportAddress + "?subject=Quinzolith 1.1.7", "", "", 5},
+      {"open", "MailTo:a b@c.example?subject=two words & more&body=100 % <raw>", "", "", 5},
+      {"open", "mailto:someone@c.example?body=only a body", "", "", 5},
+      {"open", "mailto:mail", "", "", 5}};
+  EXPECT_EQ(calls, expected);
+  EXPECT_TRUE(messages.empty());
+}
+
+TEST_F(LinksTest, AResultUpTo32ShowsTheLinkMessage) {
+  for (const int refusal : {32, 2, 0, -1}) {
+    result = refusal;
+    VisitWebSite();
+    SendSupportMail();
+  }
+  ASSERT_EQ(messages.size(), 8U);
+  for (const std::string& message : messages) EXPECT_EQ(message, messages.front());
+  const std::string beginning =
+      "Quinzolith was unable to perform the requested function.\n"
+      "You can contact Kelvo Software on the web at: \n"
+      "      https://www.quinzolith.example.\n"
+      "\n"
+      "Or you can write to us at:\n"
+      "      Kelvo Software\n"
+      "      ";
+  EXPECT_EQ(messages.front().substr(0, beginning.size()), beginning);
+  const std::string postal = messages.front().substr(beginning.size());
+  ASSERT_NE(postal.find("\n      "), std::string::npos) << "a second line of the postal address";
+  EXPECT_NE(postal.back(), '\n');
+}
+
+TEST(HtmlHelp, TheViewerGetsTheFileAndATopicOnlyWhenAskedForOne) {
+  const auto real = HelpProcess::Start;
+  std::vector<QStringList> started;
+  HelpProcess::Start = [&](const QString& program, const QStringList& arguments) {
+    started.push_back(QStringList{program} + arguments);
+    return false;  // a viewer that cannot be started makes no noise
+  };
+  Program::setInstallationFolder("/games/my folder");
+  using namespace basHTMLHelp;
+  HtmlHelpA(nullptr, "/games/my folder/Quinzolith.chm", HH_DISPLAY_TOPIC, 0);
+  HtmlHelpA(nullptr, "/games/my folder/Quinzolith.chm", HH_HELP_CONTEXT, 1200);
+  Program::setInstallationFolder({});
+  HelpProcess::Start = real;
+  const QString viewer = "/games/my folder/quinzolith-help";
+  const QString file = "/games/my folder/Quinzolith.chm";
+  EXPECT_EQ(started, (std::vector<QStringList>{{viewer, file}, {viewer, file, "1200"}}));
+}
+
+}  // namespace
