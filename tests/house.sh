@@ -22,6 +22,7 @@ allow play 'play|board|model|platform|services|solver'
 allow edit 'edit|board|model|platform|services|solver'
 allow viewer 'viewer|platform'
 allow tools 'tools|model|solver|platform'
+allow tour 'tour|model|platform|board'
 
 if grep -nE '#include <(Q|q|fluid|mspack|X11|xcb)' model/*.h model/*.cpp solver/*.h solver/*.cpp 2>/dev/null; then
   echo 'model/ and solver/ use no toolkit.'

@@ -1,0 +1,37 @@
+#include <QApplication>
+#include <QIcon>
+
+#include "Wiring.h"
+#include "platform/PendingEvents.h"
+
+namespace {
+
+/// Placing the cursor is possible under X11 only, so it comes first where both are there.
+void preferX11() {
+  const bool chosen = !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+  if (!chosen && !qEnvironmentVariableIsEmpty("DISPLAY")) qputenv("QT_QPA_PLATFORM", "xcb");
+}
+
+QIcon programIcon() {
+  QIcon icon;
+  for (int size : {16, 22, 24, 32, 48, 64, 128, 256})
+    icon.addFile(QString(":/pictures/quinzolith-%1.png").arg(size), QSize(size, size));
+  return icon;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  preferX11();
+  QApplication application(argc, argv);
+  QApplication::setQuitOnLastWindowClosed(false);
+  QApplication::setDesktopFileName("quinzolith");
+  QApplication::setWindowIcon(programIcon());
+
+  Wiring program;
+  program.start();
+  if (Form::Count() == 0) return 1;
+  const int code = QApplication::exec();
+  finishFirstLevelWork();
+  return code;
+}

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+
+/// The standard puzzles: the one list that chooser, tests and tools read.
+namespace Catalogue {
+
+/// The chooser's tabs, which are levels of difficulty.
+enum Tab { kNovice = 0, kEasy = 1, kIntermediate = 2, kExpert = 3 };
+
+struct Entry {
+  Tab tab;
+  std::string_view key;    ///< stem of the puzzle file; may hold blanks and "#"
+  std::string_view title;  ///< shown under the icon
+  std::string_view icon;   ///< stem of the icon's file
+};
+
+/// All 36, in the order in which the chooser shows them.
+std::span<const Entry> entries();
+
+}  // namespace Catalogue

@@ -1,0 +1,88 @@
+#include "play/Option.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QStyleOptionFocusRect>
+
+#include "platform/Form.h"
+#include "platform/Twips.h"
+
+namespace {
+
+constexpr int kLabelMargin = 2;
+constexpr QPoint kPointerHotSpot(9, 3);
+
+const QCursor& optionPointer() {
+  static const QCursor pointer(QPixmap(":/pictures/pointer.png"), kPointerHotSpot.x(),
+                               kPointerHotSpot.y());
+  return pointer;
+}
+
+QString capitalized(const QString& name) {
+  return name.left(1).toUpper() + name.mid(1);
+}
+
+}  // namespace
+
+Option::Option(QWidget* parent, const QString& name, const QString& caption, const QString& hint)
+    : QAbstractButton(parent),
+      picture_(":/pictures/option-" + name + ".png"),
+      label_(new QLabel(caption, parent)) {
+  setObjectName("img" + capitalized(name));
+  label_->setObjectName("lbl" + capitalized(name));
+  label_->setFont(Form::ControlFont());
+  label_->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+  label_->setWordWrap(true);
+  label_->installEventFilter(this);
+  setAccessibleName(caption);
+  setToolTip(hint);
+  label_->setToolTip(hint);
+  setCursor(optionPointer());
+  label_->setCursor(optionPointer());
+  setFocusPolicy(Qt::TabFocus);
+}
+
+void Option::placePicture(double left, double top) {
+  const double unit = Twips::perPixel(*this);
+  setGeometry(Twips::nearest(left / unit), Twips::nearest(top / unit), kSize, kSize);
+}
+
+void Option::placeLabel(double left, double top, double width, double height) {
+  Twips::place(*label_, left, top, width, height);
+}
+
+void Option::centreLabel(double top) {
+  label_->setWordWrap(false);
+  const QSize size = label_->sizeHint() + QSize(2 * kLabelMargin, 0);
+  label_->setGeometry(x() + width() / 2 - size.width() / 2,
+                      Twips::nearest(top / Twips::perPixel(*this)), size.width(), size.height());
+}
+
+void Option::caption(const QString& text) {
+  label_->setText(text);
+  setAccessibleName(text);
+}
+
+void Option::showOption(bool shown) {
+  setVisible(shown);
+  label_->setVisible(shown);
+}
+
+void Option::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.drawPixmap(rect(), picture_);
+  if (!hasFocus()) return;
+  QPen pen(palette().color(QPalette::Highlight), 2);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(pen);
+  painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 4, 4);
+}
+
+bool Option::eventFilter(QObject* object, QEvent* event) {
+  if (object == label_ && event->type() == QEvent::MouseButtonRelease) {
+    const auto* release = static_cast<QMouseEvent*>(event);
+    if (release->button() == Qt::LeftButton && label_->rect().contains(release->pos())) click();
+    return true;
+  }
+  return QAbstractButton::eventFilter(object, event);
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QLabel>
+#include <functional>
+
+/// A way on that a window offers: a picture of 32 x 32 with a label below it. A click on either
+/// chooses it; the picture takes the focus by Tab, shows it, and answers the space bar.
+class Option : public QAbstractButton {
+ public:
+  /// `name` names the picture's file and the controls: "play" gives option-play.png, imgPlay and
+  /// lblPlay.
+  Option(QWidget* parent, const QString& name, const QString& caption, const QString& hint);
+
+  /// Design positions in twips. The label is given its own place, or centred under the picture.
+  void placePicture(double left, double top);
+  void placeLabel(double left, double top, double width, double height);
+  void centreLabel(double top);
+
+  void caption(const QString& text);  ///< of the label; its place is not changed
+  void showOption(bool shown);
+  QLabel* label() const { return label_; }
+
+  static constexpr int kSize = 32;  ///< logical pixels
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  bool eventFilter(QObject* object, QEvent* event) override;
+
+ private:
+  QPixmap picture_;
+  QLabel* label_;
+};

@@ -1,0 +1,95 @@
+#include "play/PuzzleTabs.h"
+
+#include <QProxyStyle>
+#include <QTabBar>
+
+#include "platform/Form.h"
+#include "platform/Twips.h"
+
+namespace {
+
+constexpr QRgb kMask = qRgb(192, 192, 192);
+constexpr QSize kIconSize(32, 32);
+constexpr QSize kEntrySize(72, 66);
+constexpr int kTabPadding =
+    12;  // on both sides together; the style's own is too wide for five tabs
+
+/// The desktop's tabs with less room beside their captions.
+class TightTabs : public QProxyStyle {
+ public:
+  int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                  const QWidget* widget) const override {
+    return metric == PM_TabBarTabHSpace ? kTabPadding
+                                        : QProxyStyle::pixelMetric(metric, option, widget);
+  }
+};
+
+QPixmap masked(const QString& file) {
+  QImage picture(file);
+  if (picture.isNull()) return {};
+  picture = picture.convertToFormat(QImage::Format_ARGB32);
+  for (int y = 0; y < picture.height(); ++y) {
+    auto* line = reinterpret_cast<QRgb*>(picture.scanLine(y));
+    for (int x = 0; x < picture.width(); ++x)
+      if (line[x] == kMask) line[x] = 0;
+  }
+  return QPixmap::fromImage(picture);
+}
+
+}  // namespace
+
+PuzzleTabs::PuzzleTabs(QWidget* parent) : QTabWidget(parent) {
+  setObjectName("tabGames");
+  setAccessibleName("Kinds of puzzles");
+  auto* style = new TightTabs;
+  style->setParent(this);
+  tabBar()->setStyle(style);
+  setFont(Form::ControlFont());
+  setUsesScrollButtons(false);
+  setElideMode(Qt::ElideNone);
+}
+
+void PuzzleTabs::place(QWidget* control, double left, double top, double width, double height) {
+  placed_.push_back({control, QRectF(left, top, width, height)});
+}
+
+void PuzzleTabs::resizeEvent(QResizeEvent* event) {
+  QTabWidget::resizeEvent(event);
+  placeAll();
+}
+
+void PuzzleTabs::showEvent(QShowEvent* event) {
+  QTabWidget::showEvent(event);
+  placeAll();
+}
+
+void PuzzleTabs::placeAll() {
+  for (const Placed& placed : placed_) {
+    const QPoint page = placed.control->parentWidget()->mapTo(this, QPoint(0, 0));
+    placed.control->setGeometry(Twips::toPixels(placed.twips, *this).translated(-page));
+  }
+}
+
+QListWidget* newPuzzleList(QWidget* parent, const QString& name) {
+  auto* list = new QListWidget(parent);
+  list->setObjectName(name);
+  list->setFont(Form::ControlFont());
+  list->setViewMode(QListView::IconMode);
+  list->setMovement(QListView::Static);
+  list->setResizeMode(QListView::Adjust);
+  list->setIconSize(kIconSize);
+  list->setGridSize(kEntrySize);
+  list->setWordWrap(true);
+  list->setTextElideMode(Qt::ElideRight);
+  list->setSelectionMode(QAbstractItemView::SingleSelection);
+  list->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  return list;
+}
+
+QIcon puzzleIcon(const QString& key) {
+  QIcon icon(masked(":/pictures/icons/" + key + ".png"));
+  QPixmap doubled = masked(":/pictures/icons/" + key + "@2x.png");
+  doubled.setDevicePixelRatio(2);
+  if (!doubled.isNull()) icon.addPixmap(doubled);
+  return icon;
+}

@@ -1,0 +1,83 @@
+#include "platform/Twips.h"
+#include "play/frmOpen.h"
+
+namespace {
+
+constexpr const char* kTabNames[] = {"Novice", "Easy", "Intermediate", "Expert", "Other"};
+
+Form::Design design() {
+  Form::Design d;
+  d.title = "Select Quinzolith Puzzle";
+  d.border = Form::Border::FixedDialog;
+  d.client = QSizeF(5412, 3960);
+  d.back = QColor(228, 228, 240);
+  return d;
+}
+
+void addLine(QWidget* parent, double x, QPalette::ColorRole role) {
+  auto* line = new QWidget(parent);
+  line->setAutoFillBackground(true);
+  line->setBackgroundRole(role);
+  Twips::place(*line, x, 0, 15, 3960);
+}
+
+}  // namespace
+
+frmOpen::frmOpen(PlayWindows& windows) : Form(design()), windows_(windows) {}
+
+void frmOpen::BuildControls() {
+  buildTabs();
+  addLine(Client(), 3960, QPalette::Dark);
+  addLine(Client(), 3972, QPalette::Light);
+  buildButtons();
+}
+
+void frmOpen::buildTabs() {
+  tabGames_ = new PuzzleTabs(Client());
+  for (int tab = 0; tab < kTabs; ++tab) {
+    auto* page = new QWidget;
+    QListWidget* list = newPuzzleList(page, QString("lvwPuzzles%1").arg(tab));
+    list->setAccessibleName(QString("%1 puzzles").arg(kTabNames[tab]));
+    QObject::connect(list, &QListWidget::itemDoubleClicked, list, [this] { cmdOk_Click(); });
+    lvwPuzzles_.at(static_cast<std::size_t>(tab)) = list;
+    if (tab == kOther) {
+      auto* cmdCreate = new QPushButton("Create puzzles", page);
+      cmdCreate->setObjectName("cmdCreate");
+      cmdCreate->setFont(ControlFont());
+      cmdCreate->setAutoDefault(false);
+      QObject::connect(cmdCreate, &QPushButton::clicked, cmdCreate, [this] { cmdCreate_Click(); });
+      tabGames_->place(cmdCreate, 60, 420, 3612, 372);
+      tabGames_->place(list, 60, 840, 3612, 2952);
+    } else {
+      tabGames_->place(list, 60, 360, 3612, 3432);
+    }
+    tabGames_->addTab(page, kTabNames[tab]);
+  }
+  Twips::place(*tabGames_, 60, 60, 3740, 3852);
+}
+
+QPushButton* frmOpen::addButton(const char* name, const QString& caption, double top,
+                                void (frmOpen::*action)()) {
+  auto* button = new QPushButton(caption, Client());
+  button->setObjectName(name);
+  button->setFont(ControlFont());
+  button->setAutoDefault(false);
+  Twips::place(*button, 4140, top, 1095, 375);
+  QObject::connect(button, &QPushButton::clicked, button, [this, action] { (this->*action)(); });
+  return button;
+}
+
+void frmOpen::buildButtons() {
+  cmdOk_ = addButton("cmdOk", "Ok", 60, &frmOpen::cmdOk_Click);
+  cmdOk_->setDefault(true);
+  addButton("cmdCancel", "Cancel", 540, &frmOpen::cmdCancel_Click);
+  addButton("cmdBrowse", "Browse", 1380, &frmOpen::cmdBrowse_Click);
+  chkEasy_ = new QCheckBox("Easy mode", Client());
+  chkEasy_->setObjectName("chkEasy");
+  chkEasy_->setFont(ControlFont());
+  chkEasy_->setToolTip("The pieces lie in the tray turned the right way");
+  Twips::place(*chkEasy_, 4140, 1980, 1275, 255);
+  QObject::connect(chkEasy_, &QCheckBox::clicked, chkEasy_,
+                   [this] { fEasyChecked_ = chkEasy_->isChecked(); });
+  addButton("cmdHelp", "Help", 3420, &frmOpen::cmdHelp_Click);
+}

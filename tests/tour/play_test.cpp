@@ -1,0 +1,133 @@
+// The whole game on a real X server, played with the real pointer.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QTemporaryDir>
+
+#include "model/basTiles.h"
+#include "platform/PendingEvents.h"
+#include "platform/Program.h"
+#include "platform/Settings.h"
+#include "play/basStartup.h"
+#include "tour/Hands.h"
+
+namespace {
+
+class Tour : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    Settings::useFile(settings_.filePath("settings.ini").toStdString());
+    Program::setInstallationFolder(QUINZOLITH_TREE);
+    basStartup::fSplashDone = false;
+    program_.emplace();
+    program_->start();
+  }
+
+  void TearDown() override {
+    program_.reset();
+    finishFirstLevelWork();
+    EXPECT_EQ(Form::Count(), 0);
+  }
+
+  std::vector<PuzzleFormat::PieceRecord> rocket() const {
+    return Hands::solution(Program::installationFolder() / "puzzles" / "rocket.qzl");
+  }
+
+  /// From the splash window to the play window with the Rocket puzzle, in normal mode.
+  void startPlaying(Robot& robot, Hands& hands) {
+    hands.waitOpen(program_->splash);
+    robot.key("Return");
+    hands.waitOpen(program_->open);
+    robot.key("Escape");
+    hands.waitClosed(program_->open);
+    hands.waitOpen(program_->main);
+  }
+
+  QTemporaryDir settings_;
+  std::optional<Wiring> program_;
+};
+
+/// Lays the first piece on the background ring, which refuses it, and takes it along afterwards.
+void tryTheRing(Robot& robot, Wiring& program) {
+  bool refused = false;
+  const auto playWrong = Robot::onScreen([&] {
+    auto before = program.main.Grid->DropError;
+    program.main.Grid->DropError = [&refused, before] {
+      refused = true;
+      before();
+    };
+    return before;
+  });
+  robot.moveTo(Robot::onScreen([&] { return Hands::cell(*program.main.Grid, 0, 0); }));
+  robot.click();
+  robot.waitFor("the drop to be refused", [&] { return refused; });
+  Robot::onScreen([&] { program.main.Grid->DropError = playWrong; });
+  EXPECT_TRUE(Robot::onScreen([&] { return program.main.Grid->FloatingPento() != nullptr; }));
+}
+
+TEST_F(Tour, TheRocketIsSolvedClickByClickAndAgainWithTheButtonHeld) {
+  const std::string trouble = runScript([&](Robot& robot) {
+    Hands hands(robot, *program_);
+    startPlaying(robot, hands);
+    hands.solve(rocket(), Hands::Carrying::ClickByClick, [&](std::size_t laid) {
+      if (laid == 0) tryTheRing(robot, *program_);
+    });
+    hands.waitOpen(program_->finished);
+    EXPECT_EQ(Robot::onScreen([&] { return int{program_->main.Grid->EmptyCount()}; }), 0);
+
+    hands.clickOn(program_->finished, "imgRetry");
+    hands.waitClosed(program_->finished);
+    hands.waitOpen(program_->main);
+    EXPECT_EQ(Robot::onScreen(
+                  [&] { return program_->main.PentoPanel->Grid()->PentoCollection().Count(); }),
+              rocket().size());
+    hands.solve(rocket(), Hands::Carrying::ButtonHeld);
+    hands.waitOpen(program_->finished);
+    hands.clickOn(program_->finished, "imgQuit");
+    hands.waitClosed(program_->main);
+  });
+  EXPECT_EQ(trouble, "");
+}
+
+TEST_F(Tour, EasyModeFromTheChooserAndEachWayOnFromTheSolvedDialog) {
+  const std::string trouble = runScript([&](Robot& robot) {
+    Hands hands(robot, *program_);
+    hands.waitOpen(program_->splash);
+    hands.clickOn(program_->splash, "imgPlay");
+    hands.waitOpen(program_->open);
+    hands.clickOn(program_->open, "chkEasy");
+    hands.clickOn(program_->open, "cmdOk");
+    hands.waitClosed(program_->open);
+    hands.waitOpen(program_->main);
+    const auto pieces =
+        Robot::onScreen([] { return Hands::solution(basTiles::CurrentPuzzleFile); });
+    hands.solve(pieces, Hands::Carrying::ClickByClick);
+    hands.waitOpen(program_->finished);
+
+    hands.clickOn(program_->finished, "imgOpen");
+    hands.waitClosed(program_->finished);
+    hands.waitOpen(program_->open);
+    robot.key("Escape");
+    hands.waitClosed(program_->open);
+    hands.waitOpen(program_->main);
+    hands.solve(pieces, Hands::Carrying::ClickByClick);
+    hands.waitOpen(program_->finished);
+
+    hands.clickOn(program_->finished, "imgEdit");
+    hands.waitOpen(program_->edit);
+    EXPECT_FALSE(Robot::onScreen([&] { return program_->main.Loaded(); }));
+    hands.choose(program_->edit, "mnuFile", "mnuFileClose");
+    hands.waitClosed(program_->edit);
+  });
+  EXPECT_EQ(trouble, "");
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "xcb");
+  QApplication application(argc, argv);
+  QApplication::setQuitOnLastWindowClosed(false);
+  ::testing::InitGoogleTest(&argc, argv);
+  return RUN_ALL_TESTS();
+}

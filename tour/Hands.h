@@ -1,0 +1,47 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <vector>
+
+#include "Wiring.h"
+#include "model/PuzzleFormat.h"
+#include "tour/Robot.h"
+
+/// Playing with a Robot: finds the windows' controls on the screen and carries pieces to the places
+/// that a puzzle file names.
+class Hands {
+ public:
+  enum class Carrying { ClickByClick, ButtonHeld };
+
+  Hands(Robot& robot, Wiring& program) : robot_(robot), program_(program) {}
+
+  /// Clicks a control of a window by its object name.
+  void clickOn(Form& window, const QString& name);
+  /// Chooses a menu item by the object names of menu and item.
+  void choose(Form& window, const QString& menu, const QString& item);
+  void waitOpen(Form& window);
+  void waitClosed(Form& window);
+
+  /// The solution that a puzzle file holds.
+  static std::vector<PuzzleFormat::PieceRecord> solution(const std::filesystem::path& file);
+
+  /// Carries every piece from the tray to its place. `between` runs while a piece is in the air
+  /// between tray and board, with the number of pieces laid down.
+  void solve(const std::vector<PuzzleFormat::PieceRecord>& pieces, Carrying carrying,
+             const std::function<void(std::size_t)>& between = {});
+
+  /// Picks a piece of that type up from the tray and turns it as the record says.
+  void takeFromTray(const PuzzleFormat::PieceRecord& record, Carrying carrying);
+  /// Where the pointer must be for the floating piece to lie at a cell of the board.
+  QPointF overBoard(int column, int row);
+  /// The middle of a cell of a board control on the screen.
+  static QPointF cell(PENTOWINDOW& control, double column, double row);
+
+ private:
+  bool arrived(const PuzzleFormat::PieceRecord& record);
+  void orient(const PuzzleFormat::PieceRecord& record);
+
+  Robot& robot_;
+  Wiring& program_;
+};
