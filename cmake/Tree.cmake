@@ -12,9 +12,11 @@ add_custom_target(tree ALL COMMENT "Laying out the data beside the programs")
 # quinzolith_data(FOLDER FILES...): files that ship, in FOLDER of the tree (relative to its root).
 function(quinzolith_data folder)
   set(target_folder "${PROJECT_BINARY_DIR}/tree/${folder}")
-  add_custom_command(TARGET tree POST_BUILD
+  string(MAKE_C_IDENTIFIER "tree ${folder}" part)
+  add_custom_target(${part}
     COMMAND ${CMAKE_COMMAND} -E make_directory "${target_folder}"
     COMMAND ${CMAKE_COMMAND} -E copy_if_different ${ARGN} "${target_folder}"
     VERBATIM)
+  add_dependencies(tree ${part})
   install(FILES ${ARGN} DESTINATION "${folder}")
 endfunction()

@@ -2,9 +2,10 @@
 
 #include <QElapsedTimer>
 #include <QTimer>
-#include <optional>
+#include <memory>
 
 #include "platform/TuneFile.h"
+#include "platform/TuneSound.h"
 
 namespace {
 
@@ -34,7 +35,7 @@ class SequencerPlayer : public TunePlayer {
  private:
   void open() {
     if (tune_ || DeviceType != "Sequencer") return;
-    tune_ = readTune(FileName);
+    if (auto tune = readTune(FileName)) tune_ = std::make_shared<const Tune>(std::move(*tune));
     played_ = {};
   }
 
@@ -48,12 +49,20 @@ class SequencerPlayer : public TunePlayer {
     if (played_ >= tune_->length) played_ = {};
     running_.start();
     end_.start(tune_->length - played_);
+    if (!sound_) sound_ = TuneSound::shared();
+    if (played_.count() > 0) {
+      sound_->resume(number_);
+    } else {
+      number_ = sound_->start(tune_);
+    }
   }
 
   void stop() {
-    if (Mode() != kPlaying) return;
-    end_.stop();
-    played_ += std::chrono::milliseconds(running_.elapsed());
+    if (Mode() == kPlaying) {
+      end_.stop();
+      played_ += std::chrono::milliseconds(running_.elapsed());
+    }
+    if (sound_) sound_->pause(number_);
   }
 
   void back() {
@@ -65,13 +74,16 @@ class SequencerPlayer : public TunePlayer {
 
   void ended() {
     played_ = tune_->length;
-    if (Done) Done();
+    sound_->ringOut(number_);
+    if (const auto done = Done) done();
   }
 
-  std::optional<Tune> tune_;
+  std::shared_ptr<const Tune> tune_;
   std::chrono::milliseconds played_{0};  ///< of the tune, up to its last start
   QElapsedTimer running_;                ///< since its last start
   QTimer end_;                           ///< active while the tune plays
+  std::shared_ptr<TuneSound> sound_;     ///< from the first "Play" on
+  TuneSound::Number number_ = 0;         ///< of the tune's last start
 };
 
 }  // namespace
