@@ -36,6 +36,8 @@ PentoRef PENTOGRID::PentoAt(int X, int Y) const {
 }
 
 bool PENTOGRID::fits(const PENTO& P, int X, int Y) const {
+  // No cell lies left of or above the corner, so a corner outside needs no sum that could overflow.
+  if (!contains(X, Y)) return false;
   for (int i = 0; i < PENTO::kCells; ++i) {
     const int x = X + P.GridX(i), y = Y + P.GridY(i);
     if (!contains(x, y) || Cells[index(x, y)] != kEmpty) return false;

@@ -25,9 +25,8 @@ class PlacedPentos {
 /// background.
 ///
 /// Shape:  Width x Height cells; (0, 0) is the top left, x the column, y the row.
-/// Cells:  kEmpty (free), kBackground (no part of the playing area) or the id of the covering
-/// piece,
-///         1 and up. An id is not handed out twice between two Clears.
+/// Cells:  kEmpty (free), kBackground (no part of the playing area), or 1 and up: the id of the
+///         covering piece. An id is not handed out twice between two Clears.
 /// Errors: std::out_of_range for a cell outside the grid, except where noted.
 class PENTOGRID {
  public:

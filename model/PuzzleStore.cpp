@@ -1,5 +1,6 @@
 #include "model/PuzzleStore.h"
 
+#include <algorithm>
 #include <fstream>
 #include <stdexcept>
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <random>
+#include <stdexcept>
 #include <system_error>
 
 #include "model/PuzzleFormat.h"
@@ -90,15 +91,16 @@ void readCells(PuzzleFormat::Reader& reader, PENTOGRID& board, bool ToEditor) {
   }
 }
 
-/// Lays the piece at a random free place of the tray.
+/// Lays the piece at a random free place of the tray. After every failure a new place is drawn, the
+/// last one included, although nothing tries it: the sequence of random numbers is a promise.
 void placeInTray(const PentoRef& piece) {
   PENTOGRID& tray = *required(targets.Tray).Grid();
-  for (int tries = 0; tries < kTriesPerPiece; ++tries) {
+  for (int tries = 0;; ++tries) {
     const int x = randomBelow(tray.Width());
     const int y = randomBelow(tray.Height());
+    if (tries == kTriesPerPiece) throw TrayFull{};
     if (tray.AddPento(piece, x, y)) return;
   }
-  throw TrayFull{};
 }
 
 /// Four turns are no turn and two mirrorings none, so a huge number is cut to its remainder.
@@ -172,12 +174,13 @@ std::string reasonOf(const std::exception& error) {
 
 /// The bytes of an existing longer file that lie behind what is about to be written.
 std::string tailBehind(const fs::path& FileName, std::size_t length) {
-  std::error_code none;
-  const auto size = fs::is_regular_file(FileName, none) ? fs::file_size(FileName, none) : 0;
-  if (none || size <= length) return {};
-  if (size - length > kLargestTail)
+  if (!store.exists(FileName)) return {};
+  const std::size_t ceiling = length + kLargestTail;
+  std::string old = store.read(FileName, ceiling + 1);
+  if (old.size() > ceiling)
     throw std::runtime_error("The file that would be written over is too large to be a puzzle.");
-  return store.read(FileName, static_cast<std::size_t>(size)).substr(length);
+  old.erase(0, length);
+  return old;
 }
 
 void refuseHiddenName(const fs::path& FileName) {

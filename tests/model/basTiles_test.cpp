@@ -1,0 +1,343 @@
+#include "model/basTiles.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+#include <system_error>
+
+#include "model/PuzzleFormat.h"
+#include "tests/model/BareTarget.h"
+#include "tests/model/GridCheck.h"
+#include "tests/model/MemoryStore.h"
+#include "tests/model/SamplePuzzle.h"
+
+using basTiles::LastFileError;
+using basTiles::LoadPuzzle;
+using basTiles::SavePuzzle;
+using ::testing::Test;
+
+namespace {
+
+constexpr std::size_t kFlag = 38, kCells = 39, kCount = 431, kPieces = 435;
+
+void put(std::string& bytes, std::size_t offset, std::int64_t value, int size) {
+  for (int i = 0; i < size; ++i)
+    bytes.at(offset + static_cast<std::size_t>(i)) = static_cast<char>(value >> (8 * i) & 0xFF);
+}
+
+std::string withPiece(std::string bytes, std::initializer_list<int> fields) {
+  for (const int field : fields) {
+    bytes.append(2, '\0');
+    put(bytes, bytes.size() - 2, field, 2);
+  }
+  return bytes;
+}
+
+/// A file whose shape is empty and whose pieces are still to come.
+std::string headOf(const std::string& sample, std::int64_t count) {
+  std::string bytes = sample.substr(0, kPieces);
+  put(bytes, kCount, count, 4);
+  return bytes;
+}
+
+std::vector<std::int32_t> cellsOf(const PENTOGRID& grid) {
+  std::vector<std::int32_t> cells;
+  for (int x = 0; x < grid.Width(); ++x)
+    for (int y = 0; y < grid.Height(); ++y) cells.push_back(grid.PentoID(x, y));
+  return cells;
+}
+
+class Tiles : public Test {
+ protected:
+  Tiles() {
+    basTiles::store = disk.store();
+    laySample(windows.editor.grid);
+    if (!SavePuzzle("sample.qzl", windows.editor)) ADD_FAILURE() << "not saved: " << LastFileError;
+    sample = disk.files.at("sample.qzl");
+  }
+
+  /// Loads these bytes; what the controls are asked is counted from here on.
+  bool load(const std::string& bytes, bool toEditor = false) {
+    windows.calls.clear();
+    disk.files["other.qzl"] = bytes;
+    return LoadPuzzle("other.qzl", toEditor);
+  }
+
+  /// Random numbers that are given out one by one.
+  void script(std::vector<double> numbers) {
+    drawn = 0;
+    basTiles::Random = [this, numbers = std::move(numbers)] { return numbers.at(drawn++); };
+  }
+
+  BareWindows windows;
+  PENTOGRID& board = windows.board.grid;
+  PENTOGRID& tray = windows.tray.grid;
+  PENTOGRID& editor = windows.editor.grid;
+  MemoryStore disk;
+  std::string sample;
+  std::size_t drawn = 0;
+};
+
+TEST_F(Tiles, ThreePiecesAreSavedIn465Bytes) {
+  ASSERT_EQ(sample.size(), 465u);
+  EXPECT_EQ(sample.substr(0, 26), "Quinzolith/Kelvo Software/");
+  EXPECT_EQ(sample[kFlag], 'U');
+  int covered = 0;
+  for (int x = 0; x < 14; ++x) {
+    for (int y = 0; y < 14; ++y) {
+      const std::string flag = sample.substr(kCells + 2u * static_cast<unsigned>(x * 14 + y), 2);
+      EXPECT_EQ(flag, editor.PentoID(x, y) > 0 ? std::string(2, '\0') : "\xFF\xFF");
+      covered += flag[0] == 0 ? 1 : 0;
+    }
+  }
+  EXPECT_EQ(covered, 15);
+}
+
+TEST_F(Tiles, PlayGetsTheShapeOnTheBoardAndThePiecesInTheTray) {
+  ASSERT_TRUE(load(sample)) << LastFileError;
+  for (int x = 0; x < 14; ++x)
+    for (int y = 0; y < 14; ++y)
+      EXPECT_EQ(board.PentoID(x, y), editor.PentoID(x, y) > 0 ? 0 : -1) << x << ", " << y;
+  EXPECT_EQ(tray.PentoCollection().Count(), 3u);
+  expectSoundGrid(tray);
+  EXPECT_EQ(windows.calls,
+            (std::vector<std::string>{"tray RemoveFloatingPento", "board RemoveFloatingPento",
+                                      "tray PaintAll", "board PaintAll"}));
+  EXPECT_EQ(basTiles::CurrentPuzzleFile, "other.qzl");
+}
+
+TEST_F(Tiles, TheEditorGetsThePiecesAtTheirPlacesWhateverTheCellsSay) {
+  const auto before = cellsOf(editor);
+  std::string bytes = sample;
+  for (std::size_t i = kCells; i < kCount; ++i) bytes[i] = static_cast<char>(i);
+  ASSERT_TRUE(load(bytes, true)) << LastFileError;
+  EXPECT_EQ(cellsOf(editor), before);
+  EXPECT_EQ(windows.calls,
+            (std::vector<std::string>{"editor RemoveFloatingPento", "editor PaintAll"}));
+  EXPECT_EQ(basTiles::CurrentPuzzleFile, "other.qzl");
+  EXPECT_EQ(tray.PentoCollection().Count(), 0u);
+}
+
+TEST_F(Tiles, EasyModeKeepsTheSavedOrientationAndNormalModeTurnsAtMostTwice) {
+  basTiles::fRandomRotation = basTiles::fRandomFlip = false;
+  ASSERT_TRUE(load(sample));
+  for (std::size_t i = 0; i < 3; ++i) {
+    const PENTO& loaded = *tray.PentoCollection().at(i);
+    const PENTO& saved = *editor.PentoCollection().at(i);
+    EXPECT_EQ(loaded.RotationCount, saved.RotationCount);
+    EXPECT_EQ(loaded.FlipCount, saved.FlipCount);
+    for (int cell = 0; cell < PENTO::kCells; ++cell) {
+      EXPECT_EQ(loaded.GridX(cell), saved.GridX(cell));
+      EXPECT_EQ(loaded.GridY(cell), saved.GridY(cell));
+    }
+  }
+  basTiles::fRandomRotation = basTiles::fRandomFlip = true;
+  int turns[4] = {}, mirrorings[2] = {};
+  for (int i = 0; i < 60; ++i) {
+    ASSERT_TRUE(load(sample));
+    for (const auto& [id, piece] : tray.PentoCollection()) {
+      ++turns[piece->RotationCount];
+      ++mirrorings[piece->FlipCount];
+    }
+  }
+  EXPECT_EQ(turns[3], 0);
+  for (const int count : {turns[0], turns[1], turns[2], mirrorings[0], mirrorings[1]})
+    EXPECT_GT(count, 30);
+}
+
+TEST_F(Tiles, RandomNumbersAreDrawnInOrderRotationFlipThenXAndYForEachTry) {
+  const std::string one = withPiece(headOf(sample, 1), {1, 4, 4, 3, 1});
+  // Two turns, mirrored; the corner is ring and the bar is too long for column 5; column 3 will do.
+  script({0.7, 0.5, 0.0, 0.0, 5.1 / 9, 4.1 / 36, 3.5 / 9, 30.2 / 36});
+  ASSERT_TRUE(load(one)) << LastFileError;
+  const PENTO& bar = *tray.PentoCollection().at(0);
+  EXPECT_EQ(drawn, 8u);
+  EXPECT_EQ(bar.RotationCount, 2);
+  EXPECT_EQ(bar.FlipCount, 1);
+  EXPECT_EQ(bar.X(), 3);
+  EXPECT_EQ(bar.Y(), 30);
+
+  basTiles::fRandomRotation = false;
+  script({0.4, 2.1 / 9, 2.1 / 36});
+  ASSERT_TRUE(load(one)) << LastFileError;
+  EXPECT_EQ(drawn, 3u);
+  EXPECT_EQ(tray.PentoCollection().at(0)->RotationCount, 3);
+  EXPECT_EQ(tray.PentoCollection().at(0)->FlipCount, 0);
+}
+
+TEST_F(Tiles, AfterAHundredFailedTriesTheLoadStartsOverAndDrawsAnew) {
+  std::vector<double> numbers{0.0, 0.0, 0.2, 0.2};  // the first piece lies
+  numbers.insert(numbers.end(), {0.0, 0.0});        // the second one's orientation
+  numbers.insert(numbers.end(), 202, 0.2);  // a hundred tries in its place, and a place not tried
+  numbers.insert(numbers.end(), {0.4, 0.6, 0.3, 0.3, 0.0, 0.0, 0.3, 0.6});
+  script(numbers);
+  const std::string two = withPiece(withPiece(headOf(sample, 2), {8, 1, 1, 0, 0}), {8, 5, 5, 0, 0});
+  const int readsBefore = disk.reads;
+  ASSERT_TRUE(load(two)) << LastFileError;
+  EXPECT_EQ(drawn, numbers.size());
+  EXPECT_EQ(disk.reads - readsBefore, 2);
+  ASSERT_EQ(tray.PentoCollection().Count(), 2u);
+  EXPECT_EQ(tray.PentoCollection().at(0)->RotationCount, 1);
+  EXPECT_EQ(tray.PentoID(tray.PentoCollection().at(0)->X() + 1, 10), 1);  // ids from 1 again
+  EXPECT_EQ(windows.calls.size(), 6u);  // RemoveFloatingPento twice for each start, PaintAll once
+}
+
+TEST_F(Tiles, PiecesThatCannotFitEndInAMessage) {
+  std::string many = headOf(sample, 60);  // 300 cells; the tray has 238
+  for (int i = 0; i < 60; ++i) many = withPiece(many, {i % 12, 1, 1, 0, 0});
+  const int readsBefore = disk.reads;
+  EXPECT_FALSE(load(many));
+  EXPECT_EQ(LastFileError, "The pieces of this puzzle do not fit into the tray.");
+  EXPECT_EQ(disk.reads - readsBefore, basTiles::kMostRestarts + 1);
+  EXPECT_NE(basTiles::CurrentPuzzleFile, "other.qzl");
+  expectSoundGrid(tray);
+}
+
+TEST_F(Tiles, ARefusedFileLeavesTheGridsAsFarAsItWasRead) {
+  ASSERT_TRUE(load(sample));
+  ASSERT_TRUE(LoadPuzzle("sample.qzl", false));
+  const auto boardBefore = cellsOf(board);
+  const auto trayBefore = cellsOf(tray);
+  LastFileError = "old";
+  EXPECT_FALSE(LoadPuzzle("missing.qzl", false));
+  EXPECT_EQ(LastFileError, "File does not exist.");
+
+  std::string bytes = sample;
+  bytes[0] = 'q';
+  EXPECT_FALSE(load(bytes));
+  EXPECT_EQ(LastFileError, "This is not a valid Quinzolith Puzzle file.");
+  EXPECT_TRUE(windows.calls.empty());
+  EXPECT_EQ(cellsOf(board), boardBefore);
+  EXPECT_EQ(cellsOf(tray), trayBefore);
+
+  bytes = sample;
+  bytes[kFlag] = 'u';
+  EXPECT_FALSE(load(bytes));
+  EXPECT_EQ(LastFileError, "This is not a valid Quinzolith puzzle.");
+  EXPECT_EQ(windows.calls.size(), 2u);
+  EXPECT_EQ(tray.PentoCollection().Count(), 0u);
+  EXPECT_EQ(cellsOf(board), boardBefore);  // a cleared board keeps its empty and background cells
+  EXPECT_EQ(basTiles::CurrentPuzzleFile, "sample.qzl");
+}
+
+TEST_F(Tiles, ALockedPuzzleIsForPlayAndForTheDeveloper) {
+  basTiles::fDeveloperVersion = true;
+  ASSERT_TRUE(SavePuzzle("locked.qzl", windows.editor));
+  const std::string locked = disk.files.at("locked.qzl");
+  EXPECT_EQ(locked[kFlag], 'L');
+  EXPECT_TRUE(load(locked, true));
+  basTiles::fDeveloperVersion = false;
+  EXPECT_TRUE(load(locked));
+  EXPECT_FALSE(load(locked, true));
+  EXPECT_EQ(LastFileError, "You cannot edit the standard Quinzolith puzzles.");
+  EXPECT_EQ(editor.PentoCollection().Count(), 0u);
+  EXPECT_EQ(windows.calls, std::vector<std::string>{"editor RemoveFloatingPento"});
+}
+
+TEST_F(Tiles, ACountOfZeroOrLessMeansNoPiecesAndAnImpossibleNumberIsAnError) {
+  for (const std::int64_t count : {0, -1, -32768}) {
+    EXPECT_TRUE(load(headOf(sample, count))) << LastFileError;
+    EXPECT_EQ(tray.PentoCollection().Count(), 0u);
+  }
+  for (const std::int64_t count : {std::int64_t{32768}, std::int64_t{-32769},
+                                   std::int64_t{2147483647}, std::int64_t{-2147483647} - 1}) {
+    EXPECT_FALSE(load(headOf(sample, count)));
+    EXPECT_NE(LastFileError.find("impossible number of pieces"), std::string::npos);
+  }
+}
+
+TEST_F(Tiles, StrangePieceNumbersAreTakenAsTheyCome) {
+  basTiles::fRandomRotation = basTiles::fRandomFlip = false;
+  // Remainders of huge numbers, nothing for negative ones.
+  ASSERT_TRUE(load(
+      withPiece(withPiece(headOf(sample, 2), {2, 1, 1, 32767, 32767}), {2, 6, 6, -3, -32768})));
+  EXPECT_EQ(tray.PentoCollection().at(0)->RotationCount, 3);
+  EXPECT_EQ(tray.PentoCollection().at(0)->FlipCount, 1);
+  EXPECT_EQ(tray.PentoCollection().at(1)->RotationCount, 0);
+  EXPECT_EQ(tray.PentoCollection().at(1)->FlipCount, 0);
+
+  // A number that is no type: stored, and on the board as the single cell that its slots name.
+  const std::string odd = withPiece(
+      withPiece(withPiece(headOf(sample, 3), {12, 3, 4, 1, 0}), {-7, 5, 6, 0, 1}), {0, 3, 4, 0, 0});
+  ASSERT_TRUE(load(odd, true));
+  ASSERT_EQ(editor.PentoCollection().Count(), 2u);  // the third one overlaps and is left out
+  EXPECT_EQ(editor.PentoAt(3, 4)->PentoType(), 12);
+  EXPECT_EQ(editor.PentoAt(5, 6)->PentoType(), -7);
+  ASSERT_TRUE(load(odd));
+  EXPECT_EQ(tray.PentoCollection().Count(), 3u);
+  expectSoundGrid(tray);
+}
+
+TEST_F(Tiles, NoMoreIsReadThanTheLargestLegalFileHolds) {
+  ASSERT_TRUE(load(sample + std::string(1000, 'x')));
+  EXPECT_EQ(disk.lastCeiling, 435u + 10u * 32767u);
+}
+
+TEST_F(Tiles, SavingOverALongerFileKeepsItsLengthAndTail) {
+  const std::string tail = "\nwhat stood behind";
+  disk.files["longer.qzl"] = std::string(sample.size(), 'x') + tail;
+  ASSERT_TRUE(SavePuzzle("longer.qzl", windows.editor));
+  EXPECT_EQ(disk.files["longer.qzl"], sample + tail);
+  EXPECT_TRUE(load(disk.files["longer.qzl"], true));
+  disk.files["shorter.qzl"] = "x";
+  ASSERT_TRUE(SavePuzzle("shorter.qzl", windows.editor));
+  EXPECT_EQ(disk.files["shorter.qzl"], sample);
+}
+
+TEST_F(Tiles, OnlyASuccessfulSaveIsToldOnward) {
+  std::vector<std::string> saved;
+  basTiles::AfterSave = [&](const auto& file) { saved.push_back(file.string()); };
+  EXPECT_TRUE(SavePuzzle("one.qzl", windows.editor));
+  basTiles::store.write = [](const auto&, const auto&) {
+    throw std::system_error(ENOSPC, std::generic_category());
+  };
+  EXPECT_FALSE(SavePuzzle("two.qzl", windows.editor));
+  EXPECT_EQ(LastFileError, "No space left on device.");
+  EXPECT_FALSE(SavePuzzle(".three.qzl", windows.editor));
+  EXPECT_NE(LastFileError.find("begins with a dot"), std::string::npos);
+  EXPECT_EQ(saved, std::vector<std::string>{"one.qzl"});
+}
+
+TEST_F(Tiles, AFailingStoreIsAReasonAndNoCrash) {
+  basTiles::store.exists = [](const auto&) -> bool {
+    throw std::system_error(ENAMETOOLONG, std::generic_category());
+  };
+  EXPECT_FALSE(LoadPuzzle("x.qzl", false));
+  EXPECT_EQ(LastFileError, "File name too long.");
+  basTiles::store = disk.store();
+  basTiles::targets = {};
+  EXPECT_FALSE(load(sample));
+  EXPECT_EQ(LastFileError, "No window is open to load into.");
+}
+
+TEST_F(Tiles, ReloadingClearsAndLoadsTheCurrentPuzzle) {
+  ASSERT_TRUE(load(sample));
+  ASSERT_TRUE(board.AddPento(editor.PentoCollection().at(1), 5, 3));  // it lies where it belongs
+  basTiles::ReloadPuzzle();
+  EXPECT_EQ(board.PentoCollection().Count(), 0u);
+  EXPECT_EQ(tray.PentoCollection().Count(), 3u);
+  basTiles::CurrentPuzzleFile = "gone.qzl";
+  basTiles::ReloadPuzzle();
+  EXPECT_EQ(tray.PentoCollection().Count(), 0u);
+  EXPECT_EQ(LastFileError, "File does not exist.");
+}
+
+TEST(StreamStore, CountsOnlyOrdinaryFilesWithoutADotAndReadsWhatItWrote) {
+  namespace fs = std::filesystem;
+  const fs::path folder = fs::path(::testing::TempDir()) / "stream store";
+  fs::remove_all(folder);
+  fs::create_directories(folder / "folder.qzl");
+  const PuzzleStore store = streamPuzzleStore();
+  for (const char* name : {"a.qzl", ".hidden.qzl"}) store.write(folder / name, "bytes");
+  EXPECT_TRUE(store.exists(folder / "a.qzl"));
+  EXPECT_FALSE(store.exists(folder / ".hidden.qzl"));
+  EXPECT_FALSE(store.exists(folder / "folder.qzl"));
+  EXPECT_FALSE(store.exists(folder / "none.qzl"));
+  EXPECT_EQ(store.read(folder / "a.qzl", 100), "bytes");
+  EXPECT_EQ(store.read(folder / "a.qzl", 3), "byt");
+  EXPECT_THROW(store.read(folder / "none.qzl", 3), std::runtime_error);
+  EXPECT_THROW(store.write(folder / "none" / "a.qzl", "x"), std::runtime_error);
+  fs::remove_all(folder);
+}
+
+}  // namespace
