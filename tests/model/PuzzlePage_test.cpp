@@ -21,8 +21,7 @@ std::string dumpOnThePage() {
     std::size_t offset = 0;
     if (!inDump || !(words >> std::hex >> offset)) continue;
     EXPECT_EQ(offset, bytes.size()) << line;
-    for (unsigned value = 0; words >> std::hex >> value;)
-      bytes.push_back(static_cast<char>(value));
+    for (unsigned value = 0; words >> std::hex >> value;) bytes.push_back(static_cast<char>(value));
   }
   return bytes;
 }
