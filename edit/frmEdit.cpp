@@ -17,6 +17,11 @@ frmEdit::frmEdit() : Form(design()) {}
 void frmEdit::BuildControls() {
   QMenu* file = MenuBar()->addMenu("File");
   file->setObjectName("mnuFile");
+  QAction* play = file->addAction("Play...");
+  play->setObjectName("mnuFilePlay");
+  QObject::connect(play, &QAction::triggered, file, [this] {
+    if (Unload() && ShowPlay) ShowPlay();
+  });
   QAction* close = file->addAction("Close");
   close->setObjectName("mnuFileClose");
   QObject::connect(close, &QAction::triggered, file, [this] { Unload(); });

@@ -1,4 +1,5 @@
 #include "tour/Hands.h"
+#include "tour/Script.h"
 
 #include <QMenuBar>
 
@@ -35,7 +36,7 @@ QPoint cellOfType(const PENTOGRID& tray, int type) {
   for (const auto& [id, piece] : tray.PentoCollection())
     if (piece->PentoType() == type)
       return {piece->X() + piece->GridX(0), piece->Y() + piece->GridY(0)};
-  throw RobotError("The tray holds no piece of type " + std::to_string(type));
+  throw Script::Error("The tray holds no piece of type " + std::to_string(type));
 }
 
 }  // namespace
@@ -49,36 +50,36 @@ QPointF Hands::cell(PENTOWINDOW& board, double column, double row) {
 }
 
 void Hands::clickOn(Form& window, const QString& name) {
-  robot_.waitFor("the control " + name.toStdString(), [&] {
+  Script::waitFor("the control " + name.toStdString(), [&] {
     const QWidget* found = control(window, name);
     return found && found->isVisible() && found->isEnabled();
   });
-  robot_.moveTo(Robot::onScreen([&] { return centreOf(*control(window, name)); }));
+  robot_.moveTo(Script::onScreen([&] { return centreOf(*control(window, name)); }));
   robot_.click();
 }
 
 void Hands::choose(Form& window, const QString& menu, const QString& item) {
   const auto popup = [&] { return window.Window()->findChild<QMenu*>(menu); };
-  robot_.moveTo(Robot::onScreen([&] {
+  robot_.moveTo(Script::onScreen([&] {
     auto* bar = window.Window()->findChild<QMenuBar*>();
     const QRect title = bar->actionGeometry(popup()->menuAction());
     return toDevice(*bar, bar->mapToGlobal(QRectF(title).center()));
   }));
   robot_.click();
-  robot_.waitFor("the menu " + menu.toStdString(), [&] { return popup()->isVisible(); });
-  robot_.moveTo(Robot::onScreen(
+  Script::waitFor("the menu " + menu.toStdString(), [&] { return popup()->isVisible(); });
+  robot_.moveTo(Script::onScreen(
       [&] { return centreOf(*popup(), window.Window()->findChild<QAction*>(item)); }));
   robot_.click();
 }
 
 void Hands::waitOpen(Form& window) {
-  robot_.waitFor("a window to open", [&] {
+  Script::waitFor("a window to open", [&] {
     return window.Loaded() && window.Window()->isVisible() && window.Window()->isActiveWindow();
   });
 }
 
 void Hands::waitClosed(Form& window) {
-  robot_.waitFor("a window to close", [&] { return !window.Loaded(); });
+  Script::waitFor("a window to close", [&] { return !window.Loaded(); });
 }
 
 std::vector<PuzzleFormat::PieceRecord> Hands::solution(const std::filesystem::path& file) {
@@ -96,31 +97,31 @@ void Hands::orient(const PuzzleFormat::PieceRecord& record) {
   const auto piece = [this] { return program_.main.PentoPanel->FloatingPento(); };
   const auto flips = [&] { return int{piece()->FlipCount}; };
   const auto turns = [&] { return int{piece()->RotationCount}; };
-  if (Robot::onScreen(flips) != record.flips) {
+  if (Script::onScreen(flips) != record.flips) {
     robot_.click(kMiddleButton);
-    robot_.waitFor("the piece to be mirrored", [&] { return flips() == record.flips; });
+    Script::waitFor("the piece to be mirrored", [&] { return flips() == record.flips; });
   }
-  for (int old = 0; (old = Robot::onScreen(turns)) != record.rotations;) {
+  for (int old = 0; (old = Script::onScreen(turns)) != record.rotations;) {
     robot_.click(kRightButton);
-    robot_.waitFor("the piece to turn", [&] { return turns() != old; });
+    Script::waitFor("the piece to turn", [&] { return turns() != old; });
   }
 }
 
 void Hands::takeFromTray(const PuzzleFormat::PieceRecord& record, Carrying carrying) {
-  robot_.moveTo(Robot::onScreen([&] {
+  robot_.moveTo(Script::onScreen([&] {
     PENTOWINDOW& tray = *program_.main.PentoPanel;
     const QPoint at = cellOfType(*tray.Grid(), record.type);
     return cell(tray, at.x(), at.y());
   }));
   robot_.press(1);
   if (carrying == Carrying::ClickByClick) robot_.release(1);
-  robot_.waitFor("the piece to float",
-                 [this] { return program_.main.PentoPanel->FloatingPento() != nullptr; });
+  Script::waitFor("the piece to float",
+                  [this] { return program_.main.PentoPanel->FloatingPento() != nullptr; });
   orient(record);
 }
 
 QPointF Hands::overBoard(int column, int row) {
-  return Robot::onScreen([&] {
+  return Script::onScreen([&] {
     PENTOWINDOW& board = *program_.main.Grid;
     const PentoRef piece = board.FloatingPento();
     return cell(board, column + (piece->Width() - 1) / 2.0, row + (piece->Height() - 1) / 2.0);
@@ -139,15 +140,15 @@ bool Hands::arrived(const PuzzleFormat::PieceRecord& record) {
 void Hands::solve(const std::vector<PuzzleFormat::PieceRecord>& pieces, Carrying carrying,
                   const std::function<void(std::size_t)>& between) {
   for (std::size_t i = 0; i < pieces.size(); ++i) {
-    const int empty = Robot::onScreen([&] { return int{program_.main.Grid->EmptyCount()}; });
+    const int empty = Script::onScreen([&] { return int{program_.main.Grid->EmptyCount()}; });
     takeFromTray(pieces[i], carrying);
     const QPointF target = overBoard(pieces[i].x, pieces[i].y);
     if (between) between(i);
     robot_.moveTo(target);
-    robot_.waitFor("the piece to arrive", [&] { return Hands::arrived(pieces[i]); });
+    Script::waitFor("the piece to arrive", [&] { return Hands::arrived(pieces[i]); });
     if (carrying == Carrying::ButtonHeld) robot_.release(1);
     robot_.click();
-    robot_.waitFor("the piece to lie on the board",
-                   [&] { return program_.main.Grid->EmptyCount() == empty - PENTO::kCells; });
+    Script::waitFor("the piece to lie on the board",
+                    [&] { return program_.main.Grid->EmptyCount() == empty - PENTO::kCells; });
   }
 }

@@ -1,11 +1,11 @@
 #include "tour/Robot.h"
 
-#include <QElapsedTimer>
+#include <QApplication>
 #include <QPixmap>
 #include <QScreen>
-#include <QThread>
-#include <atomic>
 #include <cmath>
+
+#include "tour/Script.h"
 
 // After Qt's headers, since its macros would change them.
 #include <X11/Xlib.h>
@@ -14,10 +14,7 @@
 
 namespace {
 
-constexpr int kPatience = 30'000;   // milliseconds; generous, since the sanitizers are slow
-constexpr unsigned long kLook = 3;  // milliseconds between two looks at a condition
-constexpr int kLastWords = 20;      // milliseconds for the script's last questions
-constexpr double kStep = 24;        // device pixels a hand moves between two events
+constexpr double kStep = 24;  // device pixels a hand moves between two events
 
 }  // namespace
 
@@ -26,7 +23,7 @@ struct Robot::Connection {
 };
 
 Robot::Robot() : connection_(std::make_unique<Connection>()) {
-  if (!connection_->display) throw RobotError("There is no X server to play on.");
+  if (!connection_->display) throw Script::Error("There is no X server to play on.");
 }
 
 Robot::~Robot() {
@@ -35,7 +32,7 @@ Robot::~Robot() {
 
 void Robot::flush() {
   XSync(connection_->display, False);
-  onScreen([] {});  // by the time this answers, the events before it have been handled
+  Script::onScreen([] {});  // by the time this answers, the events before it have been handled
 }
 
 void Robot::moveTo(const QPointF& point) {
@@ -104,36 +101,7 @@ void Robot::type(const std::string& text) {
   }
 }
 
-void Robot::waitFor(const std::string& what, const std::function<bool()>& condition) {
-  QElapsedTimer clock;
-  clock.start();
-  while (!onScreen(condition)) {
-    if (clock.hasExpired(kPatience)) throw RobotError("Waited in vain for: " + what);
-    QThread::msleep(kLook);
-  }
-}
-
 void Robot::photograph(const QString& file) {
-  const QPixmap picture = onScreen([] { return qApp->primaryScreen()->grabWindow(0); });
-  if (!picture.save(file)) throw RobotError("Cannot write " + file.toStdString());
-}
-
-std::string runScript(const std::function<void(Robot&)>& script) {
-  std::string trouble;
-  std::atomic<bool> done = false;
-  std::thread hand([&] {
-    try {
-      Robot robot;
-      script(robot);
-    } catch (const std::exception& error) {
-      trouble = error.what();
-    }
-    done = true;
-    QMetaObject::invokeMethod(
-        qApp, [] { QCoreApplication::exit(0); }, Qt::QueuedConnection);
-  });
-  QApplication::exec();
-  while (!done) QApplication::processEvents(QEventLoop::AllEvents, kLastWords);
-  hand.join();
-  return trouble;
+  const QPixmap picture = Script::onScreen([] { return qApp->primaryScreen()->grabWindow(0); });
+  if (!picture.save(file)) throw Script::Error("Cannot write " + file.toStdString());
 }

@@ -8,6 +8,7 @@
 #include "platform/PendingEvents.h"
 #include "platform/Program.h"
 #include "tour/Hands.h"
+#include "tour/Script.h"
 
 namespace {
 
@@ -20,13 +21,13 @@ void playRocket(Robot& robot, Wiring& program, const QDir& pictures) {
   robot.photograph(pictures.filePath("2-chooser.png"));
   robot.key("Escape");
   hands.waitClosed(program.open);
-  robot.waitFor("the play window", [&] { return program.main.Window()->isActiveWindow(); });
+  Script::waitFor("the play window", [&] { return program.main.Window()->isActiveWindow(); });
   robot.photograph(pictures.filePath("3-start.png"));
 
   const auto pieces = Hands::solution(Program::installationFolder() / "puzzles" / "rocket.qzl");
   hands.solve(pieces, Hands::Carrying::ClickByClick, [&](std::size_t laid) {
     if (laid != pieces.size() / 2) return;
-    const auto tray = Robot::onScreen([&] {
+    const auto tray = Script::onScreen([&] {
       return Hands::cell(*program.main.PentoPanel, 8,
                          program.main.PentoPanel->Grid()->Height() / 3);
     });
@@ -54,8 +55,10 @@ int main(int argc, char** argv) {
 
   Wiring program;
   program.start();
-  const std::string trouble =
-      runScript([&](Robot& robot) { playRocket(robot, program, pictures); });
+  const std::string trouble = Script::run([&] {
+    Robot robot;
+    playRocket(robot, program, pictures);
+  });
   finishFirstLevelWork();
   if (trouble.empty()) return 0;
   std::cerr << trouble << '\n';

@@ -10,6 +10,7 @@
 #include "platform/Settings.h"
 #include "play/basStartup.h"
 #include "tour/Hands.h"
+#include "tour/Script.h"
 
 namespace {
 
@@ -50,7 +51,7 @@ class Tour : public ::testing::Test {
 /// Lays the first piece on the background ring, which refuses it, and takes it along afterwards.
 void tryTheRing(Robot& robot, Wiring& program) {
   bool refused = false;
-  const auto playWrong = Robot::onScreen([&] {
+  const auto playWrong = Script::onScreen([&] {
     auto before = program.main.Grid->DropError;
     program.main.Grid->DropError = [&refused, before] {
       refused = true;
@@ -58,27 +59,28 @@ void tryTheRing(Robot& robot, Wiring& program) {
     };
     return before;
   });
-  robot.moveTo(Robot::onScreen([&] { return Hands::cell(*program.main.Grid, 0, 0); }));
+  robot.moveTo(Script::onScreen([&] { return Hands::cell(*program.main.Grid, 0, 0); }));
   robot.click();
-  robot.waitFor("the drop to be refused", [&] { return refused; });
-  Robot::onScreen([&] { program.main.Grid->DropError = playWrong; });
-  EXPECT_TRUE(Robot::onScreen([&] { return program.main.Grid->FloatingPento() != nullptr; }));
+  Script::waitFor("the drop to be refused", [&] { return refused; });
+  Script::onScreen([&] { program.main.Grid->DropError = playWrong; });
+  EXPECT_TRUE(Script::onScreen([&] { return program.main.Grid->FloatingPento() != nullptr; }));
 }
 
 TEST_F(Tour, TheRocketIsSolvedClickByClickAndAgainWithTheButtonHeld) {
-  const std::string trouble = runScript([&](Robot& robot) {
+  const std::string trouble = Script::run([&] {
+    Robot robot;
     Hands hands(robot, *program_);
     startPlaying(robot, hands);
     hands.solve(rocket(), Hands::Carrying::ClickByClick, [&](std::size_t laid) {
       if (laid == 0) tryTheRing(robot, *program_);
     });
     hands.waitOpen(program_->finished);
-    EXPECT_EQ(Robot::onScreen([&] { return int{program_->main.Grid->EmptyCount()}; }), 0);
+    EXPECT_EQ(Script::onScreen([&] { return int{program_->main.Grid->EmptyCount()}; }), 0);
 
     hands.clickOn(program_->finished, "imgRetry");
     hands.waitClosed(program_->finished);
     hands.waitOpen(program_->main);
-    EXPECT_EQ(Robot::onScreen(
+    EXPECT_EQ(Script::onScreen(
                   [&] { return program_->main.PentoPanel->Grid()->PentoCollection().Count(); }),
               rocket().size());
     hands.solve(rocket(), Hands::Carrying::ButtonHeld);
@@ -90,7 +92,8 @@ TEST_F(Tour, TheRocketIsSolvedClickByClickAndAgainWithTheButtonHeld) {
 }
 
 TEST_F(Tour, EasyModeFromTheChooserAndEachWayOnFromTheSolvedDialog) {
-  const std::string trouble = runScript([&](Robot& robot) {
+  const std::string trouble = Script::run([&] {
+    Robot robot;
     Hands hands(robot, *program_);
     hands.waitOpen(program_->splash);
     hands.clickOn(program_->splash, "imgPlay");
@@ -100,7 +103,7 @@ TEST_F(Tour, EasyModeFromTheChooserAndEachWayOnFromTheSolvedDialog) {
     hands.waitClosed(program_->open);
     hands.waitOpen(program_->main);
     const auto pieces =
-        Robot::onScreen([] { return Hands::solution(basTiles::CurrentPuzzleFile); });
+        Script::onScreen([] { return Hands::solution(basTiles::CurrentPuzzleFile); });
     hands.solve(pieces, Hands::Carrying::ClickByClick);
     hands.waitOpen(program_->finished);
 
@@ -115,7 +118,7 @@ TEST_F(Tour, EasyModeFromTheChooserAndEachWayOnFromTheSolvedDialog) {
 
     hands.clickOn(program_->finished, "imgEdit");
     hands.waitOpen(program_->edit);
-    EXPECT_FALSE(Robot::onScreen([&] { return program_->main.Loaded(); }));
+    EXPECT_FALSE(Script::onScreen([&] { return program_->main.Loaded(); }));
     hands.choose(program_->edit, "mnuFile", "mnuFileClose");
     hands.waitClosed(program_->edit);
   });

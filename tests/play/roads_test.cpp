@@ -1,0 +1,139 @@
+// The ways between the windows, and how the program ends.
+#include "tests/play/PlayFixture.h"
+
+namespace {
+
+class Roads : public PlayFixture {};
+
+TEST_F(Roads, SplashPlayChooserCreateEditorPlayEditExit) {
+  play([this] {
+    waitOpen(program_->splash);
+    EXPECT_EQ(openWindows(), 1);
+    key(program_->splash, Qt::Key_Return);
+    waitOpen(program_->open);
+    EXPECT_EQ(openWindows(), 2);
+    Script::onScreen(
+        [this] { program_->open.Window()->findChild<QTabWidget*>()->setCurrentIndex(4); });
+    click(program_->open, "cmdCreate");
+    waitOpen(program_->edit);
+    EXPECT_EQ(openWindows(), 1);
+
+    menu(program_->edit, "mnuFilePlay");
+    waitOpen(program_->open);
+    EXPECT_EQ(openWindows(), 2);
+    EXPECT_TRUE(Script::onScreen([this] { return control(program_->open, "cmdOk")->isEnabled(); }));
+    Script::onScreen(
+        [this] { program_->open.Window()->findChild<QTabWidget*>()->setCurrentIndex(0); });
+    click(program_->open, "cmdOk");
+    waitClosed(program_->open);
+    EXPECT_FALSE(
+        Script::onScreen([this] { return control(program_->main, "fraCover")->isVisible(); }));
+
+    menu(program_->main, "mnuViewEdit");
+    waitOpen(program_->edit);
+    Script::waitFor("the play window to close", [this] { return !program_->main.Loaded(); });
+    EXPECT_EQ(openWindows(), 1);
+    menu(program_->edit, "mnuFileClose");
+    waitClosed(program_->edit);
+  });
+  EXPECT_EQ(Form::Count(), 0);
+}
+
+TEST_F(Roads, ClosingTheSplashWindowEndsTheProgramWithCode0) {
+  program_->start();
+  QMetaObject::invokeMethod(
+      qApp, [this] { program_->splash.Window()->close(); }, Qt::QueuedConnection);
+  EXPECT_EQ(QApplication::exec(), 0);
+  EXPECT_EQ(Form::Count(), 0);
+}
+
+TEST_F(Roads, ASolvedPuzzleOffersFourWaysOn) {
+  play([this] {
+    toPlay();
+    solve();
+    EXPECT_EQ(openWindows(), 2);
+    // A key that was meant to mirror a piece chooses nothing.
+    for (Qt::Key typed : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Escape})
+      key(program_->finished, typed);
+    Script::onScreen([] {});
+    EXPECT_TRUE(Script::onScreen([this] { return program_->finished.Loaded(); }));
+
+    click(program_->finished, "imgRetry");
+    waitClosed(program_->finished);
+    EXPECT_EQ(Script::onScreen([this] { return int{program_->main.Grid->EmptyCount()}; }), 5);
+    solve();
+    click(program_->finished, "lblOpen");
+    waitOpen(program_->open);
+    EXPECT_FALSE(Script::onScreen([this] { return program_->finished.Loaded(); }));
+    key(program_->open, Qt::Key_Escape);
+    waitClosed(program_->open);
+    EXPECT_EQ(Script::onScreen([this] { return int{program_->main.Grid->EmptyCount()}; }), 5);
+    solve();
+    click(program_->finished, "imgEdit");
+    waitOpen(program_->edit);
+    EXPECT_EQ(openWindows(), 1);
+
+    menu(program_->edit, "mnuFilePlay");
+    waitOpen(program_->open);
+    key(program_->open, Qt::Key_Escape);
+    waitClosed(program_->open);
+    solve();
+    click(program_->finished, "imgQuit");
+    waitClosed(program_->main);
+  });
+  EXPECT_EQ(Form::Count(), 0);
+}
+
+TEST_F(Roads, TheSplashWindowIsTheAboutBoxOnceItHasBeenLeft) {
+  play([this] {
+    waitOpen(program_->splash);
+    EXPECT_TRUE(
+        Script::onScreen([this] { return control(program_->splash, "imgEdit")->isVisible(); }));
+    toPlay();
+    menu(program_->main, "mnuHelpAbout");
+    waitOpen(program_->splash);
+    Script::onScreen([this] {
+      const auto* ok = qobject_cast<QLabel*>(control(program_->splash, "Play"));
+      EXPECT_EQ(ok->text(), "Ok");
+      EXPECT_FALSE(control(program_->splash, "imgEdit")->isVisible());
+      EXPECT_NEAR(ok->geometry().center().x(),
+                  control(program_->splash, "imgPlay")->geometry().center().x(), 1);
+    });
+    key(program_->splash, Qt::Key_Escape);
+    waitClosed(program_->splash);
+    menu(program_->main, "mnuHelpAbout");
+    waitOpen(program_->splash);
+    click(program_->splash, "Play");
+    waitClosed(program_->splash);
+    EXPECT_EQ(openWindows(), 1);
+    menu(program_->main, "mnuFileClose");
+    waitClosed(program_->main);
+  });
+}
+
+TEST_F(Roads, StartUpMakesTheUserFolderOrGoesOnWithoutIt) {
+  play([this] {
+    waitOpen(program_->splash);
+    EXPECT_TRUE(fs::is_directory(folder_ / "User"));
+    Script::post([this] { program_->splash.Window()->close(); });
+    waitClosed(program_->splash);
+  });
+  fs::remove(folder_ / "User");
+  std::ofstream(folder_ / "User") << "a file";
+  play([this] {
+    waitOpen(program_->splash);
+    EXPECT_TRUE(fs::is_regular_file(folder_ / "User"));
+    toPlay();
+    menu(program_->main, "mnuFileOpen");
+    waitOpen(program_->open);
+    EXPECT_FALSE(Script::onScreen([this] {
+      return control(program_->open, "lvwPuzzles4")->isVisibleTo(program_->open.Window());
+    }));
+    key(program_->open, Qt::Key_Escape);
+    waitClosed(program_->open);
+    menu(program_->main, "mnuFileClose");
+    waitClosed(program_->main);
+  });
+}
+
+}  // namespace

@@ -1,0 +1,260 @@
+// What the play window, the chooser and the others show and do.
+#include <QCheckBox>
+#include <QMenu>
+
+#include "board/BoardBackground.h"
+#include "tests/play/PlayFixture.h"
+
+namespace {
+
+class Windows : public PlayFixture {
+ protected:
+  void closeMain() {
+    menu(program_->main, "mnuFileClose");
+    waitClosed(program_->main);
+  }
+
+  QListWidget* list(int tab) {
+    return qobject_cast<QListWidget*>(
+        control(program_->open, qPrintable(QString("lvwPuzzles%1").arg(tab))));
+  }
+
+  void openChooser() {
+    menu(program_->main, "mnuFileOpen");
+    waitOpen(program_->open);
+  }
+
+  void showTab(int tab) {
+    Script::onScreen(
+        [&] { program_->open.Window()->findChild<QTabWidget*>()->setCurrentIndex(tab); });
+  }
+
+  void select(int tab, const QString& title) {
+    Script::onScreen([&] {
+      const auto found = list(tab)->findItems(title, Qt::MatchExactly);
+      ASSERT_EQ(found.size(), 1) << title.toStdString();
+      list(tab)->setCurrentItem(found.first());
+    });
+  }
+};
+
+TEST_F(Windows, TheLayoutFollowsItsRuleAtAnySize) {
+  play([this] {
+    toPlay();
+    Script::onScreen([this] {
+      QWidget* window = program_->main.Window();
+      window->showNormal();
+      const QSize frame = window->size() - program_->main.Client()->size();
+      window->resize(QSize(550, 342) + frame);
+    });
+    Script::waitFor("the size",
+                    [this] { return program_->main.Client()->size() == QSize(550, 342); });
+    Script::onScreen([this] {
+      EXPECT_EQ(program_->main.PentoPanel->geometry(), QRect(0, 0, 110, 342));
+      EXPECT_EQ(program_->main.Grid->geometry(), QRect(110, 0, 440, 342));
+      EXPECT_EQ(program_->main.PentoPanel->TileWidth(), 9);
+      EXPECT_EQ(program_->main.Grid->TileWidth(), 21);
+      program_->main.Window()->resize(1, 1);
+    });
+    Script::waitFor("the smallest size", [this] { return program_->main.Client()->width() < 550; });
+    EXPECT_GE(Script::onScreen([this] { return int{program_->main.Grid->TileWidth()}; }), 8);
+    closeMain();
+  });
+}
+
+TEST_F(Windows, TheMenusHaveTheirCaptionsAndOneSoundItemIsChecked) {
+  play([this] {
+    toPlay();
+    Script::onScreen([this] {
+      QStringList captions;
+      for (const char* name : {"mnuFile", "mnuSound", "mnuHelp"}) {
+        auto* bar = program_->main.Window()->findChild<QMenu*>(name);
+        captions << bar->title();
+        for (const QAction* item : bar->actions())
+          if (item->isVisible()) captions << (item->isSeparator() ? "-" : item->text());
+      }
+      EXPECT_EQ(captions.join('|').toStdString(),
+                "File|Select puzzle...|-|Edit...|-|Exit|Sound|Sound on|Sound off|"
+                "Help|Contents...|How to solve puzzles...|-|About...");
+      EXPECT_FALSE(
+          program_->main.Window()->findChild<QMenu*>("mnuView")->menuAction()->isVisible());
+    });
+    const auto checked = [this](const char* item) {
+      return Script::onScreen(
+          [&] { return program_->main.Window()->findChild<QAction*>(item)->isChecked(); });
+    };
+    EXPECT_TRUE(checked("mnuSoundOn"));
+    EXPECT_FALSE(checked("mnuSoundOff"));
+    menu(program_->main, "mnuSoundOff");
+    EXPECT_FALSE(checked("mnuSoundOn"));
+    EXPECT_TRUE(checked("mnuSoundOff"));
+    closeMain();
+  });
+  EXPECT_EQ(Settings::get(Settings::application(), "Sound", "Status", "?"), "False");
+}
+
+TEST_F(Windows, TheChooserListsTheCatalogueAndKeepsTabAndEasyMode) {
+  play([this] {
+    toPlay();
+    openChooser();
+    Script::onScreen([this] {
+      for (int tab = 0; tab < 4; ++tab) {
+        EXPECT_EQ(list(tab)->count(), 9);
+        EXPECT_EQ(list(tab)->currentRow(), 0);
+      }
+      EXPECT_EQ(list(0)->item(1)->text(), "Tobin's Critter");
+    });
+    click(program_->open, "chkEasy");
+    showTab(2);
+    key(program_->open, Qt::Key_Escape);
+    waitClosed(program_->open);
+    EXPECT_TRUE(Script::onScreen([] { return basTiles::fRandomRotation; }));
+
+    openChooser();
+    Script::onScreen([this] {
+      EXPECT_EQ(program_->open.Window()->findChild<QTabWidget*>()->currentIndex(), 2);
+      EXPECT_TRUE(qobject_cast<QCheckBox*>(control(program_->open, "chkEasy"))->isChecked());
+    });
+    select(2, "Arrow");
+    key(program_->open, Qt::Key_Return);
+    waitClosed(program_->open);
+    Script::onScreen([this] {
+      EXPECT_EQ(basTiles::CurrentPuzzleFile, folder_ / "puzzles" / "arrow #1.qzl");
+      EXPECT_EQ(basTiles::CurrentFileName, "arrow #1");
+      EXPECT_FALSE(basTiles::fRandomRotation);
+      EXPECT_FALSE(basTiles::fRandomFlip);
+      EXPECT_TRUE(program_->main.Grid->fEasyMode);
+      EXPECT_TRUE(program_->main.PentoPanel->fEasyMode);
+    });
+    closeMain();
+  });
+}
+
+TEST_F(Windows, ARefusedPuzzleLeavesTheChooserOpenAndItsFlagsSet) {
+  std::ofstream(folder_ / "puzzles" / "ten.qzl") << "no puzzle";
+  play([this] {
+    toPlay();
+    openChooser();
+    select(0, "Ten");
+    click(program_->open, "chkEasy");
+    click(program_->open, "cmdOk");
+    EXPECT_EQ(answer(), "This is not a valid Quinzolith puzzle.");
+    EXPECT_TRUE(Script::onScreen([this] { return program_->main.Grid->fEasyMode; }));
+    showTab(4);
+    click(program_->open, "cmdOk");
+    EXPECT_EQ(answer(), "Please select a puzzle.");
+    key(program_->open, Qt::Key_Escape);
+    waitClosed(program_->open);
+    closeMain();
+  });
+}
+
+TEST_F(Windows, UserPuzzlesAreListedUnderTheirRealNames) {
+  fs::create_directories(folder_ / "User" / "folder.qzl");
+  for (const char* name : {"My One.qzl", "a#b.QZL", "grün.qzl", ".hidden.qzl", "notes.txt"})
+    writePuzzle(folder_ / "User" / name);
+  play([this] {
+    toPlay();
+    openChooser();
+    EXPECT_EQ(Script::onScreen([this] { return list(4)->count(); }), 3);
+    for (const char* title : {"a#b", "My One", "grün"}) {
+      showTab(4);
+      select(4, title);
+      Script::post([this] {
+        QListWidget* entries = list(4);
+        const QPoint middle = entries->visualItemRect(entries->currentItem()).center();
+        QTest::mouseClick(entries->viewport(), Qt::LeftButton, {}, middle);
+        QTest::mouseDClick(entries->viewport(), Qt::LeftButton, {}, middle);
+      });
+      waitClosed(program_->open);
+      EXPECT_EQ(Script::onScreen([] { return basTiles::CurrentFileName.string(); }), title);
+      openChooser();
+    }
+    key(program_->open, Qt::Key_Escape);
+    waitClosed(program_->open);
+    closeMain();
+  });
+}
+
+TEST_F(Windows, AMissingRocketIsPassedOverInSilence) {
+  fs::remove(folder_ / "puzzles" / "rocket.qzl");
+  play([this] {
+    toPlay();
+    EXPECT_EQ(openWindows(), 1);
+    closeMain();
+  });
+}
+
+TEST_F(Windows, FewColoursTakeTheirOwnPicturesAndDropTheBackgrounds) {
+  for (int depth : {8, 4, 16}) {
+    Screen::bitsPerPixel = [depth](const QWidget&) { return depth; };
+    basStartup::fSplashDone = false;
+    play([this, depth] {
+      waitOpen(program_->splash);
+      EXPECT_EQ(Script::onScreen([] { return Program::ColorDepth; }), depth);
+      toPlay();
+      const auto background = [this] {
+        return Script::onScreen([this] { return !program_->main.Grid->BackTexture().isNull(); });
+      };
+      EXPECT_EQ(background(), depth != 8) << depth;
+      openChooser();
+      EXPECT_EQ(
+          Script::onScreen([this] { return control(program_->main, "fraCover")->isVisible(); }),
+          depth < 16);
+      key(program_->open, Qt::Key_Escape);
+      waitClosed(program_->open);
+      menu(program_->main, "mnuHelpAbout");
+      waitOpen(program_->splash);
+      key(program_->splash, Qt::Key_Escape);
+      waitClosed(program_->splash);
+      Script::waitFor("the boards to be shown again",
+                      [this] { return !control(program_->main, "fraCover")->isVisible(); });
+      EXPECT_EQ(background(), depth >= 16) << depth;
+      closeMain();
+    });
+  }
+}
+
+/// Controls that a screen reader meets and that would have nothing to say.
+QStringList nameless(const Form& window) {
+  QStringList found;
+  for (const QWidget* widget : window.Window()->findChildren<QWidget*>()) {
+    if (widget->focusPolicy() == Qt::NoFocus || !widget->isVisible()) continue;
+    const auto* button = qobject_cast<const QAbstractButton*>(widget);
+    const bool named = !widget->accessibleName().isEmpty() || (button && !button->text().isEmpty());
+    const bool inside = widget->objectName().startsWith("qt_") || widget->focusProxy() ||
+                        qobject_cast<const QTabWidget*>(widget->parentWidget());
+    if (!named && !inside)
+      found << widget->metaObject()->className() + QString(" ") + widget->objectName();
+  }
+  return found;
+}
+
+TEST_F(Windows, EveryControlHasANameAndTheSolvedDialogFocusesNothing) {
+  play([this] {
+    waitOpen(program_->splash);
+    EXPECT_EQ(
+        Script::onScreen([this] { return nameless(program_->splash).join(", ").toStdString(); }),
+        "");
+    toPlay();
+    EXPECT_EQ(
+        Script::onScreen([this] { return nameless(program_->main).join(", ").toStdString(); }), "");
+    openChooser();
+    EXPECT_EQ(
+        Script::onScreen([this] { return nameless(program_->open).join(", ").toStdString(); }), "");
+    key(program_->open, Qt::Key_Escape);
+    waitClosed(program_->open);
+    solve();
+    Script::onScreen([this] {
+      EXPECT_EQ(nameless(program_->finished).join(", ").toStdString(), "");
+      const QWidget* focused = program_->finished.Window()->focusWidget();
+      EXPECT_TRUE(!focused || focused == program_->finished.Window());
+      QTest::keyClick(program_->finished.Window(), Qt::Key_Tab);
+      EXPECT_TRUE(control(program_->finished, "imgRetry")->hasFocus());
+    });
+    click(program_->finished, "imgQuit");
+    waitClosed(program_->main);
+  });
+}
+
+}  // namespace
