@@ -3,6 +3,7 @@
 #include "model/basTiles.h"
 #include "platform/Pointer.h"
 #include "platform/Program.h"
+#include "platform/SafeFile.h"
 #include "play/basStartup.h"
 #include "services/basHTMLHelp.h"
 
@@ -13,6 +14,7 @@ void showHelp(QWidget* window, int command, int topic) {
 }
 
 void wireModel() {
+  basTiles::store = {SafeFile::exists, SafeFile::read, SafeFile::write};
   basTiles::Random = [] { return Program::Random(); };
 }
 
