@@ -45,6 +45,8 @@ constexpr Entry kEntries[] = {
 
 }  // namespace
 
-std::span<const Entry> entries() { return kEntries; }
+std::span<const Entry> entries() {
+  return kEntries;
+}
 
 }  // namespace Catalogue
