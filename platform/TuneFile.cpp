@@ -159,16 +159,15 @@ std::optional<std::chrono::milliseconds> midiLength(std::span<const std::uint8_t
 std::optional<Tune> readTune(const fs::path& file) {
   std::error_code none;
   if (!fs::is_regular_file(file, none)) return {};
+  const std::uintmax_t size = fs::file_size(file, none);
+  if (none || size > kMostBytes) return {};
   std::ifstream stream(file, std::ios::binary);
   Tune tune;
-  tune.bytes.resize(kMostBytes + 1);
-  stream.read(reinterpret_cast<char*>(tune.bytes.data()),
-              static_cast<std::streamsize>(tune.bytes.size()));
-  tune.bytes.resize(static_cast<std::size_t>(stream.gcount()));
-  if (tune.bytes.size() > kMostBytes) return {};
+  tune.bytes.resize(static_cast<std::size_t>(size));
+  stream.read(reinterpret_cast<char*>(tune.bytes.data()), static_cast<std::streamsize>(size));
+  if (!stream) return {};
   const auto length = midiLength(tune.bytes);
   if (!length) return {};
   tune.length = *length;
-  tune.bytes.shrink_to_fit();
   return tune;
 }

@@ -1,11 +1,42 @@
 #include "platform/TuneSound.h"
 
+#include <condition_variable>
+#include <mutex>
 #include <system_error>
 
 #include "platform/SoundDevice.h"
 #include "platform/Synthesizer.h"
 
 using Clock = std::chrono::steady_clock;
+
+namespace {
+
+constexpr std::chrono::seconds kPatience{1};
+constexpr std::chrono::seconds kRinging{2};
+
+/// What the user-interface thread wants to hear.
+struct Wanted {
+  TuneSound::Number number = 0;
+  std::shared_ptr<const Tune> tune;
+  bool sounding = false;
+  std::optional<Clock::time_point> until;  ///< forever, if not given
+};
+
+}  // namespace
+
+struct TuneSound::Word {
+  std::mutex mutex;  ///< guards all that follows
+  std::condition_variable changed;
+  Wanted wanted;
+  bool told = false;   ///< something is new for the listening thread
+  bool over = false;   ///< it is to end
+  bool ended = false;  ///< and it has
+
+  void tell() {
+    told = true;
+    changed.notify_all();
+  }
+};
 
 /// What the thread has made so far. The device is open only while a tune sounds, and everything
 /// else is touched only while it is closed: FluidSynth's own thread is never met halfway.
@@ -45,28 +76,34 @@ std::shared_ptr<TuneSound> TuneSound::shared() {
   return sound;
 }
 
-TuneSound::TuneSound() {
+TuneSound::TuneSound() : word_(std::make_shared<Word>()) {
   try {
-    thread_ = std::thread([this] { run(); });
+    thread_ = std::thread(listen, word_);
   } catch (const std::system_error&) {
     // no thread to be had: the tunes are silent
   }
 }
 
 TuneSound::~TuneSound() {
-  {
-    const std::lock_guard lock(mutex_);
-    ending_ = true;
-    tell();
+  if (!thread_.joinable()) return;
+  std::unique_lock lock(word_->mutex);
+  word_->over = true;
+  word_->tell();
+  const bool ended = word_->changed.wait_for(lock, kPatience, [this] { return word_->ended; });
+  lock.unlock();
+  if (ended) {
+    thread_.join();
+  } else {
+    thread_.detach();
   }
-  if (thread_.joinable()) thread_.join();
 }
 
 TuneSound::Number TuneSound::start(std::shared_ptr<const Tune> tune) {
-  const std::lock_guard lock(mutex_);
-  wanted_ = {wanted_.number + 1, std::move(tune), true, {}};
-  tell();
-  return wanted_.number;
+  const std::lock_guard lock(word_->mutex);
+  Wanted& wanted = word_->wanted;
+  wanted = {wanted.number + 1, std::move(tune), true, {}};
+  word_->tell();
+  return wanted.number;
 }
 
 void TuneSound::pause(Number number) {
@@ -78,37 +115,41 @@ void TuneSound::resume(Number number) {
 }
 
 void TuneSound::ringOut(Number number) {
-  want(number, true, Clock::now() + std::chrono::seconds(2));
+  want(number, true, Clock::now() + kRinging);
 }
 
 void TuneSound::want(Number number, bool sounding, std::optional<Clock::time_point> until) {
-  const std::lock_guard lock(mutex_);
-  if (number != wanted_.number) return;
-  wanted_.sounding = sounding;
-  wanted_.until = until;
-  tell();
+  const std::lock_guard lock(word_->mutex);
+  Wanted& wanted = word_->wanted;
+  if (number != wanted.number) return;
+  wanted.sounding = sounding;
+  wanted.until = until;
+  word_->tell();
 }
 
-void TuneSound::tell() {
-  told_ = true;
-  changed_.notify_one();
-}
-
-void TuneSound::run() {
+/// Follows the word of the user-interface thread until it is over.
+void TuneSound::obey(Word& word) {
   Playing playing;
-  std::unique_lock lock(mutex_);
-  while (!ending_) {
-    told_ = false;
-    const Wanted wanted = wanted_;
+  std::unique_lock lock(word.mutex);
+  while (!word.over) {
+    word.told = false;
+    const Wanted wanted = word.wanted;
     lock.unlock();
     playing.follow(wanted);
     lock.lock();
-    const auto told = [this] { return told_; };
+    const auto told = [&] { return word.told; };
     if (!wanted.until) {
-      changed_.wait(lock, told);
-    } else if (!changed_.wait_until(lock, *wanted.until, told)) {
-      wanted_.sounding = false;
-      wanted_.until.reset();
+      word.changed.wait(lock, told);
+    } else if (!word.changed.wait_until(lock, *wanted.until, told)) {
+      word.wanted.sounding = false;
+      word.wanted.until.reset();
     }
   }
+}
+
+void TuneSound::listen(const std::shared_ptr<Word>& word) {
+  obey(*word);
+  const std::lock_guard lock(word->mutex);
+  word->ended = true;
+  word->changed.notify_all();
 }

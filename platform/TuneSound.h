@@ -1,9 +1,7 @@
 #pragma once
 
 #include <chrono>
-#include <condition_variable>
 #include <memory>
-#include <mutex>
 #include <optional>
 #include <thread>
 
@@ -37,23 +35,14 @@ class TuneSound {
   void ringOut(Number number);
 
  private:
-  /// What the user-interface thread wants to hear.
-  struct Wanted {
-    Number number = 0;
-    std::shared_ptr<const Tune> tune;
-    bool sounding = false;
-    std::optional<std::chrono::steady_clock::time_point> until;  ///< forever, if not given
-  };
   class Playing;
+  struct Word;
 
   void want(Number number, bool sounding,
             std::optional<std::chrono::steady_clock::time_point> until = {});
-  void tell();
-  void run();
+  static void obey(Word& word);
+  static void listen(const std::shared_ptr<Word>& word);
 
-  std::mutex mutex_;  ///< guards the three that follow
-  std::condition_variable changed_;
-  Wanted wanted_;
-  bool told_ = false, ending_ = false;
+  std::shared_ptr<Word> word_;  ///< between the two threads
   std::thread thread_;
 };
