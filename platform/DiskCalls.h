@@ -7,7 +7,7 @@
 #include <functional>
 
 /// The system calls through which puzzle files reach the disk, one replaceable function each, so
-/// that a test can make any of them fail. A new table holds the system's own.
+/// that a test can make any of them fail. A new table holds the system's own (POSIX).
 ///
 /// Errors: as the system's own: -1, with the reason in errno.
 struct DiskCalls {

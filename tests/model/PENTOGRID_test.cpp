@@ -51,11 +51,11 @@ TEST(PentoGrid, ARefusedPieceChangesNothingAndUsesNoId) {
   PENTOGRID& grid = target.grid;
   ASSERT_TRUE(grid.AddPento(make(8), 5, 5));
   const auto before = cellsOf(grid);
-  const PentoRef piece = make(2);
+  const PentoRef piece = make(7);  // its first cell lies right of its corner
   piece->SetPosition(77, 78);
   constexpr int kFar = std::numeric_limits<int>::max();
   for (const auto& [x, y] : {std::pair{0, 5},
-                             {10, 5},
+                             {11, 5},
                              {5, 13},
                              {5, 6},
                              {-1, 3},
@@ -69,7 +69,7 @@ TEST(PentoGrid, ARefusedPieceChangesNothingAndUsesNoId) {
   EXPECT_EQ(grid.PentoCollection().Count(), 1u);
   EXPECT_EQ(piece->X(), 77);
   ASSERT_TRUE(grid.AddPento(piece, 9, 2));
-  EXPECT_EQ(grid.PentoID(9, 2), 2);
+  EXPECT_EQ(grid.PentoID(10, 2), 2);
   EXPECT_EQ(piece->X(), 9);
   EXPECT_EQ(piece->Y(), 2);
 }

@@ -284,6 +284,13 @@ TEST_F(Tiles, SavingOverALongerFileKeepsItsLengthAndTail) {
   EXPECT_EQ(disk.files["shorter.qzl"], sample);
 }
 
+TEST_F(Tiles, AFileFarTooLargeForAPuzzleIsNotWrittenOver) {
+  disk.files["film.qzl"] = std::string(std::size_t{65} << 20, 'x');
+  EXPECT_FALSE(SavePuzzle("film.qzl", windows.editor));
+  EXPECT_NE(LastFileError.find("too large"), std::string::npos);
+  EXPECT_EQ(disk.files["film.qzl"].front(), 'x');
+}
+
 TEST_F(Tiles, OnlyASuccessfulSaveIsToldOnward) {
   std::vector<std::string> saved;
   basTiles::AfterSave = [&](const auto& file) { saved.push_back(file.string()); };
