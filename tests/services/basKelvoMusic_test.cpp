@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QTemporaryDir>
+#include <QTest>
 #include <QTimer>
 #include <fstream>
 #include <map>
@@ -11,6 +12,7 @@
 #include "platform/PendingEvents.h"
 #include "platform/Program.h"
 #include "platform/Settings.h"
+#include "platform/Synthesizer.h"
 #include "platform/TunePlayer.h"
 
 namespace fs = std::filesystem;
@@ -298,6 +300,41 @@ TEST_F(Music, AWindowThatClosesInTheMiddleOfASongIsNotTouchedAgain) {
   });
   music::CloseSound();
   EXPECT_TRUE(processed);
+}
+
+/// The whole of it, on the tunes that ship, in silence.
+TEST_F(Music, RealPlayersGoThroughAWrongTuneAndASong) {
+  useSoundFont("none");
+  const fs::path shipped = fs::path(QUINZOLITH_SOURCE_DIR) / "tunes";
+  fs::create_directories(tunes());
+  for (const char* set : {"Correct", "Wrong", "Song"}) fs::copy(shipped / set, tunes() / set);
+  music::LoadSoundLists();
+  const auto correctTune = makeTunePlayer(), wrongTune = makeTunePlayer(),
+             songTune = makeTunePlayer();
+  wrongTune->Done = [] { music::fWrongDone = true; };
+  music::InitSound(*correctTune, *wrongTune, *songTune);
+  Program::Random = [] { return 0.5; };
+
+  music::PlayWrong();
+  EXPECT_EQ(wrongTune->Mode(), TunePlayer::kPlaying);
+  EXPECT_EQ(correctTune->Mode(), TunePlayer::kStopped);
+  const fs::path first = wrongTune->FileName;
+  EXPECT_TRUE(QTest::qWaitFor([] { return music::fWrongDone; }, 20000));
+  EXPECT_EQ(wrongTune->Mode(), TunePlayer::kStopped);
+
+  Program::Random = [] { return 0.0; };
+  music::PlayWrong();
+  EXPECT_FALSE(music::fWrongDone);
+  EXPECT_NE(wrongTune->FileName, first);
+  music::PlaySong();
+  EXPECT_EQ(songTune->Mode(), TunePlayer::kPlaying);
+  EXPECT_EQ(wrongTune->Mode(), TunePlayer::kStopped) << "cut off, and the next one opened";
+  music::SetSound(false);
+  EXPECT_EQ(songTune->Mode(), TunePlayer::kStopped);
+  music::CloseSound();
+  for (const auto* player : {&correctTune, &wrongTune, &songTune})
+    EXPECT_EQ((*player)->Mode(), TunePlayer::kNotOpen);
+  useSoundFont({});
 }
 
 }  // namespace
