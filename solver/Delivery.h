@@ -1,0 +1,64 @@
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include "solver/Placement.h"
+#include "solver/Work.h"
+
+/// Which solutions count: all, or one of each set of solutions that the symmetries of the shape lay
+/// onto each other.
+enum class Counting { All, UpToSymmetry };
+
+/// Receives solutions; false ends the search.
+using Deliver = std::function<bool(const Solution&)>;
+
+/// How the solutions of a search are turned into those that are wanted.
+struct Harvest {
+  std::vector<Symmetry> smallestUnder;  ///< keep a solution only if none of these makes it smaller
+  std::vector<Symmetry> images;         ///< deliver what these make of it
+};
+
+/// Every symmetry kept by a search without tricks.
+Harvest plainHarvest(const Shape& shape, Counting counting);
+
+/// The frame in which a search works: the shape trimmed and turned so that its columns are short.
+class Frame {
+ public:
+  /// `symmetry` is applied to the trimmed shape.
+  Frame(const Shape& shape, Symmetry symmetry);
+  /// The frame with the shorter columns.
+  static Frame shortColumns(const Shape& shape);
+
+  const Shape& shape() const { return shape_; }
+  /// The tiling in the coordinates of the original shape; placements sorted.
+  Solution restored(const Solution& solution) const;
+
+ private:
+  Shape shape_;
+  Symmetry back_;
+  int left_ = 0, top_ = 0;
+};
+
+/// Takes the solutions that a search finds in a frame, filters, multiplies, counts and hands on.
+class Delivery {
+ public:
+  /// All of these outlive the delivery. An empty `deliver` only counts.
+  Delivery(const Frame& frame, const Deliver& deliver, WorkMeter& meter)
+      : frame_(frame), deliver_(deliver), meter_(meter) {}
+
+  /// Takes one solution; `make` builds it when it is needed at all. False ends the search.
+  template <class Make>
+  bool take(const Harvest& harvest, Make&& make) {
+    if (!deliver_ && harvest.smallestUnder.size() <= 1)
+      return meter_.solutions(harvest.images.size());
+    return takeBuilt(harvest, make());
+  }
+
+ private:
+  bool takeBuilt(const Harvest& harvest, Solution solution);
+
+  const Frame& frame_;
+  const Deliver& deliver_;
+  WorkMeter& meter_;
+};

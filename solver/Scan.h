@@ -1,0 +1,25 @@
+#pragma once
+
+#include "solver/ScanSearch.h"
+
+/// Tables and layout of one shape whose columns are at most kTallestColumn cells high.
+template <class Bits>
+struct Scan {
+  WindowTables<Bits> tables;
+  ScanShape<Bits> layout;
+
+  explicit Scan(const Shape& shape, const TypeOrder& order = kAwkwardFirst)
+      : tables(strideFor(shape.height()), order), layout(shape, tables.stride()) {}
+
+  Placement placementOf(const Step& step) const {
+    const Orientation& orientation = tables.model(step.orientation);
+    return ::placementOf(orientation, step.position / tables.stride(),
+                         step.position % tables.stride() - orientation.cells[0].y);
+  }
+  Solution solutionOf(std::span<const Step> steps) const {
+    Solution solution;
+    solution.reserve(steps.size());
+    for (const Step& step : steps) solution.push_back(placementOf(step));
+    return solution;
+  }
+};

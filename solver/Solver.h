@@ -1,0 +1,53 @@
+#pragma once
+
+#include <optional>
+
+#include "solver/Delivery.h"
+#include "solver/PieceSet.h"
+#include "solver/Window.h"
+#include "solver/Work.h"
+
+/// Exact tilings of shapes by pentominoes: the first one, all of them, or their number.
+///
+/// Shapes: any set of cells, holes and several parts included, whose smaller side is at most 30; up
+/// to 14 it is fastest. Errors: std::invalid_argument for a shape that is larger both ways.
+/// A shape whose area is no multiple of 5, or needs more pieces than there are, has no solution;
+/// that is found out without a search. The empty shape has one solution, of no pieces.
+/// Every search is deterministic: the same call delivers the same solutions in the same order and
+/// counts the same nodes.
+namespace Solver {
+
+struct Problem {
+  Shape shape;
+  PieceSet supply = PieceSet::ofEach(1);
+};
+
+/// How all solutions are found. Each way finds the same ones, in an order of its own.
+enum class Road {
+  Best,     ///< the fastest for the problem
+  Scan,     ///< the general search: lowest free cell first
+  Pinned,   ///< one piece is laid first, on one of each set of places that symmetry makes equal
+  Meeting,  ///< half the shape is searched, the other half is a graph of profiles
+};
+
+/// Delivers every solution, sorted by placements, until `deliver` returns false. With an empty
+/// `deliver` the solutions are only counted.
+Work forEachSolution(const Problem& problem, Counting counting, const Deliver& deliver,
+                     const Limits& limits = {}, Road road = Road::Best);
+
+inline Work countSolutions(const Problem& problem, Counting counting, const Limits& limits = {},
+                           Road road = Road::Best) {
+  return forEachSolution(problem, counting, {}, limits, road);
+}
+
+struct Answer {
+  std::optional<Solution> solution;
+  Work work;  ///< without a solution: `complete` tells whether it is proved that there is none
+};
+
+/// The first solution, or the proof that there is none. The shape is scanned from one corner after
+/// the other, with more and more nodes, since one scan may be hopeless where another is lucky.
+Answer findSolution(const Problem& problem, const Limits& limits = {},
+                    const TypeOrder& order = kAwkwardFirst);
+
+}  // namespace Solver

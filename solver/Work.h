@@ -1,0 +1,57 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <limits>
+
+/// What a search has done. The numbers are the same in every run of the same search.
+struct Work {
+  std::uint64_t solutions = 0;  ///< delivered or counted
+  std::uint64_t nodes = 0;      ///< pieces laid that left no dead end in plain sight
+  bool complete = true;         ///< false when a limit or the caller ended the search early
+};
+
+/// What bounds a search and who is told about it.
+struct Limits {
+  static constexpr std::uint64_t kNone = std::numeric_limits<std::uint64_t>::max();
+
+  std::uint64_t nodes = kNone;      ///< the search gives up after so many nodes
+  std::uint64_t solutions = kNone;  ///< the search is done after so many solutions
+  std::uint64_t reportEvery = std::uint64_t{1} << 22;  ///< nodes between two reports
+  std::function<void(const Work&)> progress;           ///< may be empty
+};
+
+/// Counts nodes against the limits; a search asks it once a node.
+class WorkMeter {
+ public:
+  explicit WorkMeter(const Limits& limits) : limits_(limits) { setPause(); }
+
+  /// Counts a node. False when the search is to end.
+  bool node() { return ++work.nodes < pause_ || pauseHere(); }
+  /// Counts solutions. False when these were enough.
+  bool solutions(std::uint64_t count) {
+    work.solutions += count;
+    if (work.solutions < limits_.solutions) return true;
+    return stop();
+  }
+  /// Marks the search as ended early; always false.
+  bool stop() { return work.complete = false; }
+
+  Work work;
+
+ private:
+  void setPause() {
+    pause_ = limits_.nodes;
+    if (limits_.progress && limits_.nodes - work.nodes > limits_.reportEvery)
+      pause_ = work.nodes + limits_.reportEvery;
+  }
+  bool pauseHere() {
+    if (work.nodes >= limits_.nodes) return stop();
+    limits_.progress(work);
+    setPause();
+    return true;
+  }
+
+  const Limits& limits_;
+  std::uint64_t pause_ = 0;
+};

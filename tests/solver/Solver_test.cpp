@@ -1,0 +1,162 @@
+#include "solver/Solver.h"
+
+#include <gtest/gtest.h>
+
+#include "BruteForce.h"
+
+namespace {
+
+using Solver::Problem;
+
+Shape holedSquare() {
+  Shape shape = Shape::rectangle(8, 8);
+  for (int x = 3; x < 5; ++x)
+    for (int y = 3; y < 5; ++y) shape.set({x, y}, false);
+  return shape;
+}
+
+std::set<Solution> allOf(const Problem& problem, Counting counting, Solver::Road road) {
+  std::set<Solution> found;
+  const Work work = Solver::forEachSolution(
+      problem, counting, [&](const Solution& solution) { return found.insert(solution).second; },
+      {}, road);
+  EXPECT_TRUE(work.complete) << "a solution came twice";
+  EXPECT_EQ(work.solutions, found.size());
+  return found;
+}
+
+/// The smallest image of each solution under the symmetries of the shape, told by the cells.
+std::set<Solution> orbitsOf(const std::set<Solution>& solutions, const Shape& shape) {
+  std::set<Solution> smallest;
+  for (const Solution& solution : solutions) {
+    std::set<Solution> images;
+    for (const Symmetry symmetry : symmetriesOf(shape))
+      images.insert(transformed(solution, symmetry, shape.width(), shape.height()));
+    smallest.insert(*images.begin());
+  }
+  return smallest;
+}
+
+const std::vector<Solver::Road> kRoads{Solver::Road::Scan, Solver::Road::Pinned,
+                                       Solver::Road::Meeting, Solver::Road::Best};
+
+struct KnownCount {
+  Shape shape;
+  std::uint64_t all, upToSymmetry;
+};
+
+}  // namespace
+
+TEST(Solver, FindsTheKnownCounts) {
+  const std::vector<KnownCount> known{{Shape::rectangle(3, 20), 8, 2},
+                                      {Shape::rectangle(15, 4), 1472, 368},
+                                      {Shape::rectangle(12, 5), 4040, 1010},
+                                      {Shape::rectangle(6, 10), 9356, 2339},
+                                      {holedSquare(), 520, 65}};
+  for (const KnownCount& entry : known)
+    for (const Solver::Road road : kRoads) {
+      EXPECT_EQ(Solver::countSolutions({entry.shape}, Counting::All, {}, road).solutions,
+                entry.all);
+      EXPECT_EQ(Solver::countSolutions({entry.shape}, Counting::UpToSymmetry, {}, road).solutions,
+                entry.upToSymmetry);
+    }
+}
+
+TEST(Solver, FindsExactlyTheSolutionsOfTheSlowWay) {
+  std::mt19937 random(20240607);
+  std::size_t solvable = 0;
+  for (int round = 0; round < 100; ++round) {
+    const int cells = 5 * (1 + round % 5);
+    const Problem problem{randomShape(random, cells, 4 + round % 3, 8), randomSupply(random)};
+    const std::set<Solution> expected = BruteForce(problem).solutions();
+    solvable += !expected.empty();
+    for (const Solver::Road road : kRoads)
+      ASSERT_EQ(allOf(problem, Counting::All, road), expected) << "round " << round;
+    EXPECT_EQ(Solver::findSolution(problem).solution.has_value(), !expected.empty());
+  }
+  EXPECT_GT(solvable, 20u) << "the rounds prove little";
+}
+
+TEST(Solver, DeliversOneSolutionOfEachOrbit) {
+  Shape plus = Shape::rectangle(5, 5);  // pieces can lie on its axes
+  for (const Cell cell : {Cell{0, 0}, Cell{4, 0}, Cell{0, 4}, Cell{4, 4}, Cell{2, 2}})
+    plus.set(cell, false);
+  const std::vector<Problem> problems{{Shape::rectangle(5, 5)},
+                                      {Shape::rectangle(4, 5)},
+                                      {Shape::rectangle(5, 4), PieceSet::ofEach(2)},
+                                      {Shape::rectangle(3, 5), PieceSet::ofEach(3)},
+                                      {plus, PieceSet::ofEach(4)}};
+  for (const Problem& problem : problems) {
+    const std::set<Solution> all = BruteForce(problem).solutions();
+    const std::set<Solution> expected = orbitsOf(all, problem.shape);
+    EXPECT_LT(expected.size(), all.size());
+    for (const Solver::Road road : kRoads) {
+      const std::set<Solution> found = allOf(problem, Counting::UpToSymmetry, road);
+      EXPECT_EQ(found.size(), expected.size());
+      EXPECT_EQ(orbitsOf(found, problem.shape), expected);
+    }
+  }
+}
+
+TEST(Solver, CountsTheSameWithAndWithoutDelivering) {
+  for (const Solver::Road road : kRoads)
+    for (const Counting counting : {Counting::All, Counting::UpToSymmetry}) {
+      const Problem problem{Shape::rectangle(4, 15)};
+      Work delivered = Solver::forEachSolution(
+          problem, counting, [](const Solution&) { return true; }, {}, road);
+      const Work counted = Solver::countSolutions(problem, counting, {}, road);
+      EXPECT_EQ(delivered.solutions, counted.solutions);
+      EXPECT_EQ(delivered.nodes, counted.nodes) << "two runs, two amounts of work";
+    }
+}
+
+TEST(Solver, SolvesWideShapesWithManyPiecesOfAType) {
+  for (const int side : {14, 15, 20, 30}) {
+    const Problem problem{Shape::rectangle(side, 35), PieceSet::ofEach(30)};
+    const Solver::Answer answer = Solver::findSolution(problem);
+    ASSERT_TRUE(answer.solution) << side;
+    Shape covered(side, 35);
+    for (const Placement& placement : *answer.solution)
+      for (const Cell cell : cellsOf(placement)) {
+        EXPECT_FALSE(covered.contains(cell));
+        covered.set(cell);
+      }
+    EXPECT_EQ(covered, problem.shape);
+  }
+  EXPECT_THROW(Solver::findSolution({Shape::rectangle(35, 31), PieceSet::ofEach(99)}),
+               std::invalid_argument);
+}
+
+TEST(Solver, KnowsWithoutSearchingWhatCannotBeTiled) {
+  for (const Problem& problem : {Problem{Shape::rectangle(4, 4)}, Problem{Shape::rectangle(5, 13)},
+                                 Problem{Shape::rectangle(5, 2), PieceSet::ofEach(0)}}) {
+    const Work work = Solver::countSolutions(problem, Counting::All);
+    EXPECT_EQ(work.solutions, 0u);
+    EXPECT_EQ(work.nodes, 0u);
+    EXPECT_TRUE(work.complete);
+  }
+  EXPECT_EQ(Solver::countSolutions({Shape(3, 3)}, Counting::All).solutions, 1u);
+}
+
+TEST(Solver, StopsAtItsLimitsAndReportsOnTheWay) {
+  const Problem problem{Shape::rectangle(6, 10)};
+  Limits limits;
+  limits.nodes = 100000;
+  limits.reportEvery = 10000;
+  std::vector<std::uint64_t> reports;
+  limits.progress = [&](const Work& work) { reports.push_back(work.nodes); };
+  const Work work = Solver::countSolutions(problem, Counting::All, limits, Solver::Road::Scan);
+  EXPECT_FALSE(work.complete);
+  EXPECT_EQ(work.nodes, 100000u);
+  ASSERT_EQ(reports.size(), 9u);
+  EXPECT_EQ(reports.back(), 90000u);
+
+  Limits few;
+  few.solutions = 2;
+  for (const Solver::Road road : kRoads) {
+    const Work two = Solver::countSolutions(problem, Counting::All, few, road);
+    EXPECT_GE(two.solutions, 2u);
+    EXPECT_LE(two.solutions, 8u);  // symmetric ones come together
+    EXPECT_FALSE(two.complete);
+  }
+}
