@@ -284,6 +284,8 @@ TEST_F(Music, ClosingClosesInOrderOnceAndLeavesNothingToPlayOn) {
 /// The window may close while a drop or a close processes pending events.
 TEST_F(Music, AWindowThatClosesInTheMiddleOfASongIsNotTouchedAgain) {
   initOn();
+  int draws = 0;
+  Program::Random = [&] { return ++draws, 0.9; };
   int depth = 0;
   QTimer::singleShot(0, [&] {
     depth = NestedLoop::depth();
@@ -292,6 +294,7 @@ TEST_F(Music, AWindowThatClosesInTheMiddleOfASongIsNotTouchedAgain) {
   music::PlaySong();
   EXPECT_EQ(depth, 1) << "preparing a correct tune processes pending events";
   EXPECT_EQ(log.back(), "song Close") << "nothing was opened after the close";
+  EXPECT_EQ(draws, 2) << "a song and a correct tune; no wrong tune any more";
 
   bool processed = false;
   QTimer::singleShot(0, [&] {
