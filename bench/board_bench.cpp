@@ -1,0 +1,193 @@
+// Painting, loading and laying out, each beside the usual or the least way to do it, in one run.
+// Usage: quinzolith-bench-board
+#include <QApplication>
+#include <QPainter>
+#include <QTemporaryDir>
+#include <cstring>
+#include <fstream>
+
+#include "bench/Stopwatch.h"
+#include "board/BoardBackground.h"
+#include "board/PENTOWINDOW.h"
+#include "model/PuzzleFormat.h"
+#include "model/basTiles.h"
+#include "platform/Program.h"
+
+namespace {
+
+constexpr int kSide = 14;
+
+/// A board as in the middle of a game: a ring, a shape, twelve different pieces somewhere on it.
+PENTOGRID playedBoard() {
+  PENTOGRID grid;
+  grid.SetGridSize(kSide, kSide);
+  for (int x = 0; x < kSide; ++x)
+    for (int y = 0; y < kSide; ++y)
+      if (x == 0 || y == 0 || x == kSide - 1 || y == kSide - 1) grid.SetGridBackground(x, y);
+  for (std::int16_t type = 0; type < PENTO::kTypes; ++type) {
+    auto piece = std::make_shared<PENTO>();
+    piece->PentoType(type);
+    for (int at = 0; !grid.AddPento(piece, 1 + at % 12, 1 + at / 12);) ++at;
+  }
+  return grid;
+}
+
+struct Painter {
+  Painter(int tile, int width, int height) : atlas(101, 85) {
+    atlas.load(textureFile(24), tile);
+    composition.background(boardBackground(1));
+    surface.resize(width, height);
+    scene = {&grid, &atlas, nullptr};
+  }
+  PENTOGRID grid = playedBoard();
+  TextureAtlas atlas;
+  Composition composition;
+  Surface surface;
+  Composition::Scene scene;
+};
+
+double copying(int width, int height) {
+  const std::size_t bytes = static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 4;
+  std::vector<char> from(bytes, 'x'), to(bytes);
+  return Stopwatch::best(2000, [&](int i) {
+    from[static_cast<std::size_t>(i) % bytes] = static_cast<char>(i);
+    std::memcpy(to.data(), from.data(), bytes);
+    asm volatile("" : : "r"(to.data()) : "memory");
+  });
+}
+
+/// The same picture as the toolkit's user would draw it: an image a cell, a line a border.
+void drawUsually(const Painter& p, const QImage& atlas, const QImage& back,
+                 const DirtyRectangle& area, QImage& buffer, QImage& onto) {
+  const int s = p.atlas.tileWidth();
+  QPainter painter(&buffer);
+  painter.translate(-area.left, -area.top);
+  for (int x = area.left / back.width() * back.width(); x < area.right; x += back.width())
+    for (int y = area.top / back.height() * back.height(); y < area.bottom; y += back.height())
+      painter.drawImage(x, y, back);
+  painter.setPen(Qt::white);
+  for (int c = area.left / s; c <= (area.right - 1) / s && c < kSide; ++c) {
+    for (int r = area.top / s; r <= (area.bottom - 1) / s && r < kSide; ++r) {
+      if (p.grid.IsBackground(c, r)) continue;
+      const int t = p.grid.IsEmpty(c, r) ? 12 : p.grid.PentoAt(c, r)->PentoType();
+      painter.drawImage(QPoint(c * s, r * s), atlas, QRect(t % 4 * s, t / 4 * s, s, s));
+      const auto other = [&](int nc, int nr) {
+        return p.grid.PentoID(nc, nr) != p.grid.PentoID(c, r);
+      };
+      const int x = c * s, y = r * s, e = s - 1;
+      if (r > 0 && other(c, r - 1)) painter.drawLine(x, y, x + e, y);
+      if (c > 0 && other(c - 1, r)) painter.drawLine(x, y, x, y + e);
+      if (r < kSide - 1 && other(c, r + 1)) painter.drawLine(x, y + e, x + e, y + e);
+      if (c < kSide - 1 && other(c + 1, r)) painter.drawLine(x + e, y, x + e, y + e);
+    }
+  }
+  if (const PENTO* piece = p.scene.floating) {
+    const int t = piece->PentoType();
+    for (int i = 0; i < PENTO::kCells; ++i)
+      painter.drawImage(QPoint(piece->X() + s * piece->GridX(i), piece->Y() + s * piece->GridY(i)),
+                        atlas, QRect(t % 4 * s, t / 4 * s, s, s));
+  }
+  painter.end();
+  QPainter(&onto).drawImage(QPoint(area.left, area.top), buffer,
+                            QRect(0, 0, area.right - area.left, area.bottom - area.top));
+}
+
+void dragStep() {
+  constexpr int s = 30;
+  Painter p(s, kSide * s, kSide * s);
+  PENTO piece;
+  piece.PentoType(8);
+  p.scene.floating = &piece;
+  const auto area = [&](int i) {
+    const auto x = static_cast<std::int16_t>(100 + i % 150);
+    piece.SetPosition(x, 130);
+    return DirtyRectangle{x - 1, 129, x + 3 * s, 130 + 3 * s};
+  };
+  const DirtyRectangle first = area(0);
+  const int width = first.right - first.left, height = first.bottom - first.top;
+
+  const double ours =
+      Stopwatch::best(3000, [&](int i) { p.composition.draw(p.scene, area(i), p.surface); });
+  const QImage atlas = p.atlas.picture(),
+               back = boardBackground(1).convertToFormat(QImage::Format_RGB32);
+  QImage buffer(width, height, QImage::Format_RGB32);
+  QImage onto(kSide * s, kSide * s, QImage::Format_RGB32);
+  const double usual =
+      Stopwatch::best(300, [&](int i) { drawUsually(p, atlas, back, area(i), buffer, onto); });
+
+  p.composition.draw(p.scene, area(7), p.surface);
+  drawUsually(p, atlas, back, area(7), buffer, onto);
+  const DirtyRectangle seen = area(7);
+  const QRect same(seen.left, seen.top, width, height);
+  if (p.surface.view().copy(same) != onto.copy(same)) std::puts("The two pictures differ!");
+
+  const double copy = copying(width, height);
+  Stopwatch::row("drag step, tile 30, against QPainter", ours, usual, usual / ours, "at least 3");
+  Stopwatch::row("drag step, tile 30, against one memcpy", ours, copy, ours / copy, "at most 8");
+}
+
+void fullRepaint(int s) {
+  Painter p(s, kSide * s, kSide * s);
+  const double ours = Stopwatch::best(100, [&](int) {
+    p.composition.draw(p.scene, {0, 0, kSide * s, kSide * s}, p.surface);
+  });
+  const double copy = copying(kSide * s, kSide * s);
+  Stopwatch::row("full repaint, tile " + std::to_string(s) + ", against one memcpy", ours, copy,
+                 ours / copy, "at most 4");
+}
+
+struct Bare : PuzzleTarget {
+  PENTOGRID* Grid() const override { return &grid; }
+  void RemoveFloatingPento() override {}
+  void PaintAll() override {}
+  mutable PENTOGRID grid;
+};
+
+void loading() {
+  QTemporaryDir folder;
+  const std::filesystem::path file = folder.filePath("twelve.qzl").toStdString();
+  std::ofstream(file, std::ios::binary)
+      << PuzzleFormat::write(playedBoard(), {1, 1, 7}, PuzzleFormat::kUnlocked);
+  Bare board, tray;
+  board.grid.SetGridSize(kSide, kSide);
+  tray.grid.SetGridSize(9, 36);
+  basTiles::targets = {&board, &tray, nullptr};
+  const double ours = Stopwatch::best(300, [&](int) { basTiles::LoadPuzzle(file, false); });
+  const double reading = Stopwatch::best(300, [&](int) {
+    std::ifstream in(file, std::ios::binary);
+    char bytes[1024];
+    in.read(bytes, sizeof bytes);
+  });
+  basTiles::targets = {};
+  Stopwatch::row("LoadPuzzle, 12 pieces, against reading the bytes", ours, reading, ours / reading,
+                 "at most 3");
+}
+
+void tileSize() {
+  PENTOGRID grid = playedBoard();
+  PENTOWINDOW board(nullptr);
+  board.resize(900, 900);
+  board.ReadProperties(PropertyBag());
+  board.Grid(&grid);
+  const double ours =
+      Stopwatch::best(20, [&](int i) { board.TileSize(static_cast<std::int16_t>(30 + i % 2)); });
+  const double decoding = Stopwatch::best(
+      20, [&](int) { QImage(QString::fromStdString(textureFile(24).string())).height(); });
+  Stopwatch::row("a change of TileSize, against decoding the JPEG", ours, decoding, ours / decoding,
+                 "");
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication application(argc, argv);
+  Program::setInstallationFolder(QUINZOLITH_TREE);
+  Stopwatch::title();
+  dragStep();
+  fullRepaint(30);
+  fullRepaint(60);
+  loading();
+  tileSize();
+  return 0;
+}
