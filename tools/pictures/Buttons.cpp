@@ -18,8 +18,8 @@ QImage pieceButton(int type, double scale) {
     PieceLook look;
     look.cell = cell;
     look.radius = 1;
-    look.bevel = 1.2;
-    look.outline = 1.2;
+    look.bevel = 2.2;
+    look.outline = 2;  // half of it lies outside, so its edges meet whole pixels
     look.shadow = 1.2;
     look.deviceScale = scale;
     paintPieces(painter, {piece}, look);

@@ -12,15 +12,18 @@ double fraction(double x) {
   return x - std::floor(x);
 }
 
-/// Height of a plain weave of `kThreads` threads each way: over, under, over.
-double weave(double u, double v) {
+/// A plain weave of `kThreads` threads each way: over, under, over.
+struct Thread {
+  bool lying = false;  ///< the thread on top runs from left to right
+  double height = 0;   ///< 0 to 1
+};
+Thread weave(double u, double v) {
   constexpr int kThreads = 4;
   const double x = fraction(u) * kThreads, y = fraction(v) * kThreads;
-  const int i = static_cast<int>(x), j = static_cast<int>(y);
-  const bool lying = (i + j) % 2 == 0;
-  const double along = 2 * (lying ? fraction(x) : fraction(y)) - 1;
-  const double across = 2 * (lying ? fraction(y) : fraction(x)) - 1;
-  return std::sqrt(std::max(0.0, 1 - 0.96 * across * across)) * (1 - 0.55 * along * along);
+  const bool lying = (static_cast<int>(x) + static_cast<int>(y)) % 2 == 0;
+  const double along = 2 * fraction(lying ? x : y) - 1, across = 2 * fraction(lying ? y : x) - 1;
+  const double round = std::sqrt(std::max(0.0, 1 - 0.97 * across * across));
+  return {lying, round * (1 - 0.6 * along * along)};
 }
 
 /// Height of a padded cloth stitched along diagonals: 0 on the seams, 1 on a cushion's middle.
@@ -34,11 +37,12 @@ double cushions(double u, double v) {
 
 Slab redCloth() {
   Slab slab([](double u, double v) {
-    const double h = weave(u, v);
-    const double tone = noise(u, v, 4, 4, 111);
-    return lch(42, 57, 24) + Lab{17, 6, 4} * (h - 0.5) + Lab{2, 1, 1} * tone;
+    const Thread thread = weave(u, v);
+    const double strand = thread.lying ? noise(u, v, 2, 24, 112) : noise(u, v, 24, 2, 113);
+    return lch(42, 57, 24) + Lab{19, 6, 4} * (thread.height - 0.5) +
+           Lab{3.5, 1, 2} * (thread.lying ? 1 : -1) + Lab{2.5, 1, 1} * strand;
   });
-  slab.light([](double u, double v) { return 0.06 * weave(u, v); }, 6);
+  slab.light([](double u, double v) { return 0.06 * weave(u, v).height; }, 5);
   return slab;
 }
 

@@ -12,7 +12,7 @@ struct Entry {
 
 const std::array<Entry, kTextures>& entries() {
   static const std::array<Entry, kTextures> list{{
-      {materials::pine, lch(78.0, 52, 79.4)},
+      {materials::pine, lch(78.5, 53, 79.4)},
       {materials::lapis, lch(39.0, 56, 288.0)},
       {materials::walnut, lch(27.0, 26, 62.0)},
       {materials::malachite, lch(49.8, 34.4, 165.3)},
@@ -23,7 +23,7 @@ const std::array<Entry, kTextures>& entries() {
       {materials::turquoise, lch(60.7, 33.3, 222.0)},
       {materials::steel, lch(48.5, 7.2, 278.0)},
       {materials::rose, lch(63.6, 23.0, 6.5)},
-      {materials::bamboo, lch(65.5, 35.0, 124.0)},
+      {materials::bamboo, lch(63.5, 35.0, 124.5)},
       {materials::socket, lch(17.0, 14.0, 285.0)},
       {materials::bricks, lch(52.0, 38.0, 42.0)},
       {materials::grass, lch(58.0, 48.0, 135.0)},

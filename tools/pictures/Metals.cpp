@@ -37,17 +37,19 @@ double treads(double u, double v) {
 
 Slab copper() {
   const auto dents = [](double u, double v) {
-    const Facet facet = facetAt(u, v, 4, 0.7, 91);
-    return 0.085 * std::min(facet.nearest * facet.nearest, 0.55);
+    const Facet facet = facetAt(u, v, 4, 0.75, 91);
+    return 0.16 * facet.nearest * facet.nearest;
   };
   Slab slab([](double u, double v) {
-    const Facet facet = facetAt(u, v, 4, 0.7, 91);
+    const Facet facet = facetAt(u, v, 4, 0.75, 91);
     const double glow = noise(u, v, 2, 2, 94);
-    const double rim = std::exp(-std::pow((facet.second - facet.nearest) / 0.16, 2));
-    return lch(54, 56, 64) + Lab{4, 1, 3} * glow + Lab{7, -5, 2} * rim +
-           Lab{5, 0, 3} * (facet.chance - 0.5);
+    // A dent mirrors the lamp on its lower right, where it looks up to the left.
+    const double mirrored = std::hypot(facet.du - 0.2, facet.dv - 0.24);
+    const double spark = std::exp(-std::pow(mirrored / 0.17, 2));
+    return lch(54, 54, 60) + Lab{4, 1, 3} * glow + Lab{13, -7, -2} * spark +
+           Lab{4, 0, 3} * (facet.chance - 0.5);
   });
-  slab.light(dents, 17);
+  slab.light(dents, 11);
   return slab;
 }
 

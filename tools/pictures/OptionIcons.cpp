@@ -121,12 +121,12 @@ void email(QPainter& painter) {
 }
 
 void retry(QPainter& painter) {
-  constexpr double kRadius = 10.2, kFrom = 90, kSweep = 290;
+  constexpr double kRadius = 10.1, kFrom = 90, kSweep = 290;
   QPainterPath bow;
-  const QRectF circle(16 - kRadius, 16.5 - kRadius, 2 * kRadius, 2 * kRadius);
+  const QRectF circle(16 - kRadius, 17.6 - kRadius, 2 * kRadius, 2 * kRadius);
   bow.arcMoveTo(circle, kFrom);
   bow.arcTo(circle, kFrom, kSweep);
-  const QPainterPath head = polygon({QPointF(15, 0.8), QPointF(15, 12.2), QPointF(24.5, 6.5)});
+  const QPainterPath head = polygon({QPointF(15, 2.2), QPointF(15, 12.8), QPointF(23.8, 7.5)});
   QPen wide(QColor(0x12, 0x30, 0x70), 7.2, Qt::SolidLine, Qt::FlatCap);
   QPen narrow(downward(QColor(0x6f, 0xae, 0xf2), QColor(0x1e, 0x5c, 0xc0)), 4.8, Qt::SolidLine,
               Qt::FlatCap);

@@ -10,10 +10,10 @@
 namespace pictures {
 namespace {
 
-/// A letter Q of six pieces.
-const std::vector<std::string> kLetterQ{".LLLL.", "PLYYYY", "PP..YT", "PP.TTT",
-                                        "NNNWWT", "..NNWW", ".....W"};
-constexpr int kColumns = 6, kRows = 7;
+/// A letter Q of seven pieces.
+const std::vector<std::string> kLetterQ{".PPWW.", "IPPPWW", "IL..NW", "IL..NN",
+                                        "IL.VYN", "ILLVYN", ".VVVYY", "....Y."};
+constexpr int kColumns = 6, kRows = 8;
 
 /// Strong plain colours, as small pictures need them; one for each of the twelve types.
 QColor iconColor(int type, double lighter) {
@@ -25,45 +25,48 @@ QColor iconColor(int type, double lighter) {
   return QColor::fromRgb(toRgb(color + Lab{lighter, 0, 0}));
 }
 
-QPainterPath scaled(const Cells& cells, double cell, const QPointF& origin, double radius) {
-  return roundedPath(cells, cell, radius).translated(origin);
+/// The contour and the seams, from the size on at which a cell has room for them.
+constexpr int kFewestPixelsForSeams = 4, kFewestPixelsForBevels = 6;
+const QColor kInk(0x1b, 0x1a, 0x3c);
+
+QPen seam(double width) {
+  return QPen(kInk, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+}
+
+void paintIconPiece(QPainter& painter, const Piece& piece, int cell) {
+  const QPainterPath path = roundedPath(piece.cells, cell, cell * 0.16);
+  QLinearGradient fill(0, path.boundingRect().top(), 0, path.boundingRect().bottom());
+  fill.setColorAt(0, iconColor(piece.type, 7));
+  fill.setColorAt(1, iconColor(piece.type, -6));
+  painter.fillPath(path, fill);
+  if (cell >= kFewestPixelsForBevels) {
+    const double bevel = cell * 0.14;
+    painter.fillPath(path.subtracted(path.translated(bevel, bevel)), QColor(255, 255, 255, 90));
+    painter.fillPath(path.subtracted(path.translated(-bevel, -bevel)), QColor(0, 0, 0, 60));
+  }
+  if (cell >= kFewestPixelsForSeams) painter.strokePath(path, seam(cell * 0.09));
 }
 
 }  // namespace
 
 QImage programIcon(int edge) {
-  const int cell = (edge - (edge >= 32 ? 2 : 0)) / kRows;
-  const QPointF origin((edge - kColumns * cell) / 2, (edge - kRows * cell) / 2);
-  const double line = std::max(0.0, cell * 0.09), radius = cell * 0.16;
+  constexpr int kSmall = 32;  // up to here every pixel is worth more than a contour
+  const int cell = (edge <= kSmall ? edge : edge - edge / 16) / kRows;
   return painted(edge, edge, 1, Qt::transparent, [&](QPainter& painter) {
+    painter.translate((edge - kColumns * cell) / 2, (edge - kRows * cell) / 2);
     const std::vector<Piece> pieces = piecesOf(kLetterQ);
     Cells all;
     for (const Piece& piece : pieces) all.insert(all.end(), piece.cells.begin(), piece.cells.end());
-    const QColor ink(0x1b, 0x1a, 0x3c);
-    if (cell >= 4)
-      painter.strokePath(
-          scaled(all, cell, origin, radius),
-          QPen(ink, std::max(2.0, 3 * line), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    for (const Piece& piece : pieces) {
-      const QPainterPath path = scaled(piece.cells, cell, origin, radius);
-      QLinearGradient fill(0, path.boundingRect().top(), 0, path.boundingRect().bottom());
-      fill.setColorAt(0, iconColor(piece.type, 7));
-      fill.setColorAt(1, iconColor(piece.type, -6));
-      painter.fillPath(path, fill);
-      const double bevel = cell * 0.12;
-      if (cell >= 6) {
-        painter.fillPath(path.subtracted(path.translated(bevel, bevel)), QColor(255, 255, 255, 90));
-        painter.fillPath(path.subtracted(path.translated(-bevel, -bevel)), QColor(0, 0, 0, 60));
-      }
-      if (cell >= 4) painter.strokePath(path, QPen(ink, line));
-    }
+    if (edge > kSmall)
+      painter.strokePath(roundedPath(all, cell, cell * 0.16), seam(std::max(2.0, cell * 0.27)));
+    for (const Piece& piece : pieces) paintIconPiece(painter, piece, cell);
   });
 }
 
 QByteArray programIconSvg() {
   QByteArray text;
   QTextStream out(&text);
-  constexpr int kCell = 18, kEdge = 128;
+  constexpr int kCell = 15, kEdge = 128;
   const int left = (kEdge - kColumns * kCell) / 2, top = (kEdge - kRows * kCell) / 2;
   out << "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"128\" height=\"128\" "
          "viewBox=\"0 0 128 128\">\n  <title>Quinzolith</title>\n"

@@ -19,10 +19,10 @@ Slab lapis() {
   return Slab([](double u, double v) {
     const double wu = u + 0.06 * noise(u, v, 3, 3, 41), wv = v + 0.06 * noise(u, v, 3, 3, 42);
     const double cloud = fractal(wu, wv, 3, 3, 43);
-    const double gold = std::clamp((noise(wu, wv, 7, 7, 44) - 0.62) / 0.16, 0.0, 1.0);
+    const double gold = std::clamp((noise(wu, wv, 8, 8, 47) - 0.56) / 0.22, 0.0, 1.0);
     const double pale = vein(fractal(wu, wv, 2, 2, 46), 0.07);
-    return lch(38, 60, 288) + Lab{9, -4, 3} * cloud + Lab{9, -6, 12} * pale * 0.8 +
-           Lab{30, -8, 78} * gold;
+    return lch(38, 60, 288) + Lab{9, -4, 3} * cloud + Lab{7, -5, 10} * pale +
+           Lab{22, -10, 60} * gold;
   });
 }
 
@@ -38,18 +38,20 @@ Slab malachite() {
 
 Slab marble() {
   return Slab([](double u, double v) {
-    const double wu = u + 0.10 * fractal(u, v, 2, 3, 61), wv = v + 0.10 * fractal(u, v, 2, 3, 62);
-    const double main = vein(noise(wu, wv, 2, 2, 67), 0.10);
-    const double side = vein(noise(wu, wv, 3, 4, 64), 0.08);
-    const double cloud = fractal(wu, wv, 3, 2, 65);
-    return lch(81, 4, 98) + Lab{-17, 0.5, -3} * main + Lab{-7, 0, -1} * side +
-           Lab{3, -0.3, -0.5} * cloud;
+    const double warp = fractal(u, v, 2, 3, 61), other = fractal(u, v, 3, 2, 62);
+    const double across = std::sin(std::numbers::pi * (u + v + 0.22 * warp));
+    const double back = std::sin(std::numbers::pi * (2 * u - v + 0.30 * other));
+    const double main = vein(across, 0.10 + 0.10 * std::abs(other));
+    const double haze = vein(across + 0.12, 0.42);
+    const double side = vein(back, 0.06) * std::clamp(0.6 + 1.2 * warp, 0.0, 1.0);
+    return lch(82, 4, 98) + Lab{-16, 0.5, -4} * main + Lab{-5, 0, -2} * haze +
+           Lab{-9, 0.5, -2} * side + Lab{2, 0, 0} * other;
   });
 }
 
 Slab amethyst() {
   return Slab([](double u, double v) {
-    const Facet facet = facetAt(u, v, 3, 0.85, 71);
+    const Facet facet = facetAt(u, v, 3, 1.0, 78);
     const double turn = 2 * std::numbers::pi * facet.chance;
     const double tilt = std::cos(turn) * facet.du + std::sin(turn) * facet.dv;
     const double face = std::cos(turn - 3.9);  // how far the facet looks to the light

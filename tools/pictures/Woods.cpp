@@ -22,19 +22,23 @@ double yearRing(double phase) {
 
 Slab pine() {
   return Slab([](double u, double v) {
-    const double bend = 0.32 * noise(u, v, 2, 2, 11) + 0.06 * noise(u, v, 3, 6, 12);
-    const double ring = yearRing(3 * v + bend);
-    const double streak = noise(u, v, 2, 14, 13);
-    return lch(80, 46, 82) + Lab{-11, 6, 3} * ring + Lab{2.2, -0.5, 1} * streak;
+    const double bend = 0.20 * noise(u, v, 2, 2, 11) + 0.04 * noise(u, v, 2, 8, 12);
+    const double ring = yearRing(4 * v + bend);
+    const double broad = noise(u, v, 2, 3, 14);
+    const double fibre = noise(u, v, 2, 18, 13) + 0.5 * noise(u, v, 3, 30, 15);
+    return lch(80, 46, 82) + Lab{-13, 7, 2} * ring + Lab{3, -1, 1} * broad +
+           Lab{4.2, -1.6, 1} * fibre;
   });
 }
 
 Slab walnut() {
   return Slab([](double u, double v) {
-    const double bend = 0.45 * noise(u, v, 2, 2, 26) + 0.07 * noise(u, v, 6, 3, 22);
-    const double ring = yearRing(3 * u + v + bend);
-    const double streak = noise(u, v, 14, 2, 23);
-    return lch(33, 28, 64) + Lab{-12, -3, -6} * ring + Lab{1.8, 0.5, 1} * streak;
+    const double bend = 0.26 * noise(u, v, 2, 2, 26) + 0.04 * noise(u, v, 8, 2, 22);
+    const double ring = yearRing(4 * u + bend);
+    const double broad = noise(u, v, 3, 2, 24);
+    const double fibre = noise(u, v, 18, 2, 23) + 0.5 * noise(u, v, 30, 3, 25);
+    return lch(33, 28, 64) + Lab{-13, -3, -6} * ring + Lab{3.5, 1, 2} * broad +
+           Lab{3.6, 1.2, 2} * fibre;
   });
 }
 
