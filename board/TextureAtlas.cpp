@@ -8,7 +8,6 @@
 namespace {
 
 constexpr Surface::Pixel kPlain = Surface::rgb(255, 255, 255);
-constexpr int kDeepColour = 16;  // bits per pixel from which the JPEG textures look right
 
 }  // namespace
 
@@ -50,5 +49,5 @@ void TextureAtlas::copyTile(int texture, Surface& to, int x, int y) const {
 
 std::filesystem::path textureFile(int colorDepth) {
   return Program::installationFolder() / "tiles" /
-         (colorDepth >= kDeepColour ? "tiles.jpg" : "tiles.bmp");
+         (colorDepth >= Program::kDeepColour ? "tiles.jpg" : "tiles.bmp");
 }

@@ -36,6 +36,9 @@ extern std::filesystem::path UserPath;
 /// Bits per pixel of the screen, measured by the splash window at each of its loads. Below 16 the
 /// windows use their 256-colour pictures. 24 until the first measurement.
 extern int ColorDepth;
+/// The depth from which no palette is needed, and the depth at which there is one.
+inline constexpr int kDeepColour = 16;
+inline constexpr int kPaletteDepth = 8;
 
 /// Seconds since midnight, local time, with fractions.
 extern std::function<double()> Timer;

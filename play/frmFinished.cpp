@@ -11,8 +11,6 @@
 
 namespace {
 
-constexpr int kDeepColour = 16;
-
 Form::Design design() {
   Form::Design d;
   d.title = "Congratulations!";
@@ -88,7 +86,7 @@ void frmFinished::addOption(const QString& name, const QString& caption, const Q
 void frmFinished::Form_Load() {
   // A key still typed for mirroring must choose nothing: no option has the focus at first.
   Client()->setFocus();
-  if (Program::ColorDepth >= kDeepColour) return;
+  if (Program::ColorDepth >= Program::kDeepColour) return;
   const QPixmap fewColours(":/pictures/waytogo256.bmp");
   if (!fewColours.isNull()) Client()->findChild<QLabel*>("imgWayToGo")->setPixmap(fewColours);
 }

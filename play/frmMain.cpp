@@ -1,6 +1,6 @@
 #include "play/frmMain.h"
 
-#include "board/BoardBackground.h"
+#include "board/BoardLayout.h"
 #include "model/basTiles.h"
 #include "platform/PendingEvents.h"
 #include "platform/Program.h"
@@ -15,7 +15,6 @@ constexpr int kHelpTopic = 1200;
 constexpr std::int16_t kBoardSize = 14;
 constexpr std::int16_t kTrayWidth = 9;
 constexpr std::int16_t kTrayHeight = 36;
-constexpr int kDeepColour = 16;  // bits per pixel from which no palette is needed
 
 Form::Design design() {
   Form::Design d;
@@ -25,20 +24,6 @@ Form::Design design() {
   d.helpContext = kHelpTopic;
   d.maximized = true;
   return d;
-}
-
-/// Background everywhere but inside the one-cell ring.
-void layOutGrid(PENTOGRID& grid, std::int16_t width, std::int16_t height) {
-  grid.SetGridSize(width, height);
-  for (int x = 0; x < width; ++x) {
-    for (int y = 0; y < height; ++y) {
-      const bool ring = x == 0 || y == 0 || x == width - 1 || y == height - 1;
-      if (ring)
-        grid.SetGridBackground(x, y);
-      else
-        grid.SetGridEmpty(x, y);
-    }
-  }
 }
 
 }  // namespace
@@ -51,20 +36,9 @@ frmMain::frmMain(PlayWindows& windows) : Form(design()), windows_(windows) {
 
 frmMain::~frmMain() = default;
 
-PENTOWINDOW* frmMain::newBoardControl(const char* name) {
-  auto* control = new PENTOWINDOW(Client());
-  control->setObjectName(name);
-  PropertyBag layout;
-  layout.WriteProperty("BackTexture", boardBackground(Client()->devicePixelRatioF()), QImage());
-  control->ReadProperties(layout);
-  return control;
-}
-
 void frmMain::BuildControls() {
-  PentoPanel = newBoardControl("PentoPanel");
-  PentoPanel->setAccessibleName("Tray with the loose pieces");
-  Grid = newBoardControl("Grid");
-  Grid->setAccessibleName("Board");
+  PentoPanel = BoardLayout::newControl(Client(), "PentoPanel", "Tray with the loose pieces");
+  Grid = BoardLayout::newControl(Client(), "Grid", "Board");
   fraCover_ = new QFrame(Client());
   fraCover_->setObjectName("fraCover");
   fraCover_->setAutoFillBackground(true);
@@ -82,9 +56,9 @@ void frmMain::BuildControls() {
 void frmMain::Form_Load() {
   fActivated_ = false;
   Program::Randomize(Program::Timer());
-  layOutGrid(BoardGrid_, kBoardSize, kBoardSize);
+  BoardLayout::ringGrid(BoardGrid_, kBoardSize, kBoardSize);
   Grid->Grid(&BoardGrid_);
-  layOutGrid(TrayGrid_, kTrayWidth, kTrayHeight);
+  BoardLayout::ringGrid(TrayGrid_, kTrayWidth, kTrayHeight);
   PentoPanel->Grid(&TrayGrid_);
   basTiles::targets.Board = Grid;
   basTiles::targets.Tray = PentoPanel;
@@ -92,7 +66,7 @@ void frmMain::Form_Load() {
 
 void frmMain::Form_Activate() {
   if (fActivated_) return;
-  if (Program::ColorDepth < kDeepColour) mnuView_->menuAction()->setVisible(false);
+  if (Program::ColorDepth < Program::kDeepColour) mnuView_->menuAction()->setVisible(false);
   basKelvoMusic::InitSound(*musicCorrect_, *musicWrong_, *musicSong_);
   showSoundSwitch();
   basTiles::LoadPuzzle(Program::installationFolder() / "puzzles" / "rocket.qzl", false);
@@ -145,7 +119,7 @@ void frmMain::Grid_Drop() {
   basKelvoMusic::PlaySong();
   processPendingEvents();
   if (!Loaded()) return;
-  if (Program::ColorDepth < kDeepColour) showCover();
+  if (Program::ColorDepth < Program::kDeepColour) showCover();
   fCancelLoad = false;
   windows_.Finished->ShowModal(this);
   if (!fCancelLoad && fraCover_) fraCover_->hide();

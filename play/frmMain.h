@@ -55,7 +55,6 @@ class frmMain : public Form {
   void showSoundSwitch();
 
   // layout
-  PENTOWINDOW* newBoardControl(const char* name);
   void layOutTray();
   void layOutBoard();
   void dropBackgrounds();

@@ -12,7 +12,6 @@
 namespace {
 
 constexpr int kHelpTopic = 1000;
-constexpr int kDeepColour = 16;
 constexpr double kLabelTop = 4140;  // twips
 
 Form::Design design() {
@@ -86,7 +85,7 @@ void frmSplash::buildOptions() {
 void frmSplash::Form_Load() {
   lblVersion_->setText("Version " + QString::fromStdString(Program::versionText()));
   Program::ColorDepth = basKelvoWinAPI::GetDeviceCaps(*Window(), basKelvoWinAPI::BITSPIXEL);
-  if (Program::ColorDepth >= kDeepColour) return;
+  if (Program::ColorDepth >= Program::kDeepColour) return;
   const QPixmap fewColours(":/pictures/about256.bmp");
   if (!fewColours.isNull()) Image1_->setPixmap(fewColours);
 }

@@ -1,0 +1,44 @@
+#include "board/BoardLayout.h"
+
+#include <stdexcept>
+
+#include "board/BoardBackground.h"
+#include "platform/Twips.h"
+
+namespace BoardLayout {
+
+PENTOWINDOW* newControl(QWidget* parent, const char* name, const QString& accessibleName) {
+  auto* control = new PENTOWINDOW(parent);
+  control->setObjectName(name);
+  control->setAccessibleName(accessibleName);
+  PropertyBag layout;
+  layout.WriteProperty("BackTexture", boardBackground(parent->devicePixelRatioF()), QImage());
+  control->ReadProperties(layout);
+  return control;
+}
+
+void ringGrid(PENTOGRID& grid, std::int16_t width, std::int16_t height) {
+  grid.SetGridSize(width, height);
+  for (int x = 0; x < width; ++x) {
+    for (int y = 0; y < height; ++y) {
+      const bool ring = x == 0 || y == 0 || x == width - 1 || y == height - 1;
+      if (ring)
+        grid.SetGridBackground(x, y);
+      else
+        grid.SetGridEmpty(x, y);
+    }
+  }
+}
+
+void fitTiles(PENTOWINDOW& control, double width, double height, int columns, int rows) {
+  int tile = Twips::nearest(width / columns / Twips::perDevicePixelX(control));
+  const auto byHeight = static_cast<float>(height / rows / Twips::perDevicePixelY(control));
+  if (byHeight < static_cast<float>(tile)) tile = Twips::nearest(byHeight);
+  try {
+    control.TileSize(static_cast<std::int16_t>(tile));
+  } catch (const std::runtime_error&) {
+    // No textures: a board without tiles beats a window that is not laid out.
+  }
+}
+
+}  // namespace BoardLayout

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstdint>
+
+#include "board/PENTOWINDOW.h"
+
+/// How a window sets up its boards.
+namespace BoardLayout {
+
+/// A board control as a window's design has it: with the program's background picture, and a name
+/// for those who cannot see it.
+PENTOWINDOW* newControl(QWidget* parent, const char* name, const QString& accessibleName);
+
+/// Sizes the grid (cells) and empties it, with a ring of background one cell wide round its edge.
+void ringGrid(PENTOGRID& grid, std::int16_t width, std::int16_t height);
+
+/// Gives the control the largest tile with which so many columns and rows fit into so many twips.
+/// Where the textures cannot be read the control stays as it is, and the layout goes on.
+void fitTiles(PENTOWINDOW& control, double width, double height, int columns, int rows);
+
+}  // namespace BoardLayout
