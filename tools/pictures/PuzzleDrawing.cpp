@@ -1,48 +1,19 @@
 #include <fstream>
 #include <stdexcept>
 
+#include "play/Catalogue.h"
 #include "tools/pictures/PuzzleIcons.h"
 
 namespace pictures {
 
 const std::vector<IconEntry>& iconEntries() {
-  static const std::vector<IconEntry> entries{{"bluecircle", "blue circle"},
-                                              {"critter", "critter"},
-                                              {"ten", "ten"},
-                                              {"plus", "plus"},
-                                              {"smile", "smile"},
-                                              {"coffee", "coffee"},
-                                              {"tinytriangle", "tiny triangle"},
-                                              {"tinybox", "tiny box"},
-                                              {"donut", "donut"},
-                                              {"pento01", "pento01"},
-                                              {"pento02", "pento02"},
-                                              {"pento03", "pento03"},
-                                              {"pento04", "pento04"},
-                                              {"pento05", "pento05"},
-                                              {"pento06", "pento06"},
-                                              {"pento10", "pento10"},
-                                              {"pento11", "pento11"},
-                                              {"pento12", "pento12"},
-                                              {"triangle", "triangle"},
-                                              {"smallbox", "small box"},
-                                              {"arrow", "arrow #1"},
-                                              {"q", "q"},
-                                              {"o", "o"},
-                                              {"largebox", "bigger box"},
-                                              {"face", "face"},
-                                              {"rocket", "rocket"},
-                                              {"eight", "eight"},
-                                              {"largetriangle", "large triangle"},
-                                              {"square", "square"},
-                                              {"plane", "plane"},
-                                              {"pento07", "pento07"},
-                                              {"pento08", "pento08"},
-                                              {"pento09", "pento09"},
-                                              {"question", "question"},
-                                              {"christmas", "christmas"},
-                                              {"house", "big house"},
-                                              {"pento", ""}};
+  static const std::vector<IconEntry> entries = [] {
+    std::vector<IconEntry> all;
+    for (const Catalogue::Entry& entry : Catalogue::entries())
+      all.push_back({std::string(entry.icon), std::string(entry.key)});
+    all.push_back({"pento", ""});
+    return all;
+  }();
   return entries;
 }
 
