@@ -1,0 +1,207 @@
+// The viewer's window, driven by mouse and keys, and two viewers of one file.
+#include "viewer/HelpWindow.h"
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QFile>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QProcess>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QStatusBar>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTreeWidget>
+
+#include "tests/viewer/HelpFileOnDisk.h"
+#include "viewer/HelpBrowser.h"
+#include "viewer/SingleViewer.h"
+
+namespace {
+
+class HelpWindowTest : public ::testing::Test {
+ protected:
+  void open(const QString& file, int topic = 0) {
+    window = std::make_unique<HelpWindow>(file);
+    window->showTopic(topic);
+    window->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+  }
+  template <class Widget>
+  Widget* find(const char* name) const {
+    return window->findChild<Widget*>(name);
+  }
+  HelpBrowser* page() const { return static_cast<HelpBrowser*>(find<QTextBrowser>("page")); }
+  std::string title() const { return page()->documentTitle().toStdString(); }
+  std::string text() const { return page()->toPlainText().toStdString(); }
+
+  std::unique_ptr<HelpWindow> window;
+};
+
+TEST_F(HelpWindowTest, GoesFromPageToPage) {
+  open(sourcePath("Quinzolith.chm"));
+  EXPECT_EQ(window->windowTitle(), "Quinzolith Help");
+  EXPECT_EQ(title(), "Welcome to Quinzolith");
+  auto* back = find<QAction>("back");
+  auto* forward = find<QAction>("forward");
+  EXPECT_FALSE(back->isEnabled());
+
+  page()->anchorClicked(HelpBook::address("solve.html#turn"));
+  EXPECT_EQ(title(), "How to solve puzzles");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return page()->verticalScrollBar()->value() > 0; }));
+  auto* contents = find<QTreeWidget>("contents");
+  ASSERT_TRUE(contents->currentItem());
+  EXPECT_EQ(contents->currentItem()->text(0), "Turning and mirroring");
+
+  back->trigger();
+  EXPECT_EQ(title(), "Welcome to Quinzolith");
+  EXPECT_EQ(contents->currentItem()->text(0), "Welcome to Quinzolith");
+  forward->trigger();
+  EXPECT_EQ(title(), "How to solve puzzles");
+
+  const QRect place = contents->visualItemRect(contents->topLevelItem(1));
+  QTest::mouseClick(contents->viewport(), Qt::LeftButton, {}, place.center());
+  EXPECT_EQ(title(), "The splash window");
+  find<QAction>("start")->trigger();
+  EXPECT_EQ(title(), "Welcome to Quinzolith");
+}
+
+TEST_F(HelpWindowTest, SearchesAndLooksUp) {
+  open(sourcePath("Quinzolith.chm"), 1100);
+  EXPECT_EQ(title(), "Choosing a puzzle");
+  find<QAction>("find")->trigger();
+  auto* words = find<QLineEdit>("searchWords");
+  QTest::keyClicks(words, "2339 ways");
+  EXPECT_EQ(find<QListWidget>("hits")->count(), 1);
+  QTest::keyClick(words, Qt::Key_Return);
+  EXPECT_EQ(title(), "About pentominoes");
+  ASSERT_FALSE(page()->extraSelections().isEmpty());
+  EXPECT_EQ(page()->extraSelections().first().cursor.selectedText(), "2339");
+
+  auto* indexWord = find<QLineEdit>("indexWord");
+  QTest::keyClicks(indexWord, "trash");
+  QTest::keyClick(indexWord, Qt::Key_Return);
+  EXPECT_EQ(title(), "How to create puzzles");
+}
+
+TEST_F(HelpWindowTest, EnlargesThePage) {
+  open(sourcePath("Quinzolith.chm"), 1200);
+  const auto height = [this] { return page()->document()->size().height(); };
+  const double before = height();
+  for (int step = 0; step < 4; ++step) find<QAction>("larger")->trigger();
+  EXPECT_GT(height(), before);
+  for (int step = 0; step < 4; ++step) find<QAction>("smaller")->trigger();
+  EXPECT_EQ(height(), before);
+}
+
+TEST_F(HelpWindowTest, SaysInTheWindowWhatIsWrong) {
+  QTemporaryDir folder;
+  const QString path = folder.filePath("Some help.chm");
+  const auto write = [&](const QByteArray& bytes) {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+  };
+  open(path);
+  EXPECT_NE(text().find("missing"), std::string::npos);
+  EXPECT_NE(text().find(path.toStdString()), std::string::npos);
+  write("something else");
+  window->showTopic(1200);
+  EXPECT_NE(text().find("not a compiled help file"), std::string::npos);
+  write(sourceBytes("Quinzolith.chm"));
+  window->showTopic(1200);
+  EXPECT_EQ(title(), "How to solve puzzles") << "a file that has come back is read";
+  window->showTopic(77);
+  EXPECT_NE(text().find("no topic 77"), std::string::npos);
+  page()->anchorClicked(HelpBook::address("nowhere.html"));
+  EXPECT_NE(text().find("nowhere.html"), std::string::npos);
+}
+
+TEST_F(HelpWindowTest, PagesReachNothingOutsideTheHelpFile) {
+  QTemporaryDir folder;
+  QImage secret(8, 8, QImage::Format_RGB32);
+  secret.fill(Qt::red);
+  const QString path = folder.filePath("secret.png");
+  ASSERT_TRUE(secret.save(path));
+  open(sourcePath("Quinzolith.chm"));
+  for (const QString& name : {path, "file://" + path, "../../" + path}) {
+    const QVariant picture = page()->loadResource(QTextDocument::ImageResource, QUrl(name));
+    ASSERT_EQ(picture.typeId(), QMetaType::QImage) << "a null answer is looked for on the disk";
+    EXPECT_EQ(picture.value<QImage>().size(), QSize(1, 1)) << name.toStdString();
+    page()->anchorClicked(QUrl(name));
+    EXPECT_EQ(text().find("PNG"), std::string::npos);
+    for (const auto type : {QTextDocument::HtmlResource, QTextDocument::StyleSheetResource}) {
+      const QVariant other = page()->loadResource(type, QUrl(name));
+      EXPECT_FALSE(other.isNull());
+      EXPECT_FALSE(other.toByteArray().contains("PNG"));
+    }
+  }
+  page()->anchorClicked(QUrl("file:///etc/passwd"));
+  EXPECT_TRUE(window->statusBar()->currentMessage().contains("could not be opened"));
+}
+
+/// Two viewers as they are installed; each has a socket folder of its own here.
+class TwoViewersTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    QFile::setPermissions(folder.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    qputenv("XDG_RUNTIME_DIR", folder.path().toUtf8());
+  }
+  void TearDown() override { qputenv("XDG_RUNTIME_DIR", before); }
+
+  static QString program() { return QStringLiteral(QUINZOLITH_TREE "/quinzolith-help"); }
+
+  const QByteArray before = qgetenv("XDG_RUNTIME_DIR");
+  QTemporaryDir folder;
+};
+
+TEST_F(TwoViewersTest, TheLaterOneHandsItsTopicOverAndEnds) {
+  SingleViewer first(sourcePath("Quinzolith.chm"));
+  EXPECT_FALSE(first.handOver(1200)) << "nobody is there";
+  first.listen();
+  QSignalSpy wanted(&first, &SingleViewer::topicWanted);
+  QProcess later;
+  later.start(program(), {sourcePath("../help/Quinzolith.chm"), "1300"});
+  ASSERT_TRUE(QTest::qWaitFor([&] { return later.state() == QProcess::NotRunning; }, 60000));
+  EXPECT_EQ(later.exitStatus(), QProcess::NormalExit);
+  EXPECT_EQ(later.exitCode(), 0);
+  ASSERT_EQ(wanted.count(), 1);
+  EXPECT_EQ(wanted.first().first().toInt(), 1300);
+}
+
+TEST_F(TwoViewersTest, APlaceLeftByADeadViewerIsTaken) {
+  QProcess dead;
+  dead.start(program(), {sourcePath("Quinzolith.chm")});
+  const SingleViewer asking(sourcePath("Quinzolith.chm"));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return asking.handOver(1000); }, 60000));
+  dead.kill();
+  ASSERT_TRUE(dead.waitForFinished(60000));
+  EXPECT_FALSE(asking.handOver(1000));
+  SingleViewer next(sourcePath("Quinzolith.chm"));
+  next.listen();
+  QSignalSpy wanted(&next, &SingleViewer::topicWanted);
+  QProcess later;
+  later.start(program(), {sourcePath("Quinzolith.chm"), "1100"});
+  ASSERT_TRUE(QTest::qWaitFor([&] { return wanted.count() == 1; }, 60000));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return later.state() == QProcess::NotRunning; }, 60000));
+}
+
+TEST(CommandLine, TellsWrongUseApartWithoutADisplay) {
+  const auto run = [](const QStringList& arguments) {
+    QProcess viewer;
+    viewer.setProcessEnvironment(QProcessEnvironment());
+    viewer.start(QStringLiteral(QUINZOLITH_TREE "/quinzolith-help"), arguments);
+    viewer.waitForFinished(60000);
+    return viewer.exitCode();
+  };
+  EXPECT_EQ(run({"--help"}), 0);
+  EXPECT_EQ(run({"--version"}), 0);
+  EXPECT_EQ(run({}), 2);
+  EXPECT_EQ(run({"a.chm", "12x"}), 2);
+  EXPECT_EQ(run({"a.chm", "-1"}), 2);
+  EXPECT_EQ(run({"a.chm", "1", "2"}), 2);
+}
+
+}  // namespace
