@@ -1,0 +1,42 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "model/PuzzleFormat.h"
+#include "solver/Placement.h"
+
+/// Puzzle files as makers see them: the words of a .qzl, what is wrong with them, and new ones.
+namespace puzzle {
+
+inline constexpr int kBoard = 14;       ///< cells along each side of the board
+inline constexpr int kArea = 12;        ///< the inner area, inside the one-cell ring
+inline constexpr int kMostPieces = 15;  ///< what a tray holds with room to move
+
+struct PuzzleFile {
+  PuzzleFormat::Version version{};
+  char lockFlag = PuzzleFormat::kUnlocked;
+  std::vector<std::int16_t> flags;  ///< column by column
+  std::vector<PuzzleFormat::PieceRecord> pieces;
+
+  Shape shape() const;        ///< the cells whose flag is 0, in the board's coordinates
+  Solution solution() const;  ///< the records, as they stand
+};
+
+bool isPuzzleFile(std::string_view bytes);
+
+/// Errors: std::runtime_error when the file cannot be read to its last piece.
+PuzzleFile readPuzzleFile(std::string_view bytes);
+
+/// Everything that is wrong with a file, one sentence each; empty for a sound one.
+std::vector<std::string> problemsOf(std::string_view bytes);
+
+/// The bytes of a puzzle whose solution is centred on the inner area, to within half a cell.
+/// Errors: Refusal when it does not fit there.
+std::string makePuzzleFile(Solution solution, char lockFlag);
+
+/// A grid of the board's size with the shape's cells empty, all others background, and the pieces
+/// of the solution laid down as far as they fit.
+PENTOGRID boardWith(const Shape& shape, const Solution& solution);
+
+}  // namespace puzzle
