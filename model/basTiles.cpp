@@ -222,7 +222,7 @@ bool SavePuzzle(const fs::path& FileName, const PuzzleTarget& Board) {
     bytes += tailBehind(FileName, bytes.size());
     store.write(FileName, bytes);
   } catch (const std::exception& error) {
-    LastFileError = reasonOf(error);
+    LastFileError = reasonOf(error) + "\r\n" + FileName.string();
     return false;
   }
   if (AfterSave) AfterSave(FileName);

@@ -299,7 +299,7 @@ TEST_F(Tiles, OnlyASuccessfulSaveIsToldOnward) {
     throw std::system_error(ENOSPC, std::generic_category());
   };
   EXPECT_FALSE(SavePuzzle("two.qzl", windows.editor));
-  EXPECT_EQ(LastFileError, "No space left on device.");
+  EXPECT_EQ(LastFileError, "No space left on device.\r\ntwo.qzl");
   EXPECT_FALSE(SavePuzzle(".three.qzl", windows.editor));
   EXPECT_NE(LastFileError.find("begins with a dot"), std::string::npos);
   EXPECT_EQ(saved, std::vector<std::string>{"one.qzl"});

@@ -1,0 +1,100 @@
+#include "edit/KSRecent.h"
+
+#include <gtest/gtest.h>
+
+#include <QTemporaryDir>
+#include <map>
+
+#include "platform/Settings.h"
+
+namespace {
+
+struct Items : RecentMenu {
+  void SetCaption(int item, const std::string& text) override { caption[item] = text; }
+  void SetVisible(int item, bool shown) override { visible[item] = shown; }
+  std::map<int, std::string> caption;
+  std::map<int, bool> visible;
+};
+
+class Recent : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    Settings::useFile(folder_.filePath("settings.ini").toStdString());
+    load(list_, items_);
+  }
+  void TearDown() override { Settings::useFile(""); }
+
+  static void load(KSRecent& list, Items& items) {
+    list.MenuCount(4);
+    list.MenuForm(items);
+    list.Name("Recent Puzzles");
+  }
+
+  void add(const std::string& names) {
+    for (char name : names) list_.AddRecent(std::string(1, name));
+  }
+
+  /// The entries, one letter each.
+  static std::string entries(const KSRecent& list) {
+    std::string all;
+    for (std::int16_t i = 0; i < 4; ++i) all += list.FileName(i);
+    return all;
+  }
+
+  QTemporaryDir folder_;
+  KSRecent list_;
+  Items items_;
+};
+
+TEST_F(Recent, AnEmptyListShowsNothingAndWritesNothing) {
+  EXPECT_EQ(items_.visible, (std::map<int, bool>{{4, false}}));
+  EXPECT_EQ(Settings::get("Kelvo Software\\Quinzolith", "Recent Puzzles", "Recent1", "none"),
+            "none");
+  add("a");
+  EXPECT_EQ(items_.visible, (std::map<int, bool>{{0, true}, {4, true}}));
+  EXPECT_EQ(items_.caption[0], "&1 a");
+}
+
+TEST_F(Recent, TheLatestIsOnTopAndTheFifthDrivesTheOldestOut) {
+  add("dcba");
+  EXPECT_EQ(entries(list_), "abcd");
+  add("a");
+  EXPECT_EQ(entries(list_), "abcd");
+  add("c");
+  EXPECT_EQ(entries(list_), "cabd");
+  list_.AddRecent(list_.FileName(3));
+  EXPECT_EQ(entries(list_), "dcab");
+  add("E");
+  EXPECT_EQ(entries(list_), "Edca");
+  add("e");  // another file than E
+  EXPECT_EQ(entries(list_), "eEdc");
+  EXPECT_EQ(items_.caption[3], "&4 c");
+  EXPECT_EQ(Settings::get("Kelvo Software\\Quinzolith", "Recent Puzzles", "Recent4", ""), "c");
+
+  KSRecent later;
+  Items menu;
+  load(later, menu);
+  EXPECT_EQ(entries(later), "eEdc");
+  EXPECT_EQ(menu.caption, items_.caption);
+}
+
+TEST(Abbreviate, DropsFoldersFromTheFrontAndThenTheStartOfTheName) {
+  const auto shortened = [](const std::string& path) { return KSRecent::Abbreviate(path, '\\'); };
+  EXPECT_EQ(shortened(R"(C:\Games\Puzzles\User\ring.qzl)"), R"(C:\Games\Puzzles\User\ring.qzl)");
+  EXPECT_EQ(shortened(R"(C:\Games\Puzzles\User\rings.qzl)"), R"(..\Puzzles\User\rings.qzl)");
+  EXPECT_EQ(shortened(R"(D:\Documents\My Puzzles\Shapes\Animals\dog.qzl)"),
+            R"(..\Shapes\Animals\dog.qzl)");
+  EXPECT_EQ(shortened(R"(C:\A\puzzle-with-a-very-long-name-here.qzl)"),
+            "..a-very-long-name-here.qzl");
+  EXPECT_EQ(KSRecent::Abbreviate("/home/somebody/puzzles/animals/dog.qzl", '/'),
+            "../puzzles/animals/dog.qzl");
+}
+
+TEST(Abbreviate, CountsCharactersAndCutsNone) {
+  std::string umlauts;
+  for (int i = 0; i < 30; ++i) umlauts += "ü";
+  EXPECT_EQ(KSRecent::Abbreviate(umlauts, '\\'), umlauts);
+  EXPECT_EQ(KSRecent::Abbreviate("x" + umlauts, '\\'), ".." + umlauts.substr(2 * 5));
+}
+
+}  // namespace
