@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QListWidget>
+#include <QTabWidget>
 #include <QTemporaryDir>
 
 #include "model/basTiles.h"
@@ -121,6 +123,76 @@ TEST_F(Tour, EasyModeFromTheChooserAndEachWayOnFromTheSolvedDialog) {
     EXPECT_FALSE(Script::onScreen([&] { return program_->main.Loaded(); }));
     hands.choose(program_->edit, "mnuFile", "mnuFileClose");
     hands.waitClosed(program_->edit);
+  });
+  EXPECT_EQ(trouble, "");
+}
+
+/// Answers the editor's save dialog by keys.
+void saveAs(Robot& robot, const std::string& name) {
+  Script::waitFor("the file dialog", [] {
+    const QWidget* modal = QApplication::activeModalWidget();
+    return modal && modal->isActiveWindow();
+  });
+  robot.type(name);
+  robot.key("Return");
+  Script::waitFor("the dialog to close", [] { return !QApplication::activeModalWidget(); });
+}
+
+/// Takes a new piece from its button and lays it with its corner on a cell.
+void layNew(Robot& robot, Hands& hands, frmEdit& edit, int type, int column, int row) {
+  const auto pieces = [&] { return edit.Grid->Grid()->PentoCollection().Count(); };
+  const std::size_t before = Script::onScreen(pieces);
+  hands.clickOn(edit, QString("cmdPento%1").arg(type));
+  Script::waitFor("the new piece", [&] {
+    const PentoRef piece = edit.Grid->FloatingPento();
+    return piece && piece->PentoType() == type;
+  });
+  robot.moveTo(Script::onScreen([&] {
+    const PentoRef piece = edit.Grid->FloatingPento();
+    return Hands::cell(*edit.Grid, column + (piece->Width() - 1) / 2.0,
+                       row + (piece->Height() - 1) / 2.0);
+  }));
+  robot.click();
+  Script::waitFor("the piece to lie on the board", [&] { return pieces() == before + 1; });
+}
+
+TEST_F(Tour, APuzzleIsMadeSavedFoundInTheChooserAndSolved) {
+  const QTemporaryDir user;
+  const std::filesystem::path file =
+      std::filesystem::path(user.path().toStdString()) / "handmade.qzl";
+  Program::UserPath = file.parent_path();
+  const std::string trouble = Script::run([&] {
+    Robot robot;
+    Hands hands(robot, *program_);
+    hands.waitOpen(program_->splash);
+    hands.clickOn(program_->splash, "imgEdit");
+    hands.waitOpen(program_->edit);
+    layNew(robot, hands, program_->edit, 1, 4, 4);
+    layNew(robot, hands, program_->edit, 8, 5, 5);
+    hands.clickOn(program_->edit, "cmdDown");
+    hands.choose(program_->edit, "mnuFile", "mnuFileSave");
+    saveAs(robot, "handmade");
+    EXPECT_TRUE(std::filesystem::exists(file));
+
+    hands.choose(program_->edit, "mnuFile", "mnuFilePlay");
+    hands.waitOpen(program_->open);
+    Script::onScreen([&] {
+      auto* tabs = program_->open.Window()->findChild<QTabWidget*>();
+      ASSERT_EQ(tabs->tabText(4), "Other");
+      tabs->setCurrentIndex(4);
+      auto* list = program_->open.Window()->findChild<QListWidget*>("lvwPuzzles4");
+      ASSERT_EQ(list->count(), 1);
+      EXPECT_EQ(list->item(0)->text(), "handmade");
+      list->setCurrentRow(0);
+    });
+    hands.clickOn(program_->open, "cmdOk");
+    hands.waitClosed(program_->open);
+    hands.waitOpen(program_->main);
+    EXPECT_EQ(Script::onScreen([] { return basTiles::CurrentPuzzleFile; }), file);
+    hands.solve(Hands::solution(file), Hands::Carrying::ClickByClick);
+    hands.waitOpen(program_->finished);
+    hands.clickOn(program_->finished, "imgQuit");
+    hands.waitClosed(program_->main);
   });
   EXPECT_EQ(trouble, "");
 }
