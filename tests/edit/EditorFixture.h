@@ -1,0 +1,113 @@
+#pragma once
+
+#include <QFileDialog>
+#include <QLineEdit>
+
+#include "platform/PictureBox.h"
+#include "tests/play/PlayFixture.h"
+
+/// The whole program with the editor open, and hands for its buttons, menus and file dialogs.
+class EditorFixture : public PlayFixture {
+ protected:
+  void SetUp() override {
+    PlayFixture::SetUp();
+    basTiles::fSaved = false;
+    user_ = folder_ / "User";
+  }
+
+  frmEdit& edit() { return program_->edit; }
+
+  /// Runs the script in the open editor, and leaves the editor without saving.
+  void inEditor(const std::function<void()>& script) {
+    play([&] {
+      openEditor();
+      script();
+      leave();
+    });
+  }
+
+  void openEditor() {
+    waitOpen(program_->splash);
+    click(program_->splash, "imgEdit");
+    waitActivated();
+  }
+
+  void waitActivated() {
+    waitOpen(edit());
+    Script::waitFor("the first activation", [this] { return program_->open.fEdit; });
+  }
+
+  void leave() {
+    Script::onScreen([this] { edit().fFileChanged = false; });
+    menu(edit(), "mnuFileClose");
+    waitClosed(edit());
+  }
+
+  /// Takes a new piece and lays its top-left corner on a cell.
+  void lay(int type, int column, int row) {
+    Script::onScreen([=, this] {
+      QTest::mouseClick(control(edit(), qPrintable(QString("cmdPento%1").arg(type))),
+                        Qt::LeftButton);
+      const PentoRef piece = edit().Grid->FloatingPento();
+      const double s = edit().Grid->TileWidth();
+      pressBoard((column + piece->Width() / 2.0) * s, (row + piece->Height() / 2.0) * s);
+    });
+  }
+
+  void pressBoard(double x, double y) {
+    QWidget* surface = control(edit(), "pctFore");
+    const int border = PictureBox::kSunkenBorder;
+    const QPoint at(border + static_cast<int>(x), border + static_cast<int>(y));
+    QTest::mouseMove(surface, at);
+    QTest::mouseClick(surface, Qt::LeftButton, {}, at);
+  }
+
+  /// Waits for the file dialog and types a name, or cancels it.
+  static void choose(const fs::path& file) {
+    waitForDialog();
+    Script::post([file] {
+      auto* name = dialog()->findChild<QLineEdit*>("fileNameEdit");
+      name->setText(QString::fromStdString(file.string()));
+      QTest::keyClick(name, Qt::Key_Return);
+    });
+  }
+  static void cancelDialog() {
+    waitForDialog();
+    Script::post([] { dialog()->reject(); });
+    waitQuiet();
+  }
+  static QFileDialog* dialog() {
+    return qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+  }
+  static void waitForDialog() {
+    Script::waitFor("the file dialog", [] { return dialog() != nullptr; });
+  }
+  static void waitQuiet() {
+    Script::waitFor("the dialogs to close", [] { return !QApplication::activeModalWidget(); });
+  }
+
+  std::size_t pieces() {
+    return Script::onScreen([this] { return edit().Grid->Grid()->PentoCollection().Count(); });
+  }
+  bool changed() {
+    return Script::onScreen([this] { return edit().fFileChanged; });
+  }
+  static fs::path current() {
+    return Script::onScreen([] { return basTiles::CurrentFileName; });
+  }
+  static bool saved() {
+    return Script::onScreen([] { return basTiles::fSaved; });
+  }
+  std::string recent(int item) {
+    return Script::onScreen([&] {
+      auto* action = edit().Window()->findChild<QAction*>(QString("mnuFileRecent%1").arg(item));
+      return action->isVisible() ? action->text().toStdString() : "hidden";
+    });
+  }
+  static std::string bytesOf(const fs::path& file) {
+    std::ifstream in(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+  }
+
+  fs::path user_;
+};

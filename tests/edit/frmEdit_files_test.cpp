@@ -1,0 +1,158 @@
+// The editor's files: opening and saving through real dialogs, and the question before changes are
+// lost.
+#include "tests/edit/EditorFixture.h"
+
+using basTiles::CurrentFileName;
+using basTiles::fSaved;
+
+namespace {
+
+using EditorFiles = EditorFixture;
+
+TEST_F(EditorFiles, AFileIsSavedByTheByteAndOpenedAgain) {
+  const fs::path file = user_ / "cross & co.qzl";
+  inEditor([&] {
+    lay(8, 3, 4);
+    Script::post([this] { QTest::keyClick(edit().Window(), Qt::Key_S, Qt::ControlModifier); });
+    waitForDialog();
+    Script::onScreen([this] {
+      EXPECT_EQ(dialog()->windowTitle(), "Open Puzzle");
+      EXPECT_EQ(dialog()->nameFilters(), QStringList{"Pentomino Puzzles (*.qzl)"});
+      EXPECT_EQ(dialog()->directory().path().toStdString(), user_.string());
+    });
+    choose(user_ / "cross & co");  // the extension is added
+    waitQuiet();
+    EXPECT_TRUE(saved());
+    EXPECT_FALSE(changed());
+    EXPECT_EQ(current(), file);
+    EXPECT_NE(recent(0).find("cross && co.qzl"), std::string::npos) << recent(0);
+    EXPECT_EQ(recent(0).substr(0, 3), "&1 ");
+
+    PENTOGRID expected;
+    expected.SetGridSize(14, 14);
+    const auto piece = std::make_shared<PENTO>();
+    piece->PentoType(8);
+    expected.AddPento(piece, 3, 4);
+    EXPECT_EQ(bytesOf(file), PuzzleFormat::write(expected, {1, 1, 7}, PuzzleFormat::kUnlocked));
+
+    lay(1, 5, 10);
+    menu(edit(), "mnuFileSave");  // without a dialog
+    Script::waitFor("the save", [this] { return !edit().fFileChanged; });
+    const std::string two = bytesOf(file);
+    menu(edit(), "mnuFileNew");
+    EXPECT_EQ(pieces(), 0U);
+    EXPECT_EQ(current(), "");
+    menu(edit(), "mnuFileRecent0");
+    EXPECT_EQ(pieces(), 2U);
+    EXPECT_EQ(current(), file);
+    menu(edit(), "mnuFileSaveAs");
+    choose(file);
+    Script::waitFor("the question", [] {
+      return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()) != nullptr;
+    });
+    Script::onScreen([] {
+      qobject_cast<QMessageBox*>(QApplication::activeModalWidget())
+          ->button(QMessageBox::Yes)
+          ->click();
+    });
+    waitQuiet();
+    EXPECT_EQ(bytesOf(file), two);
+
+    menu(edit(), "mnuFileOpen");
+    cancelDialog();
+    EXPECT_EQ(current(), file);
+    EXPECT_EQ(pieces(), 2U);
+  });
+}
+
+TEST_F(EditorFiles, TheQuestionAndWhatEachAnswerLeavesBehind) {
+  using Answer = QMessageBox::StandardButton;
+  inEditor([this] {
+    const auto newPuzzle = [this](Answer button) {
+      menu(edit(), "mnuFileNew");
+      EXPECT_EQ(answer(button), "The current file has changed.\nDo you want to save your changes?");
+    };
+    lay(8, 1, 1);
+    newPuzzle(QMessageBox::Cancel);
+    EXPECT_EQ(pieces(), 1U);
+    EXPECT_TRUE(changed());
+
+    newPuzzle(QMessageBox::Yes);  // nothing was ever saved: a cancelled dialog keeps the board
+    cancelDialog();
+    EXPECT_EQ(pieces(), 1U);
+    EXPECT_TRUE(changed());
+    EXPECT_FALSE(saved());
+
+    newPuzzle(QMessageBox::Yes);
+    choose(user_ / "one.qzl");
+    Script::waitFor("the new puzzle", [] { return CurrentFileName.empty() && fSaved; });
+    EXPECT_EQ(pieces(), 0U);
+    EXPECT_FALSE(changed());
+    EXPECT_TRUE(fs::exists(user_ / "one.qzl"));
+
+    lay(8, 1, 1);
+    newPuzzle(QMessageBox::Yes);  // the save before succeeded, and answers for this one
+    cancelDialog();
+    EXPECT_EQ(pieces(), 0U);
+    EXPECT_FALSE(changed());
+
+    lay(8, 1, 1);
+    newPuzzle(QMessageBox::No);
+    EXPECT_EQ(pieces(), 0U);
+    EXPECT_FALSE(changed());
+  });
+}
+
+TEST_F(EditorFiles, AFailedSaveNamesTheFileAndKeepsTheChanges) {
+  inEditor([this] {
+    lay(8, 1, 1);
+    Script::onScreen([] {
+      basTiles::store.write = [](const fs::path&, const std::string&) {
+        throw std::system_error(std::make_error_code(std::errc::no_space_on_device));
+      };
+    });
+    menu(edit(), "mnuFileClose");
+    answer(QMessageBox::Yes);
+    choose(user_ / "full.qzl");
+    const std::string text = answer();
+    EXPECT_NE(text.find("No space left on device"), std::string::npos) << text;
+    EXPECT_NE(text.find((user_ / "full.qzl").string()), std::string::npos) << text;
+    waitQuiet();
+    EXPECT_TRUE(Script::onScreen([this] { return edit().Loaded(); }));
+    EXPECT_TRUE(changed());
+    EXPECT_FALSE(saved());
+    EXPECT_EQ(current(), user_ / "full.qzl");
+    EXPECT_EQ(recent(0), "hidden");
+  });
+}
+
+TEST_F(EditorFiles, ALockedPuzzleIsRefused) {
+  PENTOGRID board;
+  board.SetGridSize(14, 14);
+  std::ofstream(folder_ / "puzzles" / "ten.qzl", std::ios::binary)
+      << PuzzleFormat::write(board, {1, 1, 7}, PuzzleFormat::kLocked);
+  inEditor([this] {
+    menu(edit(), "mnuFileOpen");
+    choose(folder_ / "puzzles" / "ten.qzl");
+    EXPECT_EQ(answer(), "You cannot edit the standard Quinzolith puzzles.");
+    waitQuiet();
+    EXPECT_EQ(current(), "");
+    EXPECT_EQ(recent(0), "hidden");
+  });
+}
+
+TEST_F(EditorFiles, WithoutTheUserFolderTheDialogStartsInTheDocuments) {
+  play([this] {
+    waitOpen(program_->splash);
+    Script::onScreen([this] { fs::remove_all(user_); });
+    openEditor();
+    menu(edit(), "mnuFileOpen");
+    waitForDialog();
+    EXPECT_NE(Script::onScreen([] { return dialog()->directory().path().toStdString(); }),
+              user_.string());
+    cancelDialog();
+    leave();
+  });
+}
+
+}  // namespace
