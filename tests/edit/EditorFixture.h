@@ -76,14 +76,26 @@ class EditorFixture : public PlayFixture {
     Script::post([] { dialog()->reject(); });
     waitQuiet();
   }
+  /// Answers the file dialog's own question before an existing file is written over.
+  static void answerOverwriting(QMessageBox::StandardButton button) {
+    const auto box = [] { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()); };
+    Script::waitFor("the question", [&] { return box() != nullptr; });
+    Script::onScreen([&] { box()->button(button)->click(); });
+  }
   static QFileDialog* dialog() {
     return qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+  }
+  static std::string nameInDialog() {
+    return Script::onScreen(
+        [] { return dialog()->findChild<QLineEdit*>("fileNameEdit")->text().toStdString(); });
   }
   static void waitForDialog() {
     Script::waitFor("the file dialog", [] { return dialog() != nullptr; });
   }
+  /// Waits until the handler that opened a dialog has gone on after it to its end.
   static void waitQuiet() {
-    Script::waitFor("the dialogs to close", [] { return !QApplication::activeModalWidget(); });
+    Script::waitFor("the dialogs to close",
+                    [] { return !QApplication::activeModalWidget() && NestedLoop::depth() == 0; });
   }
 
   std::size_t pieces() {

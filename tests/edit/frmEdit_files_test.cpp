@@ -47,14 +47,7 @@ TEST_F(EditorFiles, AFileIsSavedByTheByteAndOpenedAgain) {
     EXPECT_EQ(current(), file);
     menu(edit(), "mnuFileSaveAs");
     choose(file);
-    Script::waitFor("the question", [] {
-      return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()) != nullptr;
-    });
-    Script::onScreen([] {
-      qobject_cast<QMessageBox*>(QApplication::activeModalWidget())
-          ->button(QMessageBox::Yes)
-          ->click();
-    });
+    answerOverwriting(QMessageBox::Yes);
     waitQuiet();
     EXPECT_EQ(bytesOf(file), two);
 
@@ -153,6 +146,105 @@ TEST_F(EditorFiles, WithoutTheUserFolderTheDialogStartsInTheDocuments) {
     cancelDialog();
     leave();
   });
+}
+
+TEST_F(EditorFiles, AFailedSaveAfterOneThatSucceededHoldsTheCommandBack) {
+  const fs::path file = user_ / "one.qzl";
+  inEditor([&] {
+    lay(8, 1, 1);
+    menu(edit(), "mnuFileSave");
+    choose(file);
+    waitQuiet();
+    const std::string old = bytesOf(file);
+    lay(8, 6, 6);
+    Script::onScreen([] {
+      basTiles::store.write = [](const fs::path&, const std::string&) {
+        throw std::runtime_error("The disk is on fire.");
+      };
+    });
+    menu(edit(), "mnuFileOpen");
+    answer(QMessageBox::Yes);
+    EXPECT_NE(answer().find("The disk is on fire."), std::string::npos);
+    waitQuiet();  // no open dialog follows
+    EXPECT_FALSE(saved());
+    EXPECT_TRUE(changed());
+    EXPECT_EQ(current(), file);
+    EXPECT_EQ(pieces(), 2U);
+    EXPECT_EQ(bytesOf(file), old);
+  });
+}
+
+TEST_F(EditorFiles, ACancelledSaveAsChangesNothingAndTheDialogKeepsItsFolder) {
+  const fs::path folder = user_ / "animals", file = folder / "dog.qzl";
+  inEditor([&] {
+    fs::create_directories(folder);
+    lay(8, 1, 1);
+    menu(edit(), "mnuFileSaveAs");
+    choose(folder / "dog");
+    waitQuiet();
+    const std::string old = bytesOf(file);
+
+    lay(8, 5, 5);
+    menu(edit(), "mnuFileSaveAs");
+    waitForDialog();
+    EXPECT_EQ(nameInDialog(), "dog.qzl");
+    choose(folder / "dog");  // without the extension it is the same file
+    answerOverwriting(QMessageBox::No);
+    cancelDialog();
+    EXPECT_TRUE(changed());
+    EXPECT_TRUE(saved());
+    EXPECT_EQ(current(), file);
+    EXPECT_EQ(bytesOf(file), old);
+
+    menu(edit(), "mnuFileNew");
+    answer(QMessageBox::No);
+    menu(edit(), "mnuFileOpen");
+    waitForDialog();
+    EXPECT_EQ(nameInDialog(), "");
+    EXPECT_EQ(Script::onScreen([] { return dialog()->directory().path().toStdString(); }),
+              folder.string());
+    cancelDialog();
+  });
+}
+
+TEST_F(EditorFiles, ARecentFileThatIsGoneIsReportedAndStaysInTheList) {
+  inEditor([this] {
+    lay(8, 1, 1);
+    for (const char* name : {"one.qzl", "two.qzl"}) {
+      menu(edit(), "mnuFileSaveAs");
+      choose(user_ / name);
+      waitQuiet();
+    }
+    fs::remove(user_ / "one.qzl");
+    menu(edit(), "mnuFileRecent1");
+    EXPECT_EQ(answer(), "File does not exist.");
+    waitQuiet();
+    EXPECT_EQ(current(), "");
+    EXPECT_EQ(pieces(), 1U);  // the loader touches nothing before it has found a file
+    EXPECT_NE(recent(0).find("two.qzl"), std::string::npos) << recent(0);
+    EXPECT_NE(recent(1).find("one.qzl"), std::string::npos) << recent(1);
+    menu(edit(), "mnuFileRecent0");
+    EXPECT_EQ(current(), user_ / "two.qzl");
+  });
+}
+
+TEST_F(EditorFiles, TheWindowsCloseBoxAsksAndSaves) {
+  play([this] {
+    openEditor();
+    lay(8, 1, 1);
+    const auto closeBox = [this] { Script::post([this] { edit().Window()->close(); }); };
+    closeBox();
+    answer(QMessageBox::Cancel);
+    waitQuiet();
+    EXPECT_TRUE(Script::onScreen([this] { return edit().Window()->isVisible(); }));
+    EXPECT_TRUE(changed());
+    EXPECT_EQ(pieces(), 1U);
+    closeBox();
+    answer(QMessageBox::Yes);
+    choose(user_ / "last.qzl");
+    waitClosed(edit());
+  });
+  EXPECT_TRUE(fs::exists(user_ / "last.qzl"));
 }
 
 }  // namespace

@@ -156,4 +156,21 @@ TEST_F(Editor, HelpGoesToItsTopics) {
   EXPECT_EQ(f1, 1300);
 }
 
+TEST_F(Editor, WithFewColoursTheBackgroundGoesAndTheAboutBoxIsShownOverTheCover) {
+  Screen::bitsPerPixel = [](const QWidget&) { return 8; };
+  inEditor([this] {
+    const auto covered = [this] {
+      return Script::onScreen([this] { return control(edit(), "fraCover")->isVisible(); });
+    };
+    EXPECT_TRUE(Script::onScreen([this] { return edit().Grid->BackTexture().isNull(); }));
+    EXPECT_FALSE(covered());
+    menu(edit(), "mnuHelpAbout");
+    waitOpen(program_->splash);
+    EXPECT_TRUE(covered());
+    key(program_->splash, Qt::Key_Return);
+    waitClosed(program_->splash);
+    EXPECT_FALSE(covered());
+  });
+}
+
 }  // namespace
