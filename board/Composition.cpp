@@ -10,17 +10,6 @@ constexpr Surface::Pixel kOutline = Surface::rgb(255, 255, 255);
 
 }  // namespace
 
-void DirtyRectangle::include(const DirtyRectangle& other) {
-  left = std::min(left, other.left);
-  top = std::min(top, other.top);
-  right = std::max(right, other.right);
-  bottom = std::max(bottom, other.bottom);
-}
-
-DirtyRectangle DirtyRectangle::within(int width, int height) const {
-  return {std::max(left, 0), std::max(top, 0), std::min(right, width), std::min(bottom, height)};
-}
-
 Composition::Composition() {
   pctBackground_.resize(kBackgroundSize, kBackgroundSize);
   background(QImage());
@@ -40,23 +29,21 @@ void Composition::draw(const Scene& scene, const DirtyRectangle& area, Surface& 
   if (seen.empty()) return;
   pctBack_.resize(seen.right - seen.left, seen.bottom - seen.top);
   collectSpots(scene, seen);
-  PaintBackground(scene, seen);
-  PaintCells(scene);
+  const FloatingCover cover(scene.floating, scene.atlas->tileWidth(), seen);
+  PaintBackground(scene, seen, cover);
+  PaintCells(scene, cover);
   PaintBorders(scene);
   PaintFloatingPento(scene, seen);
   BitBlt(onto, seen.left, seen.top, pctBack_.width(), pctBack_.height(), pctBack_, 0, 0);
 }
 
-Composition::Spot Composition::spotAt(const Scene& scene, int column, int row) const {
-  Spot spot{0, 0, column, row, scene.grid->PentoID(column, row), kNoTexture};
-  if (spot.id == PENTOGRID::kEmpty) {
-    spot.texture = TextureAtlas::kEmptyCell;
-  } else if (spot.id > 0) {
-    const bool again = !spots_.empty() && spots_.back().id == spot.id;
-    const int type = again ? spots_.back().texture : scene.grid->PentoAt(column, row)->PentoType();
-    spot.texture = TextureAtlas::contains(type) ? type : kNoTexture;
-  }
-  return spot;
+/// The texture of a cell. Neighbours that belong to the same piece share one question.
+int Composition::textureAt(const Scene& scene, int column, int row, std::int32_t id) const {
+  if (id == PENTOGRID::kEmpty) return TextureAtlas::kEmptyCell;
+  if (id < 0) return kNoTexture;
+  if (!spots_.empty() && spots_.back().id == id) return spots_.back().texture;
+  const int type = scene.grid->PentoAt(column, row)->PentoType();
+  return TextureAtlas::contains(type) ? type : kNoTexture;
 }
 
 /// The cells of the grid that the area touches, row by row.
@@ -68,23 +55,27 @@ void Composition::collectSpots(const Scene& scene, const DirtyRectangle& area) {
   const int lastRow = std::min((area.bottom - 1) / s, scene.grid->Height() - 1);
   for (int row = area.top / s; row <= lastRow; ++row) {
     for (int column = area.left / s; column <= lastColumn; ++column) {
-      Spot spot = spotAt(scene, column, row);
-      spot.x = column * s - area.left;
-      spot.y = row * s - area.top;
-      spots_.push_back(spot);
+      const std::int32_t id = scene.grid->PentoID(column, row);
+      spots_.push_back({column * s - area.left, row * s - area.top, column, row, id,
+                        textureAt(scene, column, row, id)});
     }
   }
 }
 
-void Composition::PaintBackground(const Scene& scene, const DirtyRectangle& area) {
+void Composition::PaintBackground(const Scene& scene, const DirtyRectangle& area,
+                                  const FloatingCover& cover) {
   const int width = pctBack_.width(), height = pctBack_.height();
   if (spots_.empty()) {
     fillWithBackground(area, 0, 0, width, height);
     return;
   }
+  for (const Spot& spot : spots_) {
+    if (spot.texture != kNoTexture) continue;
+    cover.aroundCell(spot.x, spot.y, [&](int x, int y, int partWidth, int partHeight) {
+      fillWithBackground(area, x, y, partWidth, partHeight);
+    });
+  }
   const int s = scene.atlas->tileWidth();
-  for (const Spot& spot : spots_)
-    if (spot.texture == kNoTexture) fillWithBackground(area, spot.x, spot.y, s, s);
   const int right = spots_.back().x + s, bottom = spots_.back().y + s;  // the grid ends here
   fillWithBackground(area, right, 0, width - right, height);
   fillWithBackground(area, 0, bottom, right, height - bottom);
@@ -111,25 +102,28 @@ void Composition::fillWithBackground(const DirtyRectangle& area, int x, int y, i
   }
 }
 
-void Composition::PaintCells(const Scene& scene) {
-  for (const Spot& spot : spots_)
-    if (spot.texture != kNoTexture) scene.atlas->copyTile(spot.texture, pctBack_, spot.x, spot.y);
+void Composition::PaintCells(const Scene& scene, const FloatingCover& cover) {
+  for (const Spot& spot : spots_) {
+    if (spot.texture == kNoTexture) continue;
+    cover.aroundCell(spot.x, spot.y, [&](int x, int y, int width, int height) {
+      scene.atlas->copyPart(spot.texture, x - spot.x, y - spot.y, width, height, pctBack_, x, y);
+    });
+  }
 }
 
 /// A white line on each side whose neighbour inside the grid belongs to something else.
 void Composition::PaintBorders(const Scene& scene) {
+  if (spots_.empty()) return;
   const int s = scene.atlas->tileWidth();
-  for (const Spot& spot : spots_) {
-    if (spot.id == PENTOGRID::kBackground) continue;
-    const auto differs = [&](int column, int row) {
-      return column >= 0 && row >= 0 && column < scene.grid->Width() &&
-             row < scene.grid->Height() && scene.grid->PentoID(column, row) != spot.id;
-    };
-    const auto [x, y, column, row, id, texture] = spot;
-    if (differs(column, row - 1)) fillRect(pctBack_, x, y, s, 1, kOutline);
-    if (differs(column - 1, row)) fillRect(pctBack_, x, y, 1, s, kOutline);
-    if (differs(column, row + 1)) fillRect(pctBack_, x, y + s - 1, s, 1, kOutline);
-    if (differs(column + 1, row)) fillRect(pctBack_, x + s - 1, y, 1, s, kOutline);
+  const PENTOGRID& grid = *scene.grid;
+  for (const auto& [x, y, column, row, id, texture] : spots_) {
+    if (id == PENTOGRID::kBackground) continue;
+    if (row > 0 && grid.PentoID(column, row - 1) != id) drawRow(pctBack_, x, y, s, kOutline);
+    if (column > 0 && grid.PentoID(column - 1, row) != id) drawColumn(pctBack_, x, y, s, kOutline);
+    if (row < grid.Height() - 1 && grid.PentoID(column, row + 1) != id)
+      drawRow(pctBack_, x, y + s - 1, s, kOutline);
+    if (column < grid.Width() - 1 && grid.PentoID(column + 1, row) != id)
+      drawColumn(pctBack_, x + s - 1, y, s, kOutline);
   }
 }
 

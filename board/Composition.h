@@ -1,29 +1,19 @@
 #pragma once
 
-#include <QRect>
 #include <vector>
 
+#include "board/DirtyRectangle.h"
+#include "board/FloatingCover.h"
 #include "board/TextureAtlas.h"
 #include "model/PENTOGRID.h"
 #include "platform/Surface.h"
 
-/// The area to be composed at the next flush: device pixels of the drawing surface, right and
-/// bottom exclusive. It may reach beyond the surface.
-struct DirtyRectangle {
-  std::int32_t left = 0, top = 0, right = 0, bottom = 0;
-
-  void include(const DirtyRectangle& other);
-  DirtyRectangle within(int width, int height) const;
-  bool empty() const { return left >= right || top >= bottom; }
-};
-
 /// Composes the picture of a board, off screen, over a rectangle of its drawing surface:
-/// background, cells, white outlines, floating piece. What another layer covers wholly is not
-/// painted.
+/// background, cells, white outlines, floating piece. Background under cells and cells under
+/// the floating piece are not painted: each pixel is written about once.
 ///
 /// Units:  device pixels. Everything stands in the drawing surface's own positions, so tiles line
-/// up
-///         whatever the rectangle is.
+///         up whatever the rectangle is.
 class Composition {
  public:
   /// What is to be seen.
@@ -54,9 +44,9 @@ class Composition {
   static constexpr int kNoTexture = -1;
 
   void collectSpots(const Scene& scene, const DirtyRectangle& area);
-  Spot spotAt(const Scene& scene, int column, int row) const;
-  void PaintBackground(const Scene& scene, const DirtyRectangle& area);
-  void PaintCells(const Scene& scene);
+  int textureAt(const Scene& scene, int column, int row, std::int32_t id) const;
+  void PaintBackground(const Scene& scene, const DirtyRectangle& area, const FloatingCover& cover);
+  void PaintCells(const Scene& scene, const FloatingCover& cover);
   void PaintBorders(const Scene& scene);
   void PaintFloatingPento(const Scene& scene, const DirtyRectangle& area);
   void fillWithBackground(const DirtyRectangle& area, int x, int y, int width, int height);

@@ -15,14 +15,15 @@
 /// The board control: shows one grid in texture tiles and lets the player pick pieces up, carry,
 /// turn, mirror and lay them down. It reports to its owner by five events.
 ///
-/// Units:  the owner places the control in twips; the drawing surface inside works in device
-/// pixels. A
-///         floating piece's position is the pixel of its top-left corner on the surface of the
-///         control that moved it last.
-/// Order:  ReadProperties, then Grid, then TileSize from the owner's layout; then everything else.
-/// Events: an owner may close the control's window inside an event; the control then touches
-/// nothing. Ownership: the grid belongs to the owner and must outlive the control's window; a piece
-/// is shared.
+/// Units:     the owner places the control in twips; the drawing surface inside works in device
+///            pixels. A floating piece's position is the pixel of its top-left corner on the
+///            surface of the control that moved it last.
+/// Order:     ReadProperties, then Grid, then TileSize from the owner's layout; then everything
+///            else. What needs a grid throws std::logic_error without one.
+/// Events:    an owner may close the control's window inside an event; the control then touches
+///            nothing.
+/// Ownership: the grid belongs to the owner and must outlive the control's window; a piece is
+///            shared.
 class PENTOWINDOW : public PointerSurface, public PuzzleTarget {
  public:
   explicit PENTOWINDOW(QWidget* parent);
@@ -47,8 +48,8 @@ class PENTOWINDOW : public PointerSurface, public PuzzleTarget {
 
   // --- the floating piece ---
   PentoRef FloatingPento() const { return FloatingPento_; }
-  void FloatingPento(
-      const PentoRef& P);    ///< lets P float here, in place of one that floats already
+  /// Lets P float here, in place of one that floats already. Paints nothing.
+  void FloatingPento(const PentoRef& P);
   void ShowFloatingPento();  ///< paints nothing; the next flush shows the piece
   void HideFloatingPento();
   void RemoveFloatingPento() override;
@@ -83,6 +84,7 @@ class PENTOWINDOW : public PointerSurface, public PuzzleTarget {
   void pointerDown(Button, const QPointF&) override {}
   void pointerDoubleClick(Button, const QPointF&) override {}
   void resizeEvent(QResizeEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
   void showEvent(QShowEvent* event) override;
   void hideEvent(QHideEvent* event) override;
 
@@ -92,6 +94,8 @@ class PENTOWINDOW : public PointerSurface, public PuzzleTarget {
   // geometry
   void centreSurface(double width, double height);
   void UserControl_Resize();
+  void noticeSize();
+  PENTOGRID& assignedGrid() const;
   double innerWidth() const;   // twips
   double innerHeight() const;  // twips
 
@@ -138,6 +142,7 @@ class PENTOWINDOW : public PointerSurface, public PuzzleTarget {
   PENTOGRID* grid_ = nullptr;
   bool fGridSet_ = false;
   bool fResizing_ = false;
+  QSize handledSize_{-1, -1};
   DirtyRectangle dirty_;
   double surfaceLeft_ = 0;  // twips
   double surfaceTop_ = 0;   // twips

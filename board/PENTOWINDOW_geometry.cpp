@@ -17,9 +17,11 @@ double PENTOWINDOW::innerHeight() const {
 
 void PENTOWINDOW::TileSize(std::int16_t pixels) {
   if (pixels == 0) return;
+  noticeSize();
   atlas_.load(textureFile(Program::ColorDepth), pixels);
-  centreSurface(pixels * grid_->Width() * Twips::perDevicePixelX(*this),
-                pixels * grid_->Height() * Twips::perDevicePixelY(*this));
+  const PENTOGRID& grid = assignedGrid();
+  centreSurface(pixels * grid.Width() * Twips::perDevicePixelX(*this),
+                pixels * grid.Height() * Twips::perDevicePixelY(*this));
   quicken();
 }
 
@@ -35,7 +37,7 @@ void PENTOWINDOW::centreSurface(double width, double height) {
 void PENTOWINDOW::UserControl_Resize() {
   fResizing_ = true;
   const double unit = Twips::perPixel(*this);
-  if (!fGridSet_) {
+  if (!grid_) {
     centreSurface(innerWidth(), innerHeight());
   } else {
     // The height of a caption button is a number of pixels; it was always added as one of twips.
@@ -50,6 +52,18 @@ void PENTOWINDOW::UserControl_Resize() {
   pctFore_Paint();
 }
 
-void PENTOWINDOW::resizeEvent(QResizeEvent*) {
+/// Handles a new size once. The toolkit tells a hidden control of it only when it is shown, which
+/// would be after the owner has set the tile and would undo the surface's size.
+void PENTOWINDOW::noticeSize() {
+  if (size() == handledSize_) return;
+  handledSize_ = size();
   UserControl_Resize();
+}
+
+void PENTOWINDOW::resizeEvent(QResizeEvent*) {
+  noticeSize();
+}
+
+void PENTOWINDOW::moveEvent(QMoveEvent*) {
+  pctFore_->layOut();  // on a fractional scale it may now stand between two pixels of the window
 }

@@ -69,6 +69,7 @@ void PENTOWINDOW::FloatingPento(const PentoRef& P) {
 }
 
 void PENTOWINDOW::ShowFloatingPento() {
+  if (!fFloatVisible_) quicken();
   fFloatVisible_ = true;
 }
 
@@ -88,7 +89,7 @@ void PENTOWINDOW::RemoveFloatingPento() {
 
 /// The hand over a piece that can be picked up.
 void PENTOWINDOW::hover(double x, double y) {
-  if (fFloating_ || !fGridSet_) return;
+  if (fFloating_ || !grid_) return;
   const int s = atlas_.tileWidth();
   if (s == 0) return;
   const bool overPiece = grid_->PentoID(Twips::nearest(x) / s, Twips::nearest(y) / s) >= 1;
@@ -151,6 +152,7 @@ void PENTOWINDOW::moveFloatingTo(double x, double y) {
 void PENTOWINDOW::pctFore_MouseDown(Button button, double x, double y) {
   quicken();
   LastButton_ = button;
+  if (!grid_) return;
   if (!fFloating_) {
     pickUp(x, y);
   } else if (button == kRight) {

@@ -12,7 +12,7 @@ void PENTOWINDOW::pctFore_Paint() {
 void PENTOWINDOW::FlushDirty() {
   try {
     Composition::Scene scene;
-    scene.grid = fGridSet_ ? grid_ : nullptr;
+    scene.grid = fGridSet_ ? &assignedGrid() : nullptr;
     scene.atlas = &atlas_;
     scene.floating = fFloating_ && fFloatVisible_ && fGridSet_ ? FloatingPento_.get() : nullptr;
     composition_.draw(scene, dirty_, pctFore_->picture());

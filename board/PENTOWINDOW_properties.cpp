@@ -1,3 +1,5 @@
+#include <stdexcept>
+
 #include "board/PENTOWINDOW.h"
 #include "platform/Twips.h"
 
@@ -76,30 +78,36 @@ void PENTOWINDOW::Grid(PENTOGRID* grid) {
   fGridSet_ = true;
 }
 
+PENTOGRID& PENTOWINDOW::assignedGrid() const {
+  if (!grid_) throw std::logic_error("The board control has no grid yet.");
+  return *grid_;
+}
+
 std::int16_t PENTOWINDOW::EmptyCount() const {
+  const PENTOGRID& grid = assignedGrid();
   int count = 0;
-  for (int x = 0; x < grid_->Width(); ++x)
-    for (int y = 0; y < grid_->Height(); ++y)
-      if (grid_->PentoID(x, y) == PENTOGRID::kEmpty) ++count;
+  for (int x = 0; x < grid.Width(); ++x)
+    for (int y = 0; y < grid.Height(); ++y)
+      if (grid.PentoID(x, y) == PENTOGRID::kEmpty) ++count;
   return static_cast<std::int16_t>(count);
 }
 
 void PENTOWINDOW::MoveLeft() {
-  grid_->MoveLeft();
+  assignedGrid().MoveLeft();
   PaintAll();
 }
 
 void PENTOWINDOW::MoveRight() {
-  grid_->MoveRight();
+  assignedGrid().MoveRight();
   PaintAll();
 }
 
 void PENTOWINDOW::MoveUp() {
-  grid_->MoveUp();
+  assignedGrid().MoveUp();
   PaintAll();
 }
 
 void PENTOWINDOW::MoveDown() {
-  grid_->MoveDown();
+  assignedGrid().MoveDown();
   PaintAll();
 }

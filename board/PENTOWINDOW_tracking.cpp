@@ -49,6 +49,7 @@ void PENTOWINDOW::followOutside(const basKelvoWinAPI::POINT& p, const basKelvoWi
 }
 
 bool PENTOWINDOW::nothingToSee() const {
+  if (!fFloatVisible_) return true;  // whatever shows the piece again also quickens the timer
   if (!fFloating_) return Pointer::secondsSinceMove() > kRestAfter;
   const Surface& picture = pctFore_->picture();
   return floatingBox().within(picture.width(), picture.height()).empty();

@@ -41,10 +41,11 @@ void TextureAtlas::showUnscaled(const QImage& picture) {
   tile_ = Twips::nearest(atlas_.width() / static_cast<double>(kColumns));
 }
 
-void TextureAtlas::copyTile(int texture, Surface& to, int x, int y) const {
+void TextureAtlas::copyPart(int texture, int fromX, int fromY, int width, int height, Surface& to,
+                            int x, int y) const {
   if (!contains(texture)) return;
-  BitBlt(to, x, y, tile_, tile_, atlas_, tile_ * (texture % kColumns),
-         tile_ * (texture / kColumns));
+  BitBlt(to, x, y, width, height, atlas_, tile_ * (texture % kColumns) + fromX,
+         tile_ * (texture / kColumns) + fromY);
 }
 
 std::filesystem::path textureFile(int colorDepth) {

@@ -20,8 +20,7 @@ class TextureAtlas {
 
   /// Reads a texture file and scales it, without blending, to tiles of `tile` pixels.
   /// Errors: std::runtime_error when the file cannot be read as a picture; the tile size has
-  /// changed
-  ///         by then and the atlas is plain.
+  ///         changed by then and the atlas is plain.
   void load(const std::filesystem::path& file, int tile);
 
   /// Shows a picture unscaled in an atlas that keeps its size; the tile becomes a quarter of its
@@ -34,7 +33,12 @@ class TextureAtlas {
   static bool contains(int texture) { return texture >= 0 && texture < kTextures; }
 
   /// Copies a texture to (x, y), clipped to the target. A number that is no texture copies nothing.
-  void copyTile(int texture, Surface& to, int x, int y) const;
+  void copyTile(int texture, Surface& to, int x, int y) const {
+    copyPart(texture, 0, 0, tile_, tile_, to, x, y);
+  }
+  /// Copies a part of a texture that starts at (fromX, fromY) inside it.
+  void copyPart(int texture, int fromX, int fromY, int width, int height, Surface& to, int x,
+                int y) const;
 
  private:
   Surface atlas_;

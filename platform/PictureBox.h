@@ -26,9 +26,11 @@ class PictureBox : public PointerSurface {
   /// Moves the box to `topLeft`, device pixels from its parent's corner, and gives it an outer
   /// size. The place is rounded to a whole device pixel of the window.
   void setPlace(const QPointF& topLeft, const QSize& outer);
+  /// Stands the box at a whole device pixel again; for when its parent has moved.
+  void layOut();
   QSize outerSize() const { return outer_; }
 
-  /// The retained pixels. After drawing on them, show() the rectangle that changed.
+  /// The retained pixels. After drawing on them, present() the rectangle that changed.
   Surface& picture() { return picture_; }
   void present(const QRect& changed);
 
@@ -55,7 +57,6 @@ class PictureBox : public PointerSurface {
  private:
   QPointF toPicture(const QPointF& logical) const;
   void fitPicture();
-  void layOut();
   void requestPaint();
   void drawBorder(class QPainter& painter) const;
   void applyCursor();

@@ -24,8 +24,7 @@ class Listener : public QObject {
       case QEvent::MouseMove:
       case QEvent::MouseButtonPress:
       case QEvent::MouseButtonDblClick:
-        see(static_cast<QMouseEvent*>(event)->globalPosition());
-        known_ = true;
+        tell(static_cast<QMouseEvent*>(event)->globalPosition());
         break;
       case QEvent::Leave:
       case QEvent::WindowBlocked:
@@ -42,7 +41,7 @@ class Listener : public QObject {
     const qint64 now = clock_.nsecsElapsed();
     if (known_ || (asked_ >= 0 && now - asked_ < kSameMoment)) return last_;
     asked_ = now;
-    see(QPointF(QCursor::pos()));
+    last_ = QPointF(QCursor::pos());
     return last_;
   }
 
@@ -56,10 +55,10 @@ class Listener : public QObject {
   }
 
  private:
-  void see(const QPointF& position) {
-    if (position == last_) return;
+  void tell(const QPointF& position) {
+    if (position != last_) lastMove_ = clock_.nsecsElapsed();
     last_ = position;
-    lastMove_ = clock_.nsecsElapsed();
+    known_ = true;
   }
 
   QElapsedTimer clock_;

@@ -15,7 +15,7 @@ QPointF position();
 /// Puts the pointer somewhere: best effort, since some display servers refuse.
 void place(const QPointF& position);
 
-/// Seconds since the pointer was last seen to move.
+/// Seconds since the pointer last moved over a window of the program.
 double secondsSinceMove();
 
 /// Starts listening to the program's mouse events; call once the application object exists. Without

@@ -44,8 +44,9 @@ class Surface {
 void BitBlt(Surface& to, int x, int y, int width, int height, const Surface& from, int fromX,
             int fromY);
 
-/// Fills a rectangle, clipped to the surface.
-void fillRect(Surface& on, int x, int y, int width, int height, Surface::Pixel colour);
+/// Lines one pixel wide from (x, y) to the right and downward, clipped to the surface.
+void drawRow(Surface& on, int x, int y, int length, Surface::Pixel colour);
+void drawColumn(Surface& on, int x, int y, int length, Surface::Pixel colour);
 
 /// Scales a whole picture onto the whole surface, each pixel from its nearest neighbour.
 void stretchOnto(Surface& to, const Surface& from);

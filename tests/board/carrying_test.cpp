@@ -1,0 +1,85 @@
+// Who shows the carried piece, where it goes beyond the surface, and the cursors on the way.
+#include "tests/board/BoardFixture.h"
+
+namespace {
+
+class Carrying : public BoardFixture {
+ protected:
+  void SetUp() override {
+    BoardFixture::SetUp();
+    piece_ = lay(trayGrid_, 8, 2, 2);
+    tray_.PaintAll();
+    board_.PaintAll();
+    bareBoard_ = shown(board_);
+  }
+
+  QImage shown(PENTOWINDOW& control) { return surface(control).picture().view().copy(); }
+  Qt::CursorShape cursor(PENTOWINDOW& control) { return surface(control).cursor().shape(); }
+
+  PentoRef piece_;
+  QImage bareBoard_;
+};
+
+TEST_F(Carrying, OnlyTheControlUnderThePointerShowsThePiece) {
+  trayGrid_.RemovePento(3, 3);
+  tray_.PaintAll();
+  const QImage bareTray = shown(tray_);
+  trayGrid_.AddPento(piece_, 2, 2);
+  click(cell(tray_, 3, 3));
+  move(cell(tray_, 4, 4));
+  EXPECT_NE(shown(tray_), bareTray);
+  EXPECT_EQ(shown(board_), bareBoard_);
+  move(cell(board_, 5, 5));
+  EXPECT_EQ(shown(tray_), bareTray);
+  EXPECT_NE(shown(board_), bareBoard_);
+}
+
+TEST_F(Carrying, ThePieceSlidesOffTheEdgeWithThePointer) {
+  click(cell(tray_, 3, 3));
+  move(cell(board_, 5, 5));
+  const QPoint outside(235, 260);  // between the two controls, which nobody reports
+  QCursor::setPos(window_.mapToGlobal(outside));
+  const int left = (outside.x() - board_.x()) - surface(board_).x() - 45;  // half of three tiles
+  EXPECT_TRUE(QTest::qWaitFor([&] { return piece_->X() == left; })) << piece_->X();
+}
+
+TEST_F(Carrying, TheCursorTellsWhatAPressWouldDo) {
+  move(cell(board_, 5, 5));
+  EXPECT_EQ(cursor(tray_), Qt::ArrowCursor);
+  move(cell(tray_, 3, 3));
+  EXPECT_EQ(cursor(tray_), Qt::BitmapCursor) << "the hand";
+  move(cell(tray_, 6, 6));
+  EXPECT_EQ(cursor(tray_), Qt::ArrowCursor);
+  click(cell(tray_, 3, 3));
+  EXPECT_EQ(cursor(tray_), Qt::BlankCursor);
+  move(cell(board_, 5, 5));
+  click(cell(board_, 5, 5));
+  EXPECT_EQ(cursor(board_), Qt::ArrowCursor);
+  EXPECT_EQ(cursor(tray_), Qt::ArrowCursor);
+}
+
+TEST_F(Carrying, MovesOverTheMarginCaptureEveryTimeAndCarryThePiece) {
+  click(cell(tray_, 3, 3));
+  int captures = 0;
+  board_.Capture = [&] { ++captures; };
+  move(QPoint(250, 20));
+  move(QPoint(252, 20));
+  EXPECT_EQ(captures, 2);
+  EXPECT_EQ(piece_->X(), 252 - board_.x() - surface(board_).x() - 45);
+  EXPECT_EQ(piece_->Y(), 20 - surface(board_).y() - 45);
+}
+
+TEST_F(Carrying, InAWindowThatIsNotActiveThePieceDisappears) {
+  click(cell(tray_, 3, 3));
+  move(cell(board_, 5, 5));
+  QWidget other;
+  other.show();
+  other.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+  move(cell(board_, 6, 5));
+  EXPECT_EQ(shown(board_), bareBoard_);
+  EXPECT_EQ(cursor(board_), Qt::ArrowCursor);
+  EXPECT_NE(board_.FloatingPento(), nullptr) << "it floats on, unseen";
+}
+
+}  // namespace
