@@ -4,6 +4,7 @@
 
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QTimer>
 #include <QWindow>
 #include <QtTest/QTest>

@@ -1,5 +1,4 @@
 // Pieces picked up, carried, turned, mirrored and laid down with real mouse and key events.
-#include <QPushButton>
 #include <algorithm>
 #include <random>
 
