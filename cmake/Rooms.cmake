@@ -13,6 +13,9 @@ if(QUINZOLITH_SANITIZE)
     -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
   target_link_options(quinzolith_flags INTERFACE -fsanitize=address,undefined)
 endif()
+if(QUINZOLITH_FUZZ)
+  target_compile_options(quinzolith_flags INTERFACE -fsanitize=fuzzer-no-link)
+endif()
 
 add_library(quinzolith_warnings INTERFACE)
 target_compile_options(quinzolith_warnings INTERFACE

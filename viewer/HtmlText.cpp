@@ -14,9 +14,12 @@ namespace {
 constexpr int kDeepestNesting = 100;
 constexpr auto kAnyCase = QRegularExpression::CaseInsensitiveOption;
 
-QString plain(const QString& html) {
-  if (!html.contains('&') && !html.contains('<')) return html.simplified();
-  return QTextDocumentFragment::fromHtml(html).toPlainText().simplified();
+/// Text with its character references replaced. It holds no tags: a tag without an end would crash
+/// this call in Qt 6.4.
+QString plain(QString text) {
+  if (text.contains('&'))
+    text = QTextDocumentFragment::fromHtml(text.replace('<', "&lt;")).toPlainText();
+  return text.simplified();
 }
 
 }  // namespace
@@ -39,7 +42,7 @@ QString title(const QString& html) {
 QString words(const QString& html) {
   static const QRegularExpression unseen("<(script|style|head)\\b.*?</\\1\\s*>",
                                          kAnyCase | QRegularExpression::DotMatchesEverythingOption);
-  static const QRegularExpression tag("<[^>]*>");
+  static const QRegularExpression tag("<[^>]*>?");
   QString text = html;
   return plain(text.remove(unseen).replace(tag, " "));
 }

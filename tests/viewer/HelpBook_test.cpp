@@ -142,6 +142,14 @@ TEST(SiteMap, TakesWhateverItIsGiven) {
   EXPECT_LT(entries[1].level, 100);
 }
 
+// A page cut off within a tag once crashed the search.
+TEST(HtmlText, SurvivesTagsWithoutAnEnd) {
+  EXPECT_EQ(HtmlText::words("a &amp; <b>b</b> &lt;c <code"), "a & b <c");
+  EXPECT_EQ(HtmlText::words("&amp;<"), "&");
+  EXPECT_EQ(HtmlText::title("<title>R&amp;D<"), "R&D");
+  EXPECT_EQ(HtmlText::attribute(" name='a<code&amp;'", "Name"), "a<code&");
+}
+
 /// Reads all there is in a book, as far as it lets itself be read.
 qsizetype readThrough(const QByteArray& bytes) {
   const auto book = HelpBook::open(deviceOf(bytes));
