@@ -2,6 +2,7 @@
 #include <cmath>
 
 #include "board/PENTOWINDOW.h"
+#include "pictures/HotSpots.h"
 #include "platform/Dialogs.h"
 #include "platform/Form.h"
 #include "platform/Twips.h"
@@ -17,7 +18,6 @@ constexpr const char* kAskFlip =
 constexpr int kBorderStep = 2;        // from the surface's outer corner to its picture
 constexpr double kCentredEnough = 2;  // pixels by which the grab point may miss the centre
 constexpr int kLongestKeyText = 1000;
-constexpr QPoint kHandHotSpot(12, 8);
 
 std::int16_t nearest16(double value) {
   return static_cast<std::int16_t>(Twips::nearest(value));
@@ -29,7 +29,7 @@ std::int16_t centreOf(int tile, int cells) {
 }
 
 const QCursor& handCursor() {
-  static const QCursor cursor(QPixmap(":/pictures/hand.png"), kHandHotSpot.x(), kHandHotSpot.y());
+  static const QCursor cursor(QPixmap(":/pictures/hand.png"), pictures::kHand.x, pictures::kHand.y);
   return cursor;
 }
 

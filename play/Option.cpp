@@ -4,17 +4,17 @@
 #include <QPainter>
 #include <QStyleOptionFocusRect>
 
+#include "pictures/HotSpots.h"
 #include "platform/Form.h"
 #include "platform/Twips.h"
 
 namespace {
 
 constexpr int kLabelMargin = 2;
-constexpr QPoint kPointerHotSpot(9, 3);
 
 const QCursor& optionPointer() {
-  static const QCursor pointer(QPixmap(":/pictures/pointer.png"), kPointerHotSpot.x(),
-                               kPointerHotSpot.y());
+  static const QCursor pointer(QPixmap(":/pictures/pointer.png"), pictures::kPointer.x,
+                               pictures::kPointer.y);
   return pointer;
 }
 
