@@ -1,5 +1,8 @@
 #include "Wiring.h"
 
+#include <QApplication>
+#include <QIcon>
+
 #include "model/basTiles.h"
 #include "platform/Pointer.h"
 #include "platform/Program.h"
@@ -8,6 +11,13 @@
 #include "services/basHTMLHelp.h"
 
 namespace {
+
+QIcon programIcon() {
+  QIcon icon;
+  for (int size : {16, 22, 24, 32, 48, 64, 128, 256})
+    icon.addFile(QString(":/pictures/quinzolith-%1.png").arg(size), QSize(size, size));
+  return icon;
+}
 
 void showHelp(QWidget* window, int command, int topic) {
   basHTMLHelp::HtmlHelpA(window, Program::HelpFile, command, topic);
@@ -22,6 +32,7 @@ void wireModel() {
 
 Wiring::Wiring() {
   wireModel();
+  QApplication::setWindowIcon(programIcon());
   Pointer::listen();
   Form::ShowHelp = [](QWidget* window, int topic) {
     showHelp(window, basHTMLHelp::HH_HELP_CONTEXT, topic);

@@ -1,5 +1,4 @@
 #include <QApplication>
-#include <QIcon>
 
 #include "Wiring.h"
 #include "platform/PendingEvents.h"
@@ -12,13 +11,6 @@ void preferX11() {
   if (!chosen && !qEnvironmentVariableIsEmpty("DISPLAY")) qputenv("QT_QPA_PLATFORM", "xcb");
 }
 
-QIcon programIcon() {
-  QIcon icon;
-  for (int size : {16, 22, 24, 32, 48, 64, 128, 256})
-    icon.addFile(QString(":/pictures/quinzolith-%1.png").arg(size), QSize(size, size));
-  return icon;
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -26,7 +18,6 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setDesktopFileName("quinzolith");
-  QApplication::setWindowIcon(programIcon());
 
   Wiring program;
   program.start();

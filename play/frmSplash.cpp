@@ -38,6 +38,7 @@ void frmSplash::BuildControls() {
   Twips::place(*Image1_, 120, 60, 2484, 3456);
   buildTitle();
   buildOptions();
+  Client()->setFocus();  // Enter plays; no option is marked before Tab is pressed
 
   // Never seen: it lies below the client area, where as the default button it answers Enter.
   auto* cmdPlay = new QPushButton("Play", Client());

@@ -101,7 +101,13 @@ void Robot::type(const std::string& text) {
   }
 }
 
-void Robot::photograph(const QString& file) {
-  const QPixmap picture = Script::onScreen([] { return qApp->primaryScreen()->grabWindow(0); });
+void Robot::photograph(const QWidget* window, const QString& file) {
+  QPixmap picture = Script::onScreen([window] {
+    return window ? const_cast<QWidget*>(window)->grab() : qApp->primaryScreen()->grabWindow(0);
+  });
   if (!picture.save(file)) throw Script::Error("Cannot write " + file.toStdString());
+}
+
+void Robot::photograph(const QString& file) {
+  photograph(nullptr, file);
 }

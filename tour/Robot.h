@@ -2,6 +2,7 @@
 
 #include <QPointF>
 #include <QString>
+#include <QWidget>
 #include <memory>
 #include <string>
 
@@ -25,7 +26,8 @@ class Robot {
   void key(const char* name);          ///< an X key name: "Return", "Escape", "a", "F2"
   void type(const std::string& text);  ///< letters, digits, blanks and the like
 
-  /// Writes a picture of the whole screen.
+  /// Writes a picture of a window without its frame, or of the whole screen. Device pixels.
+  static void photograph(const QWidget* window, const QString& file);
   static void photograph(const QString& file);
 
  private:

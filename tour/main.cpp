@@ -1,63 +1,126 @@
-// Plays the Rocket puzzle with the real pointer, from the splash window to the solved dialog, and
-// writes pictures of what it showed.
-// Usage: quinzolith-tour FOLDER_FOR_PICTURES [FOLDER_OF_THE_INSTALLED_TREE]
+// Plays with the real pointer on an X server and writes pictures of what the program shows.
+// Usage: quinzolith-tour rocket|windows FOLDER_FOR_PICTURES [INSTALLATION_FOLDER]
+//   rocket   the Rocket puzzle from the splash window to the solved dialog, as whole screens
+//   windows  each window once, without its frame
 #include <QApplication>
 #include <QDir>
+#include <QTemporaryDir>
 #include <iostream>
 
 #include "platform/PendingEvents.h"
 #include "platform/Program.h"
+#include "platform/Settings.h"
 #include "tour/Hands.h"
 #include "tour/Script.h"
 
 namespace {
 
-void playRocket(Robot& robot, Wiring& program, const QDir& pictures) {
-  Hands hands(robot, program);
-  hands.waitOpen(program.splash);
-  robot.photograph(pictures.filePath("1-splash.png"));
-  hands.clickOn(program.splash, "imgPlay");
-  hands.waitOpen(program.open);
-  robot.photograph(pictures.filePath("2-chooser.png"));
-  robot.key("Escape");
-  hands.waitClosed(program.open);
-  Script::waitFor("the play window", [&] { return program.main.Window()->isActiveWindow(); });
-  robot.photograph(pictures.filePath("3-start.png"));
+class Tour {
+ public:
+  Tour(Robot& robot, Wiring& program, const QDir& pictures)
+      : robot_(robot), program_(program), hands_(robot, program), pictures_(pictures) {}
 
-  const auto pieces = Hands::solution(Program::installationFolder() / "puzzles" / "rocket.qzl");
-  hands.solve(pieces, Hands::Carrying::ClickByClick, [&](std::size_t laid) {
-    if (laid != pieces.size() / 2) return;
-    const auto tray = Script::onScreen([&] {
-      return Hands::cell(*program.main.PentoPanel, 8,
-                         program.main.PentoPanel->Grid()->Height() / 3);
+  void rocket() {
+    hands_.waitOpen(program_.splash);
+    screen("1-splash");
+    toPlayWindow([this] { screen("2-chooser"); });
+    screen("3-start");
+    solveRocket([this] { screen("4-in-the-air"); });
+    screen("5-solved");
+    leave();
+  }
+
+  void windows() {
+    hands_.waitOpen(program_.splash);
+    window(program_.splash, "splash");
+    toPlayWindow([this] { window(program_.open, "chooser"); });
+    solveRocket([this] { window(program_.main, "play"); });
+    window(program_.finished, "solved");
+    hands_.clickOn(program_.finished, "imgEdit");
+    hands_.waitOpen(program_.edit);
+    Script::onScreen([this] {
+      basTiles::fDeveloperVersion = true;  // the standard puzzles are locked
+      basTiles::LoadPuzzle(Program::installationFolder() / "puzzles" / "plane.qzl", true);
+      basTiles::fDeveloperVersion = false;
     });
-    robot.moveTo(tray + QPointF(40, 0));
-    robot.photograph(pictures.filePath("4-in-the-air.png"));
-  });
-  hands.waitOpen(program.finished);
-  robot.photograph(pictures.filePath("5-solved.png"));
-  hands.clickOn(program.finished, "imgQuit");
-  hands.waitClosed(program.main);
+    window(program_.edit, "editor");
+    hands_.choose(program_.edit, "mnuHelp", "mnuHelpAbout");
+    hands_.waitOpen(program_.splash);
+    window(program_.splash, "about");
+    robot_.key("Escape");
+    hands_.waitClosed(program_.splash);
+    hands_.waitOpen(program_.edit);
+    hands_.choose(program_.edit, "mnuFile", "mnuFileClose");
+    hands_.waitClosed(program_.edit);
+  }
+
+ private:
+  QString file(const char* name) const { return pictures_.filePath(QString(name) + ".png"); }
+  void screen(const char* name) { Robot::photograph(file(name)); }
+  void window(Form& form, const char* name) { Robot::photograph(form.Window(), file(name)); }
+
+  void toPlayWindow(const std::function<void()>& atTheChooser) {
+    hands_.clickOn(program_.splash, "imgPlay");
+    hands_.waitOpen(program_.open);
+    atTheChooser();
+    robot_.key("Escape");
+    hands_.waitClosed(program_.open);
+    hands_.waitOpen(program_.main);
+  }
+
+  /// `midway` runs once while a piece is in the air between tray and board.
+  void solveRocket(const std::function<void()>& midway) {
+    const auto pieces = Hands::solution(Program::installationFolder() / "puzzles" / "rocket.qzl");
+    hands_.solve(pieces, Hands::Carrying::ClickByClick, [&](std::size_t laid) {
+      if (laid != pieces.size() / 2) return;
+      robot_.moveTo(Script::onScreen([this] { return Hands::cell(*program_.main.Grid, 2, 3); }));
+      Script::waitFor("the piece to come over the board", [this] {
+        const PentoRef piece = program_.main.Grid->FloatingPento();
+        return piece && piece->X() > 0;
+      });
+      midway();
+    });
+    hands_.waitOpen(program_.finished);
+  }
+
+  void leave() {
+    hands_.clickOn(program_.finished, "imgQuit");
+    hands_.waitClosed(program_.main);
+  }
+
+  Robot& robot_;
+  Wiring& program_;
+  Hands hands_;
+  const QDir& pictures_;
+};
+
+int usage() {
+  std::cerr << "Usage: quinzolith-tour rocket|windows FOLDER_FOR_PICTURES [INSTALLATION_FOLDER]\n";
+  return 2;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc < 2) {
-    std::cerr << "Usage: quinzolith-tour FOLDER_FOR_PICTURES [FOLDER_OF_THE_INSTALLED_TREE]\n";
-    return 2;
-  }
-  const QDir pictures(QDir(argv[1]).absolutePath());
+  const std::string kind = argc > 2 ? argv[1] : "";
+  if (kind != "rocket" && kind != "windows") return usage();
+  const QDir pictures(QDir(argv[2]).absolutePath());
   QDir().mkpath(pictures.path());
   QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
-  if (argc > 2) Program::setInstallationFolder(argv[2]);
+  if (argc > 3) Program::setInstallationFolder(argv[3]);
+  const QTemporaryDir settings;  // the player's own stay as they are
+  Settings::useFile(settings.filePath("settings.ini").toStdString());
 
   Wiring program;
   program.start();
   const std::string trouble = Script::run([&] {
     Robot robot;
-    playRocket(robot, program, pictures);
+    Tour tour(robot, program, pictures);
+    if (kind == "rocket")
+      tour.rocket();
+    else
+      tour.windows();
   });
   finishFirstLevelWork();
   if (trouble.empty()) return 0;
