@@ -21,23 +21,38 @@ Frame Frame::shortColumns(const Shape& shape) {
   return {shape, trimmed.height() <= trimmed.width() ? Symmetry{} : Symmetry{1, false}};
 }
 
-Solution Frame::restored(const Solution& solution) const {
-  Solution result = transformed(solution, back_, shape_.width(), shape_.height());
-  for (Placement& placement : result) {
+void Frame::restore(Solution& solution) const {
+  for (Placement& placement : solution) {
+    if (back_ != Symmetry{})
+      placement = transformed(placement, back_, shape_.width(), shape_.height());
     placement.x += left_;
     placement.y += top_;
   }
-  return result;
 }
 
-bool Delivery::takeBuilt(const Harvest& harvest, Solution solution) {
+bool Delivery::isSmallest(const Solution& solution, const std::vector<Symmetry>& symmetries) const {
+  if (symmetries.size() <= 1) return true;
+  Solution sorted = solution;
+  std::ranges::sort(sorted);
+  return std::ranges::none_of(symmetries, [&](Symmetry symmetry) {
+    Solution image = transformed(sorted, symmetry, frame_.shape().width(), frame_.shape().height());
+    std::ranges::sort(image);
+    return image < sorted;
+  });
+}
+
+bool Delivery::takeBuilt(const Harvest& harvest, const Solution& solution) {
   const int width = frame_.shape().width(), height = frame_.shape().height();
-  std::ranges::sort(solution);
-  for (const Symmetry symmetry : harvest.smallestUnder)
-    if (transformed(solution, symmetry, width, height) < solution) return true;
-  for (const Symmetry image : harvest.images) {
-    if (deliver_ && !deliver_(frame_.restored(transformed(solution, image, width, height))))
-      return meter_.solutions(1) && meter_.stop();
+  if (!isSmallest(solution, harvest.smallestUnder)) return true;
+  for (const Symmetry symmetry : harvest.images) {
+    if (deliver_) {
+      image_ = solution;
+      if (symmetry != Symmetry{})
+        for (Placement& placement : image_)
+          placement = transformed(placement, symmetry, width, height);
+      frame_.restore(image_);
+      if (!deliver_(image_)) return meter_.solutions(1) && meter_.stop();
+    }
     if (!meter_.solutions(1)) return false;
   }
   return true;

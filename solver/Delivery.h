@@ -31,8 +31,8 @@ class Frame {
   static Frame shortColumns(const Shape& shape);
 
   const Shape& shape() const { return shape_; }
-  /// The tiling in the coordinates of the original shape; placements sorted.
-  Solution restored(const Solution& solution) const;
+  /// Moves a tiling of shape() into the coordinates of the original shape.
+  void restore(Solution& solution) const;
 
  private:
   Shape shape_;
@@ -56,9 +56,11 @@ class Delivery {
   }
 
  private:
-  bool takeBuilt(const Harvest& harvest, Solution solution);
+  bool isSmallest(const Solution& solution, const std::vector<Symmetry>& symmetries) const;
+  bool takeBuilt(const Harvest& harvest, const Solution& solution);
 
   const Frame& frame_;
   const Deliver& deliver_;
   WorkMeter& meter_;
+  Solution image_;  // kept, so that delivering allocates nothing
 };

@@ -32,6 +32,56 @@ std::array<Orientation, kOrientations> makeOrientations() {
   return all;
 }
 
+constexpr std::size_t kCounters = 8;  // 4 turns, mirrored or not
+
+/// What is asked of an orientation again and again.
+struct OrientationTables {
+  std::array<std::size_t, PENTO::kTypes * kCounters> index{};  ///< by type and counters
+  std::array<Cell, kOrientations> size{};                      ///< of the bounding box
+  std::array<std::array<std::size_t, kSymmetries.size()>, kOrientations> image{};
+
+  OrientationTables();
+};
+
+std::size_t counters(int type, int rotations, int flips) {
+  return static_cast<std::size_t>(type) * kCounters +
+         static_cast<std::size_t>(flips * 4 + rotations);
+}
+
+std::size_t indexOf(const Cells& cells) {
+  return static_cast<std::size_t>(std::ranges::find(orientations(), cells, &Orientation::cells) -
+                                  orientations().begin());
+}
+
+Cell sizeOf(const Cells& cells) {
+  return {std::ranges::max(cells, {}, &Cell::x).x + 1, std::ranges::max(cells, {}, &Cell::y).y + 1};
+}
+
+OrientationTables::OrientationTables() {
+  for (int type = 0; type < PENTO::kTypes; ++type)
+    for (int turn = 0; turn < 8; ++turn)
+      index[counters(type, turn % 4, turn / 4)] =
+          indexOf(orientationOf(type, turn % 4, turn / 4).cells);
+  for (std::size_t i = 0; i < kOrientations; ++i) {
+    size[i] = sizeOf(orientations()[i].cells);
+    for (std::size_t j = 0; j < kSymmetries.size(); ++j) {
+      Cells cells = orientations()[i].cells;
+      for (Cell& cell : cells) cell = kSymmetries[j].apply(cell, size[i].x, size[i].y);
+      std::ranges::sort(cells);
+      image[i][j] = indexOf(cells);
+    }
+  }
+}
+
+const OrientationTables& tables() {
+  static const OrientationTables all;
+  return all;
+}
+
+std::size_t indexOf(const Placement& placement) {
+  return tables().index.at(counters(placement.type, placement.rotations, placement.flips));
+}
+
 Cell topLeft(const Cells& cells) {
   return {std::ranges::min(cells, {}, &Cell::x).x, std::ranges::min(cells, {}, &Cell::y).y};
 }
@@ -48,7 +98,7 @@ Placement placementOf(const Orientation& orientation, int x, int y) {
 }
 
 Cells cellsOf(const Placement& placement) {
-  Cells cells = orientationOf(placement.type, placement.rotations, placement.flips).cells;
+  Cells cells = orientations()[indexOf(placement)].cells;
   for (Cell& cell : cells) cell = {cell.x + placement.x, cell.y + placement.y};
   return cells;
 }
@@ -63,9 +113,14 @@ Placement placementCovering(Cells cells) {
 }
 
 Placement transformed(const Placement& placement, Symmetry symmetry, int width, int height) {
-  Cells cells = cellsOf(placement);
-  for (Cell& cell : cells) cell = symmetry.apply(cell, width, height);
-  return placementCovering(cells);
+  const std::size_t orientation = indexOf(placement);
+  const Cell size = tables().size[orientation];
+  const Cell a = symmetry.apply({placement.x, placement.y}, width, height);
+  const Cell b =
+      symmetry.apply({placement.x + size.x - 1, placement.y + size.y - 1}, width, height);
+  const auto which = static_cast<std::size_t>(symmetry.turns + (symmetry.mirrored ? 4 : 0));
+  return placementOf(orientations()[tables().image[orientation][which]], std::min(a.x, b.x),
+                     std::min(a.y, b.y));
 }
 
 Solution transformed(const Solution& solution, Symmetry symmetry, int width, int height) {
@@ -73,6 +128,5 @@ Solution transformed(const Solution& solution, Symmetry symmetry, int width, int
   result.reserve(solution.size());
   for (const Placement& placement : solution)
     result.push_back(transformed(placement, symmetry, width, height));
-  std::ranges::sort(result);
   return result;
 }

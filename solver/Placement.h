@@ -42,5 +42,5 @@ Placement placementCovering(std::array<Cell, PENTO::kCells> cells);
 
 /// Where a placement comes to lie when its box of width x height cells is laid down by `symmetry`.
 Placement transformed(const Placement& placement, Symmetry symmetry, int width, int height);
-/// The same for a tiling; its placements come out sorted.
+/// The same for a tiling; its placements keep their order.
 Solution transformed(const Solution& solution, Symmetry symmetry, int width, int height);

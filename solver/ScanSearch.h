@@ -30,10 +30,6 @@ class ScanSearch {
     shape.advance(start_.window, start_.position);
   }
 
-  /// Allows the orientations of a type at chosen positions only. `permitted` holds, for each
-  /// position, the orientations that may have their first cell there.
-  void restrictTo(std::vector<OrientationSet> permitted) { permitted_ = std::move(permitted); }
-
   /// Calls found(steps, window, position) for every way to cover all positions before `goal`;
   /// position is the first free cell then, and found returns false to end the search. Returns false
   /// when the search was ended early.
@@ -48,9 +44,7 @@ class ScanSearch {
   };
 
   OrientationSet candidatesOf(const Level& level) const {
-    OrientationSet result = tables_.fitting(level.window) & level.allowed;
-    if (!permitted_.empty()) result &= permitted_[static_cast<std::size_t>(level.position)];
-    return result;
+    return tables_.fitting(level.window) & level.allowed;
   }
 
   const WindowTables<Bits>& tables_;
@@ -58,7 +52,6 @@ class ScanSearch {
   WorkMeter& meter_;
   PieceSet supply_;
   Level start_;
-  std::vector<OrientationSet> permitted_;
 };
 
 template <class Bits>

@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 
+#include "solver/Roads.h"
 #include "solver/Scan.h"
 
 namespace Solver {
@@ -41,6 +42,22 @@ void scan(const Problem& problem, const Frame& frame, const Harvest& harvest, De
   });
 }
 
+/// Takes one of the roads that need more than a scan. False when none is wanted or serves.
+bool takeFastRoad(const Problem& problem, Counting counting, const Frame& frame, Delivery& delivery,
+                  WorkMeter& meter, Road road) {
+  const Shape& shape = frame.shape();
+  if (road == Road::Scan || shape.height() > kTallestColumn<Bits64>) return false;
+  const std::optional<Pin> pin = choosePin(shape, problem.supply, counting);
+  // With all eight symmetries the pin leaves so little that profiles cost more.
+  const bool pinSuffices = road == Road::Best && pin && symmetriesOf(shape).size() == 8;
+  if (road != Road::Pinned && !pinSuffices && Roads::canMeet(shape, problem.supply) &&
+      Roads::meeting(shape, problem.supply, counting, pin, delivery, meter))
+    return true;
+  if (!pin) return false;
+  Roads::pinned(shape, problem.supply, *pin, delivery, meter);
+  return true;
+}
+
 /// The frames with short columns; on a square box there are eight.
 std::vector<Frame> cornersOf(const Shape& shape) {
   std::vector<Frame> frames;
@@ -54,7 +71,7 @@ std::vector<Frame> cornersOf(const Shape& shape) {
 }  // namespace
 
 Work forEachSolution(const Problem& problem, Counting counting, const Deliver& deliver,
-                     const Limits& limits, Road) {
+                     const Limits& limits, Road road) {
   WorkMeter meter(limits);
   const Frame frame = Frame::shortColumns(problem.shape);
   Delivery delivery(frame, deliver, meter);
@@ -63,7 +80,8 @@ Work forEachSolution(const Problem& problem, Counting counting, const Deliver& d
     if (*answer) delivery.take(harvest, [] { return Solution{}; });
     return meter.work;
   }
-  withWindow(frame, [&]<class Bits>() { scan<Bits>(problem, frame, harvest, delivery, meter); });
+  if (!takeFastRoad(problem, counting, frame, delivery, meter, road))
+    withWindow(frame, [&]<class Bits>() { scan<Bits>(problem, frame, harvest, delivery, meter); });
   return meter.work;
 }
 

@@ -30,8 +30,8 @@ enum class Road {
   Meeting,  ///< half the shape is searched, the other half is a graph of profiles
 };
 
-/// Delivers every solution, sorted by placements, until `deliver` returns false. With an empty
-/// `deliver` the solutions are only counted.
+/// Delivers every solution, its placements in no particular order, until `deliver` returns false.
+/// With an empty `deliver` the solutions are only counted.
 Work forEachSolution(const Problem& problem, Counting counting, const Deliver& deliver,
                      const Limits& limits = {}, Road road = Road::Best);
 

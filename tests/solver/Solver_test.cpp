@@ -15,11 +15,15 @@ Shape holedSquare() {
   return shape;
 }
 
+Solution sorted(Solution solution) {
+  std::sort(solution.begin(), solution.end());
+  return solution;
+}
+
 std::set<Solution> allOf(const Problem& problem, Counting counting, Solver::Road road) {
   std::set<Solution> found;
-  const Work work = Solver::forEachSolution(
-      problem, counting, [&](const Solution& solution) { return found.insert(solution).second; },
-      {}, road);
+  const auto keep = [&](const Solution& solution) { return found.insert(sorted(solution)).second; };
+  const Work work = Solver::forEachSolution(problem, counting, keep, {}, road);
   EXPECT_TRUE(work.complete) << "a solution came twice";
   EXPECT_EQ(work.solutions, found.size());
   return found;
@@ -31,7 +35,7 @@ std::set<Solution> orbitsOf(const std::set<Solution>& solutions, const Shape& sh
   for (const Solution& solution : solutions) {
     std::set<Solution> images;
     for (const Symmetry symmetry : symmetriesOf(shape))
-      images.insert(transformed(solution, symmetry, shape.width(), shape.height()));
+      images.insert(sorted(transformed(solution, symmetry, shape.width(), shape.height())));
     smallest.insert(*images.begin());
   }
   return smallest;
@@ -75,6 +79,34 @@ TEST(Solver, FindsExactlyTheSolutionsOfTheSlowWay) {
     EXPECT_EQ(Solver::findSolution(problem).solution.has_value(), !expected.empty());
   }
   EXPECT_GT(solvable, 20u) << "the rounds prove little";
+}
+
+/// What the fast roads ask for: different pieces, all of them used, and now and then a symmetry.
+TEST(Solver, FindsTheSameOnEveryRoadWithDifferentPieces) {
+  std::mt19937 random(4711);
+  std::size_t solvable = 0;
+  for (int round = 0; round < 60; ++round) {
+    Problem problem{randomShape(random, 30, 5 + round % 2, 6), {}};
+    if (round % 2 == 0)
+      problem.shape = Shape::rectangle(round % 4 == 0 ? 6 : 5, round % 4 == 0 ? 5 : 6);
+    for (int left = problem.shape.area() / 5; left > 0;) {
+      int& count = problem.supply[static_cast<int>(random() % PENTO::kTypes)];
+      left -= count == 0;
+      count = 1;
+    }
+    const std::set<Solution> expected = BruteForce(problem).solutions();
+    solvable += !expected.empty();
+    const Shape trimmed = problem.shape.trimmed();
+    for (const Solver::Road road : kRoads) {
+      ASSERT_EQ(allOf(problem, Counting::All, road), expected) << "round " << round;
+      if (trimmed == problem.shape) {
+        ASSERT_EQ(orbitsOf(allOf(problem, Counting::UpToSymmetry, road), problem.shape),
+                  orbitsOf(expected, problem.shape))
+            << "round " << round;
+      }
+    }
+  }
+  EXPECT_GE(solvable, 5u) << "the rounds prove little";
 }
 
 TEST(Solver, DeliversOneSolutionOfEachOrbit) {

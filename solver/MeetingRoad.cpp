@@ -1,0 +1,149 @@
+#include "solver/Profiles.h"
+#include "solver/Roads.h"
+#include "solver/Scan.h"
+
+namespace Roads {
+
+namespace {
+
+constexpr int kFewestPieces = 6;
+/// Where the parts meet, in hundredths of the cells; later only for the sake of the pin.
+constexpr std::size_t kMeetAt = 30, kMeetAtMost = 50;
+/// Steps of all partial tilings beyond which the road is given up.
+constexpr std::size_t kMostSteps = 4'000'000;
+
+/// A partial tiling: its steps lie behind those of the others in one list.
+struct Partial {
+  Profiles::Id profile = 0;
+  Profiles::Pieces used = 0;
+  std::uint32_t firstStep = 0, steps = 0;
+  const PinnedPlace* pinned = nullptr;
+};
+
+/// What the first part leaves behind. Kept from call to call, as the storage of the profiles is:
+/// fresh pages would cost more than the search.
+struct Memory {
+  Profiles::Storage storage;
+  std::vector<Partial> partials;
+  std::vector<Step> steps;
+};
+
+int positionOf(const Shape& shape, std::size_t hundredths) {
+  const std::vector<Cell> cells = shape.cells();
+  const Cell cell = cells[cells.size() * hundredths / 100];
+  return cell.x * strideFor(shape.height()) + cell.y;
+}
+
+/// The last position where the pinned piece may have its first cell.
+int lastPosition(const Pin& pin, const Shape& shape) {
+  int last = 0;
+  for (const PinnedPlace& place : pin.places) {
+    const Cell first = cellsOf(place.placement)[0];
+    last = std::max(last, first.x * strideFor(shape.height()) + first.y);
+  }
+  return last;
+}
+
+class Meeting {
+ public:
+  Meeting(const Shape& shape, const PieceSet& supply, Counting counting,
+          const std::optional<Pin>& pin, WorkMeter& meter, Memory& memory)
+      : shape_(shape),
+        plain_(plainHarvest(shape, counting)),
+        scan_(shape),
+        meter_(meter),
+        memory_(memory),
+        others_(supply),
+        meetAt_(positionOf(shape, kMeetAt)) {
+    memory.partials.clear();
+    memory.steps.clear();
+    memory.partials.reserve(std::size_t{1} << 16);
+    memory.steps.reserve(std::size_t{1} << 18);
+    // A pin that the first part does not always contain is of no use: the profiles do not know it.
+    if (!pin || lastPosition(*pin, shape) >= positionOf(shape, kMeetAtMost)) return;
+    pin_ = &*pin;
+    --others_[pin->type];
+    meetAt_ = std::max(meetAt_, lastPosition(*pin, shape) + 1);
+  }
+
+  /// False when there is too much to hold, or the meter has ended the search.
+  bool search() {
+    profiles_.emplace(scan_.tables, scan_.layout, others_, memory_.storage);
+    if (!pin_) {
+      if (!searchFirstPart(scan_.layout, nullptr)) return false;
+    } else {
+      for (const PinnedPlace& place : pin_->places) {
+        Shape rest = shape_;
+        for (const Cell cell : cellsOf(place.placement)) rest.set(cell, false);
+        if (!searchFirstPart(ScanShape<Bits64>(rest, scan_.tables.stride()), &place)) return false;
+      }
+    }
+    if (!profiles_->grow(meter_)) return false;
+    profiles_->finish();
+    return true;
+  }
+
+  void join(Delivery& delivery) const {
+    std::vector<Step> steps;
+    for (const Partial& partial : memory_.partials) {
+      const Profiles::Pieces left = profiles_->all() & ~partial.used;
+      if (!profiles_->canFinish(partial.profile, left)) continue;
+      const auto first = memory_.steps.begin() + partial.firstStep;
+      steps.assign(first, first + partial.steps);
+      const auto take = [&](const std::vector<Step>& whole) {
+        return delivery.take(partial.pinned ? partial.pinned->harvest : plain_,
+                             [&] { return solutionOf(whole, partial); });
+      };
+      if (!profiles_->walk(partial.profile, left, steps, take)) return;
+    }
+  }
+
+ private:
+  bool searchFirstPart(const ScanShape<Bits64>& layout, const PinnedPlace* pinned) {
+    const auto keep = [&](std::span<const Step> steps, Bits64 window, int position) {
+      Partial partial{profiles_->idOf(window, position), 0,
+                      static_cast<std::uint32_t>(memory_.steps.size()),
+                      static_cast<std::uint32_t>(steps.size()), pinned};
+      for (const Step& step : steps)
+        partial.used |= profiles_->number(scan_.tables.type(step.orientation));
+      memory_.partials.push_back(partial);
+      memory_.steps.insert(memory_.steps.end(), steps.begin(), steps.end());
+      return memory_.steps.size() < kMostSteps;
+    };
+    return ScanSearch<Bits64>(scan_.tables, layout, others_, meter_).run(meetAt_, keep);
+  }
+
+  Solution solutionOf(const std::vector<Step>& steps, const Partial& partial) const {
+    Solution solution = scan_.solutionOf(steps);
+    if (partial.pinned) solution.push_back(partial.pinned->placement);
+    return solution;
+  }
+
+  const Shape& shape_;
+  const Harvest plain_;
+  const Scan<Bits64> scan_;
+  WorkMeter& meter_;
+  Memory& memory_;
+  PieceSet others_;
+  int meetAt_;
+  const Pin* pin_ = nullptr;
+  std::optional<Profiles> profiles_;
+};
+
+}  // namespace
+
+bool canMeet(const Shape& shape, const PieceSet& supply) {
+  return std::ranges::max(supply.count) == 1 && supply.total() >= kFewestPieces &&
+         supply.total() * PENTO::kCells == shape.area();
+}
+
+bool meeting(const Shape& shape, const PieceSet& supply, Counting counting,
+             const std::optional<Pin>& pin, Delivery& delivery, WorkMeter& meter) {
+  thread_local Memory memory;
+  Meeting road(shape, supply, counting, pin, meter, memory);
+  if (!road.search()) return !meter.work.complete;
+  road.join(delivery);
+  return true;
+}
+
+}  // namespace Roads
