@@ -25,6 +25,7 @@ using Seconds = std::chrono::duration<double>;
 
 constexpr int kStarts = 7;
 constexpr Seconds kWatched{10};
+constexpr Seconds kFocus{1};  // in which the window manager hands the keys over
 
 /// The X server: what is on it, and a hand on pointer and keys.
 class Server {
@@ -171,8 +172,10 @@ double percentOfACore(const Running& game, During during) {
 void watchPlaying(Server& server, const char* program, double bareMegabytes) {
   Running game(program);
   waitFor(server, "Quinzolith");
+  std::this_thread::sleep_for(kFocus);
   server.key(XK_Return);
   waitFor(server, "Select Quinzolith Puzzle");
+  std::this_thread::sleep_for(kFocus);
   server.key(XK_Escape);
   waitFor(server, "Select Quinzolith Puzzle", false);
   const int width = server.width(), height = server.height();
@@ -207,6 +210,7 @@ int main(int argc, char** argv) {
     return 2;
   }
   XSetErrorHandler(ignoreErrors);
+  std::setvbuf(stdout, nullptr, _IOLBF, 0);
   Server server;
   double bareMegabytes = 1;
   compareStarts(server, argv[1], argv[2], bareMegabytes);

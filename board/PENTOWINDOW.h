@@ -128,6 +128,7 @@ class PENTOWINDOW : public PointerSurface, public PuzzleTarget {
   void followOutside(const basKelvoWinAPI::POINT& p, const basKelvoWinAPI::RECT& box);
   void choosePace();
   void quicken();
+  void tickEvery(int milliseconds);
   bool nothingToSee() const;
   void raise(const std::function<void()>& event) {
     if (event) event();

@@ -56,10 +56,16 @@ bool PENTOWINDOW::nothingToSee() const {
 }
 
 void PENTOWINDOW::choosePace() {
-  const int pace = nothingToSee() ? kRestingTick : kTick;
-  if (tmrHideFloat_.interval() != pace) tmrHideFloat_.setInterval(pace);
+  tickEvery(nothingToSee() ? kRestingTick : kTick);
 }
 
 void PENTOWINDOW::quicken() {
-  if (tmrHideFloat_.interval() != kTick) tmrHideFloat_.setInterval(kTick);
+  tickEvery(kTick);
+}
+
+/// A resting timer may be a little early or late, so that those of both controls wake together.
+void PENTOWINDOW::tickEvery(int milliseconds) {
+  if (tmrHideFloat_.interval() == milliseconds) return;
+  tmrHideFloat_.setTimerType(milliseconds == kTick ? Qt::PreciseTimer : Qt::CoarseTimer);
+  tmrHideFloat_.setInterval(milliseconds);
 }
