@@ -4,10 +4,10 @@
 #include <exception>
 #include <vector>
 
+#include "catalogue/Catalogue.h"
 #include "model/basTiles.h"
 #include "platform/Dialogs.h"
 #include "platform/Program.h"
-#include "play/Catalogue.h"
 #include "play/frmMain.h"
 #include "services/basHTMLHelp.h"
 

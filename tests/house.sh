@@ -18,10 +18,11 @@ allow solver 'solver|model'
 allow platform 'platform'
 allow services 'services|platform'
 allow board 'pictures|board|model|platform|services'
-allow play 'pictures|play|board|model|platform|services|solver'
+allow catalogue 'catalogue'
+allow play 'pictures|catalogue|play|board|model|platform|services|solver'
 allow edit 'pictures|edit|board|model|platform|services|solver'
 allow viewer 'viewer|platform'
-allow tools/pictures 'tools|model|play'  # of play/ only the catalogue, which needs no toolkit
+allow tools/pictures 'tools|model|catalogue'
 allow tools/puzzle 'tools|model|solver|platform'
 allow tour 'tour|model|platform|board'
 

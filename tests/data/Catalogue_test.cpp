@@ -1,4 +1,4 @@
-#include "play/Catalogue.h"
+#include "catalogue/Catalogue.h"
 
 #include <gtest/gtest.h>
 

@@ -12,13 +12,13 @@
 #include <memory>
 
 #include "Wiring.h"
+#include "catalogue/Catalogue.h"
 #include "model/PuzzleFormat.h"
 #include "model/basTiles.h"
 #include "platform/PendingEvents.h"
 #include "platform/Program.h"
 #include "platform/Screen.h"
 #include "platform/Settings.h"
-#include "play/Catalogue.h"
 #include "play/basStartup.h"
 #include "tour/Script.h"
 

@@ -1,12 +1,16 @@
 #include <algorithm>
 #include <cmath>
+#include <fstream>
+#include <iterator>
 #include <map>
 
+#include "catalogue/Catalogue.h"
 #include "tools/pictures/Color.h"
 #include "tools/pictures/Drawings.h"
 #include "tools/pictures/Materials.h"
 #include "tools/pictures/PuzzleIcons.h"
 #include "tools/pictures/Shape.h"
+#include "tools/puzzle/Drawing.h"
 
 namespace pictures {
 namespace {
@@ -56,12 +60,22 @@ Tint tintOf(const std::string& iconKey) {
   return plain(meanColor(std::stoi(iconKey.substr(5)) - 1));  // "pento01" is of type 0
 }
 
+/// The cells of a puzzle's drawing.
+Cells drawnIn(const std::filesystem::path& file) {
+  std::ifstream in(file, std::ios::binary);
+  const std::string text{std::istreambuf_iterator<char>(in), {}};
+  Cells cells;
+  for (const Cell cell : puzzle::readDrawing(text).shape.cells())
+    cells.emplace_back(cell.x, cell.y);
+  return cells;
+}
+
 Cells shapeOf(const std::string& iconKey, const std::filesystem::path& puzzles) {
   const auto& entries = iconEntries();
   const auto entry = std::find_if(entries.begin(), entries.end(),
                                   [&](const IconEntry& e) { return e.icon == iconKey; });
   if (entry->puzzle.empty()) return cellsOf({".##", "##.", ".#."}, '#');
-  return cellsOf(readDrawing(puzzles / (entry->puzzle + ".txt")), '#');
+  return drawnIn(puzzles / (entry->puzzle + ".txt"));
 }
 
 /// A shape on an icon's pixels, and how each of them is lit. Edges are hard, for the mask.
@@ -113,6 +127,17 @@ class Relief {
 };
 
 }  // namespace
+
+const std::vector<IconEntry>& iconEntries() {
+  static const std::vector<IconEntry> entries = [] {
+    std::vector<IconEntry> all;
+    for (const Catalogue::Entry& entry : Catalogue::entries())
+      all.push_back({std::string(entry.icon), std::string(entry.key)});
+    all.push_back({"pento", ""});
+    return all;
+  }();
+  return entries;
+}
 
 QImage puzzleIcon(const std::string& iconKey, const std::filesystem::path& puzzles, int scale) {
   const Relief relief(shapeOf(iconKey, puzzles), scale);

@@ -1,4 +1,4 @@
-#include "play/Catalogue.h"
+#include "catalogue/Catalogue.h"
 
 namespace Catalogue {
 
