@@ -17,6 +17,19 @@ PENTOWINDOW* newControl(QWidget* parent, const char* name, const QString& access
   return control;
 }
 
+QFrame* newCover(QWidget* client) {
+  auto* frame = new QFrame(client);
+  frame->setObjectName("fraCover");
+  frame->setAutoFillBackground(true);
+  return frame;
+}
+
+void cover(QFrame& frame) {
+  frame.setGeometry(frame.parentWidget()->rect());
+  frame.raise();
+  frame.show();
+}
+
 void ringGrid(PENTOGRID& grid, std::int16_t width, std::int16_t height) {
   grid.SetGridSize(width, height);
   for (int x = 0; x < width; ++x) {

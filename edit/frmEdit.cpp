@@ -4,6 +4,7 @@
 #include <QStandardPaths>
 
 #include "board/BoardLayout.h"
+#include "model/PuzzleFormat.h"
 #include "model/basTiles.h"
 #include "platform/Program.h"
 
@@ -11,15 +12,12 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr int kHelpTopic = 1300;
-constexpr std::int16_t kBoardSize = 14;
-
 Form::Design design() {
   Form::Design d;
   d.title = "Quinzolith - Edit Mode";
   d.client = QSizeF(9108, 6516);
   d.back = QColor(192, 192, 255);
-  d.helpContext = kHelpTopic;
+  d.helpContext = frmEdit::kHelpTopic;
   return d;
 }
 
@@ -48,7 +46,7 @@ void frmEdit::Form_Load() {
   RecentFiles->Name("Recent Puzzles");
   fActivated_ = false;
   BoardGrid_ = PENTOGRID();
-  BoardLayout::ringGrid(BoardGrid_, kBoardSize, kBoardSize);
+  BoardLayout::ringGrid(BoardGrid_, PuzzleFormat::kBoardSize, PuzzleFormat::kBoardSize);
   Grid->Grid(&BoardGrid_);
   basTiles::targets.Editor = Grid;
   basTiles::AfterSave = [this](const fs::path& file) {

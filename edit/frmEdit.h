@@ -22,6 +22,7 @@ class PictureButton;
 ///        until it is saved, opened or begun anew. Arrows, buttons and trash do not change it.
 class frmEdit : public Form, private RecentMenu {
  public:
+  static constexpr int kHelpTopic = 1300;
   static constexpr int kRecentFiles = 4;
   static constexpr std::size_t kMostPieces = 15;
 
@@ -54,7 +55,6 @@ class frmEdit : public Form, private RecentMenu {
   void buildShiftButtons();
   PictureButton* addButton(const QString& object, const QString& picture, const QString& name,
                            const QString& hint, const QRectF& place);
-  void showCover();
   void layOutBoard();
 
   // menus

@@ -1,6 +1,7 @@
 #include "board/BoardLayout.h"
 #include "edit/PictureButton.h"
 #include "edit/frmEdit.h"
+#include "model/PuzzleFormat.h"
 #include "platform/Program.h"
 #include "platform/Twips.h"
 
@@ -14,7 +15,7 @@ constexpr QSizeF kSquareButton(640, 640);
 constexpr double kGap = 120;  // between the buttons and the board, and above and below the board
 constexpr double kBoardLeft = kColumns[2] + 1095 + kGap;
 constexpr QSizeF kSmallest(6600, 5040);  // shows every button, and a board with tiles of 12 pixels
-constexpr int kBoardTiles = 14 + 2;
+constexpr int kBoardTiles = PuzzleFormat::kBoardSize + 2;  // and one of margin on each side
 
 }  // namespace
 
@@ -25,9 +26,7 @@ void frmEdit::BuildControls() {
   Grid->Float = [this](PentoRef&) { fFileChanged = true; };
   Grid->Drop = [this] { fFileChanged = true; };
   Grid->setFocus();
-  fraCover_ = new QFrame(Client());
-  fraCover_->setObjectName("fraCover");
-  fraCover_->setAutoFillBackground(true);
+  fraCover_ = BoardLayout::newCover(Client());
   buildFileMenu();
   buildHelpMenu();
 }
@@ -69,18 +68,12 @@ void frmEdit::buildShiftButtons() {
 }
 
 void frmEdit::Form_Resize() {
-  showCover();
+  BoardLayout::cover(*fraCover_);
   if (Minimized()) return;
   Client()->setMinimumSize(Twips::toPixels(kSmallest, *Client()));
   layOutBoard();
   if (!fActivated_ && Program::ColorDepth == Program::kPaletteDepth) Grid->BackTexture(QImage());
   fraCover_->hide();
-}
-
-void frmEdit::showCover() {
-  fraCover_->setGeometry(Client()->rect());
-  fraCover_->raise();
-  fraCover_->show();
 }
 
 void frmEdit::layOutBoard() {

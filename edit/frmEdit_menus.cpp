@@ -1,13 +1,8 @@
+#include "board/BoardLayout.h"
 #include "edit/frmEdit.h"
 #include "platform/Menus.h"
 #include "platform/Program.h"
 #include "services/basHTMLHelp.h"
-
-namespace {
-
-constexpr int kCreateTopic = 1300;
-
-}  // namespace
 
 void frmEdit::buildFileMenu() {
   QMenu* file = Menus::addMenu(MenuBar(), "mnuFile", "File");
@@ -37,7 +32,7 @@ void frmEdit::buildHelpMenu() {
   QMenu* menu = Menus::addMenu(MenuBar(), "mnuHelp", "Help");
   Menus::addItem(menu, "mnuHelpContents", "Contents...", [this] { help(HH_DISPLAY_TOPIC, 0); });
   Menus::addItem(menu, "mnuHelpCreate", "How to create puzzles...",
-                 [this] { help(HH_HELP_CONTEXT, kCreateTopic); });
+                 [this] { help(HH_HELP_CONTEXT, kHelpTopic); });
   Menus::addSeparator(menu, "mnuHelpSep");
   Menus::addItem(menu, "mnuHelpAbout", "About...", [this] { mnuHelpAbout_Click(); });
 }
@@ -63,7 +58,7 @@ void frmEdit::help(int command, int topic) {
 }
 
 void frmEdit::mnuHelpAbout_Click() {
-  if (Program::ColorDepth < Program::kDeepColour) showCover();
+  if (Program::ColorDepth < Program::kDeepColour) BoardLayout::cover(*fraCover_);
   if (ShowAbout) ShowAbout(*this);
   if (Program::ColorDepth >= Program::kDeepColour || !Loaded()) return;
   Grid->BackTexture(QImage());

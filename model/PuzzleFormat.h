@@ -14,6 +14,7 @@ inline constexpr std::string_view kSignature = "Quinzolith/Kelvo Software/";
 inline constexpr char kUnlocked = 'U';
 inline constexpr char kLocked = 'L';
 inline constexpr std::int32_t kMostPieces = 32767;
+inline constexpr std::int16_t kBoardSize = 14;  ///< cells along each side of the windows' boards
 
 /// What stands between the signature and the cells, and how many pieces follow the cells.
 struct Version {

@@ -1,6 +1,7 @@
 #include "play/frmMain.h"
 
 #include "board/BoardLayout.h"
+#include "model/PuzzleFormat.h"
 #include "model/basTiles.h"
 #include "platform/PendingEvents.h"
 #include "platform/Program.h"
@@ -11,17 +12,12 @@
 
 namespace {
 
-constexpr int kHelpTopic = 1200;
-constexpr std::int16_t kBoardSize = 14;
-constexpr std::int16_t kTrayWidth = 9;
-constexpr std::int16_t kTrayHeight = 36;
-
 Form::Design design() {
   Form::Design d;
   d.title = Program::kTitle;
   d.client = QSizeF(10044, 7500);
   d.back = QColor(192, 192, 255);
-  d.helpContext = kHelpTopic;
+  d.helpContext = frmMain::kHelpTopic;
   d.maximized = true;
   return d;
 }
@@ -39,9 +35,7 @@ frmMain::~frmMain() = default;
 void frmMain::BuildControls() {
   PentoPanel = BoardLayout::newControl(Client(), "PentoPanel", "Tray with the loose pieces");
   Grid = BoardLayout::newControl(Client(), "Grid", "Board");
-  fraCover_ = new QFrame(Client());
-  fraCover_->setObjectName("fraCover");
-  fraCover_->setAutoFillBackground(true);
+  fraCover_ = BoardLayout::newCover(Client());
   connectBoards();
   buildMenus();
 
@@ -56,7 +50,7 @@ void frmMain::BuildControls() {
 void frmMain::Form_Load() {
   fActivated_ = false;
   Program::Randomize(Program::Timer());
-  BoardLayout::ringGrid(BoardGrid_, kBoardSize, kBoardSize);
+  BoardLayout::ringGrid(BoardGrid_, PuzzleFormat::kBoardSize, PuzzleFormat::kBoardSize);
   Grid->Grid(&BoardGrid_);
   BoardLayout::ringGrid(TrayGrid_, kTrayWidth, kTrayHeight);
   PentoPanel->Grid(&TrayGrid_);

@@ -19,6 +19,10 @@
 /// the board is full.
 class frmMain : public Form {
  public:
+  static constexpr int kHelpTopic = 1200;
+  static constexpr std::int16_t kTrayWidth = 9;  ///< cells
+  static constexpr std::int16_t kTrayHeight = 36;
+
   explicit frmMain(PlayWindows& windows);
   ~frmMain() override;
 

@@ -1,13 +1,13 @@
 #include "board/BoardLayout.h"
+#include "model/PuzzleFormat.h"
 #include "platform/Program.h"
 #include "platform/Twips.h"
 #include "play/frmMain.h"
 
 namespace {
 
-constexpr int kTrayColumns = 9 + 2;  // the grid and one tile of margin on each side
-constexpr int kTrayRows = 36 + 2;
-constexpr int kBoardTiles = 14 + 2;
+constexpr int kMargins = 2;  // tiles beside a grid, one on each side
+constexpr int kBoardTiles = PuzzleFormat::kBoardSize + kMargins;
 constexpr QSizeF kSmallest(6000, 4800);  // twips of the client area; board tiles of 20 pixels
 
 }  // namespace
@@ -23,16 +23,14 @@ void frmMain::Form_Resize() {
 }
 
 void frmMain::showCover() {
-  fraCover_->setGeometry(Client()->rect());
-  fraCover_->raise();
-  fraCover_->show();
+  BoardLayout::cover(*fraCover_);
   fraCover_->repaint();
 }
 
 void frmMain::layOutTray() {
   const double width = ClientWidth() / 5, height = ClientHeight();
   Twips::place(*PentoPanel, 0, 0, width, height);
-  BoardLayout::fitTiles(*PentoPanel, width, height, kTrayColumns, kTrayRows);
+  BoardLayout::fitTiles(*PentoPanel, width, height, kTrayWidth + kMargins, kTrayHeight + kMargins);
 }
 
 void frmMain::layOutBoard() {

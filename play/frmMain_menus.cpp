@@ -7,12 +7,6 @@
 #include "services/basHTMLHelp.h"
 #include "services/basKelvoMusic.h"
 
-namespace {
-
-constexpr int kSolveTopic = 1200;
-
-}  // namespace
-
 void frmMain::buildMenus() {
   buildFileMenu();
   buildSoundMenu();
@@ -59,7 +53,7 @@ void frmMain::buildHelpMenu() {
   QMenu* help = Menus::addMenu(MenuBar(), "mnuHelp", "Help");
   Menus::addItem(help, "mnuHelpContents", "Contents...", [this] { showHelp(HH_DISPLAY_TOPIC, 0); });
   Menus::addItem(help, "mnuHelpSolve", "How to solve puzzles...",
-                 [this] { showHelp(HH_HELP_CONTEXT, kSolveTopic); });
+                 [this] { showHelp(HH_HELP_CONTEXT, kHelpTopic); });
   Menus::addSeparator(help, "mnuHelpSep");
   Menus::addItem(help, "mnuHelpAbout", "About...", [this] { mnuHelpAbout_Click(); });
 }

@@ -9,9 +9,9 @@
 /// Puzzle files as makers see them: the words of a .qzl, what is wrong with them, and new ones.
 namespace puzzle {
 
-inline constexpr int kBoard = 14;       ///< cells along each side of the board
-inline constexpr int kArea = 12;        ///< the inner area, inside the one-cell ring
-inline constexpr int kMostPieces = 15;  ///< what a tray holds with room to move
+inline constexpr int kBoard = PuzzleFormat::kBoardSize;
+inline constexpr int kArea = kBoard - 2;  ///< the inner area, inside the one-cell ring
+inline constexpr int kMostPieces = 15;    ///< what a tray holds with room to move
 
 struct PuzzleFile {
   PuzzleFormat::Version version{};
