@@ -18,10 +18,10 @@ std::string& testFile() {
 
 std::vector<std::string> builtInDrivers(fluid_settings_t* settings) {
   std::vector<std::string> names;
-  fluid_settings_foreach_option(settings, "audio.driver", &names,
-                                [](void* list, const char*, const char* option) {
-                                  static_cast<std::vector<std::string>*>(list)->push_back(option);
-                                });
+  fluid().fluid_settings_foreach_option(
+      settings, "audio.driver", &names, [](void* list, const char*, const char* option) {
+        static_cast<std::vector<std::string>*>(list)->push_back(option);
+      });
   return names;
 }
 
@@ -40,8 +40,8 @@ bool hasCard() {
 /// The drivers to try, best first. Those that would start a sound server are not among them.
 std::vector<std::string> driversToTry(fluid_settings_t* settings) {
   if (!testFile().empty()) {
-    fluid_settings_setstr(settings, "audio.file.name", testFile().c_str());
-    fluid_settings_setstr(settings, "audio.file.type", "raw");
+    fluid().fluid_settings_setstr(settings, "audio.file.name", testFile().c_str());
+    fluid().fluid_settings_setstr(settings, "audio.file.type", "raw");
     return {"file"};
   }
   const std::vector<std::string> builtIn = builtInDrivers(settings);
@@ -58,13 +58,14 @@ std::vector<std::string> driversToTry(fluid_settings_t* settings) {
 
 Fluid<fluid_audio_driver_t> openSoundDevice(const Synthesizer& synthesizer) {
   fluid_settings_t* settings = synthesizer.settings();
-  fluid_settings_setstr(settings, "audio.pulseaudio.media-role", "game");
-  fluid_settings_setint(settings, "audio.realtime-prio", 0);
-  fluid_settings_setint(settings, "audio.period-size", kPeriodFrames);
-  fluid_settings_setint(settings, "audio.periods", kPeriods);
+  fluid().fluid_settings_setstr(settings, "audio.pulseaudio.media-role", "game");
+  fluid().fluid_settings_setint(settings, "audio.realtime-prio", 0);
+  fluid().fluid_settings_setint(settings, "audio.period-size", kPeriodFrames);
+  fluid().fluid_settings_setint(settings, "audio.periods", kPeriods);
   for (const std::string& driver : driversToTry(settings)) {
-    fluid_settings_setstr(settings, "audio.driver", driver.c_str());
-    if (Fluid<fluid_audio_driver_t> open{new_fluid_audio_driver(settings, synthesizer.synth())})
+    fluid().fluid_settings_setstr(settings, "audio.driver", driver.c_str());
+    if (Fluid<fluid_audio_driver_t> open{
+            fluid().new_fluid_audio_driver(settings, synthesizer.synth())})
       return open;
   }
   return {};

@@ -19,46 +19,47 @@ std::string& testFont() {
 std::vector<std::string> fontsToTry(fluid_settings_t* settings) {
   if (!testFont().empty()) return {testFont()};
   char* setUp = nullptr;
-  fluid_settings_dupstr(settings, "synth.default-soundfont", &setUp);
+  fluid().fluid_settings_dupstr(settings, "synth.default-soundfont", &setUp);
   const std::string first = setUp ? setUp : "";
-  fluid_free(setUp);
+  fluid().fluid_free(setUp);
   return {first, kInstalledFont};
 }
 
 void keepQuiet() {
   for (const int level : {FLUID_PANIC, FLUID_ERR, FLUID_WARN, FLUID_INFO, FLUID_DBG})
-    fluid_set_log_function(level, nullptr, nullptr);
+    fluid().fluid_set_log_function(level, nullptr, nullptr);
 }
 
 }  // namespace
 
 Synthesizer::Synthesizer() {
+  if (!fluid().complete) return;
   keepQuiet();
-  settings_.reset(new_fluid_settings());
+  settings_.reset(fluid().new_fluid_settings());
   if (!settings_) return;
-  fluid_settings_setint(settings(), "synth.dynamic-sample-loading", 1);
-  fluid_settings_setint(settings(), "synth.polyphony", kVoices);
-  fluid_settings_setint(settings(), "synth.lock-memory", 0);
-  fluid_settings_setint(settings(), "synth.chorus.active", 0);
-  fluid_settings_setnum(settings(), "synth.gain", kGain);
-  synth_.reset(new_fluid_synth(settings()));
+  fluid().fluid_settings_setint(settings(), "synth.dynamic-sample-loading", 1);
+  fluid().fluid_settings_setint(settings(), "synth.polyphony", kVoices);
+  fluid().fluid_settings_setint(settings(), "synth.lock-memory", 0);
+  fluid().fluid_settings_setint(settings(), "synth.chorus.active", 0);
+  fluid().fluid_settings_setnum(settings(), "synth.gain", kGain);
+  synth_.reset(fluid().new_fluid_synth(settings()));
   sounds_ = synth_ && loadFont();
 }
 
 bool Synthesizer::loadFont() {
   for (const std::string& font : fontsToTry(settings())) {
-    if (!fluid_is_soundfont(font.c_str())) continue;
-    if (fluid_synth_sfload(synth(), font.c_str(), 1) != FLUID_FAILED) return true;
+    if (!fluid().fluid_is_soundfont(font.c_str())) continue;
+    if (fluid().fluid_synth_sfload(synth(), font.c_str(), 1) != FLUID_FAILED) return true;
   }
   return false;
 }
 
 Fluid<fluid_player_t> Synthesizer::playerOf(const void* bytes, std::size_t count) const {
   if (!sounds()) return {};
-  fluid_synth_system_reset(synth());
-  Fluid<fluid_player_t> player(new_fluid_player(synth()));
-  if (!player || fluid_player_add_mem(player.get(), bytes, count) != FLUID_OK) return {};
-  fluid_player_play(player.get());
+  fluid().fluid_synth_system_reset(synth());
+  Fluid<fluid_player_t> player(fluid().new_fluid_player(synth()));
+  if (!player || fluid().fluid_player_add_mem(player.get(), bytes, count) != FLUID_OK) return {};
+  fluid().fluid_player_play(player.get());
   return player;
 }
 

@@ -1,16 +1,16 @@
 #pragma once
 
-#include <fluidsynth.h>
-
 #include <memory>
 #include <string>
 
+#include "platform/FluidLibrary.h"
+
 /// FluidSynth's objects, each with its own end.
 struct FluidEnd {
-  void operator()(fluid_settings_t* settings) const { delete_fluid_settings(settings); }
-  void operator()(fluid_synth_t* synth) const { delete_fluid_synth(synth); }
-  void operator()(fluid_player_t* player) const { delete_fluid_player(player); }
-  void operator()(fluid_audio_driver_t* driver) const { delete_fluid_audio_driver(driver); }
+  void operator()(fluid_settings_t* settings) const { fluid().delete_fluid_settings(settings); }
+  void operator()(fluid_synth_t* synth) const { fluid().delete_fluid_synth(synth); }
+  void operator()(fluid_player_t* player) const { fluid().delete_fluid_player(player); }
+  void operator()(fluid_audio_driver_t* driver) const { fluid().delete_fluid_audio_driver(driver); }
 };
 template <class T>
 using Fluid = std::unique_ptr<T, FluidEnd>;

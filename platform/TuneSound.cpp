@@ -50,7 +50,7 @@ class TuneSound::Playing {
     if (!sounding_) return;
     if (other) load(wanted);
     if (!player_) return;
-    fluid_synth_all_sounds_off(synthesizer_->synth(), -1);
+    fluid().fluid_synth_all_sounds_off(synthesizer_->synth(), -1);
     device_ = openSoundDevice(*synthesizer_);
   }
 

@@ -52,7 +52,7 @@ Sound render(const Tune& tune) {
   sound.samples.resize(2 * static_cast<std::size_t>((sound.length + 2) * kRate));
   const auto frames = static_cast<int>(sound.samples.size() / 2);
   float* out = sound.samples.data();
-  fluid_synth_write_float(synthesizer.synth(), frames, out, 0, 2, out, 1, 2);
+  fluid().fluid_synth_write_float(synthesizer.synth(), frames, out, 0, 2, out, 1, 2);
   return sound;
 }
 
