@@ -1,6 +1,7 @@
 #include "tools/puzzle/CommandLine.h"
 
 #include <algorithm>
+#include <cctype>
 #include <charconv>
 #include <ostream>
 #include <sstream>
@@ -11,6 +12,9 @@ namespace {
 
 constexpr std::string_view kProgram = "quinzolith-puzzle";
 constexpr std::string_view kPurpose = "makes, shows, checks and solves pentomino puzzles";
+constexpr std::string_view kGeneral =
+    "COMMAND --help tells its options. --help, --version and --man stand alone. The file name -\n"
+    "is standard input or output. -- ends the options.";
 constexpr std::string_view kExitCodes[] = {
     "0  done", "1  the answer is no: no solution, a file refused", "2  wrong use"};
 
@@ -42,14 +46,22 @@ const Command& commandNamed(std::string_view name) {
   return *found;
 }
 
-/// A dash that troff does not turn into a hyphen.
+/// A dash that troff does not turn into a hyphen; each sentence on a line of its own.
 std::string troff(std::string_view text) {
   std::string result;
   for (const char c : text) {
     if (c == '-') result += '\\';
     result += c;
+    if (c == ' ' && result.ends_with(". ")) result.back() = '\n';
   }
   return result;
+}
+
+/// What a command does, as sentences of their own.
+std::string paragraph(const Command& command) {
+  std::string text = std::string(command.summary) + ". " + std::string(command.text);
+  text.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(text.front())));
+  return text;
 }
 
 int dispatch(const std::vector<std::string>& words, Surroundings& surroundings) {
@@ -126,8 +138,7 @@ std::string helpText() {
   for (const Command& command : commands())
     out << "  " << command.name << std::string(10 - command.name.size(), ' ') << command.summary
         << "\n";
-  out << "\n  COMMAND --help tells more; --version, --help and --man stand alone.\n"
-      << "  - as a file name is standard input or output; -- ends the options.\n\nExit codes:\n";
+  out << "\n" << kGeneral << "\n\nExit codes:\n";
   for (const std::string_view line : kExitCodes) out << "  " << line << "\n";
   return out.str();
 }
@@ -147,18 +158,20 @@ std::string helpText(const Command& command) {
 
 std::string manualPage() {
   std::ostringstream out;
-  out << ".TH QUINZOLITH\\-PUZZLE 1 \"\" \"Quinzolith " << version() << "\"\n.SH NAME\n"
+  out << ".TH QUINZOLITH\\-PUZZLE 1 " << QUINZOLITH_RELEASED << " \"Quinzolith " << version()
+      << "\"\n.SH NAME\n"
       << troff(kProgram) << " \\- " << kPurpose << "\n.SH SYNOPSIS\n.B " << troff(kProgram)
-      << "\n.I COMMAND\n[OPTIONS] ARGUMENTS\n.SH COMMANDS\n";
+      << "\n.I COMMAND\n[OPTIONS] ARGUMENTS\n.SH DESCRIPTION\n"
+      << troff(kGeneral) << "\n.SH COMMANDS\n";
   for (const Command& command : commands()) {
     out << ".SS \"" << command.name << " [OPTIONS] " << troff(command.arguments) << "\"\n"
-        << troff(command.summary) << ". " << troff(command.text) << "\n";
+        << troff(paragraph(command)) << "\n";
     for (const Option& option : command.options)
       out << ".TP\n.B " << troff(shown(option)) << "\n" << troff(option.text) << "\n";
   }
   out << ".SH EXIT STATUS\n.nf\n";
   for (const std::string_view line : kExitCodes) out << line << "\n";
-  out << ".fi\n";
+  out << ".fi\n.SH SEE ALSO\n.BR quinzolith (6)\n";
   return out.str();
 }
 

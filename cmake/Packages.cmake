@@ -1,0 +1,35 @@
+# Packages: the targets `package` (a Debian package) and `package_source` (a source archive).
+
+set(CPACK_PACKAGE_NAME quinzolith)
+set(CPACK_PACKAGE_VENDOR "Kelvo Software")
+set(CPACK_PACKAGE_CONTACT "The Quinzolith developers <support@quinzolith.example>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "desktop puzzle game about pentominoes")
+set(CPACK_PACKAGE_DIRECTORY ${PROJECT_BINARY_DIR}/packages)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_VERBATIM_VARIABLES ON)
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGING_INSTALL_PREFIX /opt)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
+set(CPACK_DEBIAN_PACKAGE_SECTION games)
+set(CPACK_DEBIAN_PACKAGE_HOMEPAGE "https://www.quinzolith.example")
+set(CPACK_DEBIAN_PACKAGE_DESCRIPTION "\
+A puzzle is a shape on a board and a handful of pentominoes, pieces made of
+five squares. Carry them over, turn and mirror them under the cursor, and lay
+them down until no square of the shape is left empty.
+
+The game brings 36 puzzles in four levels, an easy mode, an editor, help, and
+quinzolith-puzzle, a command-line tool that makes, solves and invents puzzles.")
+# The libraries are found by their names in the programs; the rest is used without being linked.
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "timgm6mb-soundfont, fonts-liberation | fonts-dejavu-core")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-utils")
+
+set(CPACK_SOURCE_GENERATOR TXZ)
+set(CPACK_SOURCE_PACKAGE_FILE_NAME quinzolith-${PROJECT_VERSION})
+# The source is taken from git, not from the folder.
+set(CPACK_SOURCE_INSTALLED_DIRECTORIES "")
+
+set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/BeforePacking.cmake)
+include(CPack)
