@@ -24,18 +24,29 @@ function(lay_out_debian root)
     file(CREATE_LINK "/opt/Kelvo Software/Quinzolith/${program}" ${root}/usr/bin/${program} SYMBOLIC)
   endforeach()
   file(REMOVE_RECURSE ${root}/opt/bin)
-
-  set(documents ${root}/usr/share/doc/quinzolith)
-  file(RENAME ${documents}/CHANGELOG.md ${documents}/changelog)
-  file(GLOB pages ${root}/usr/share/man/*/*)
-  execute_process(COMMAND gzip -9n ${documents}/changelog ${pages} COMMAND_ERROR_IS_FATAL ANY)
+  configure_file(${source}/packaging/lintian-overrides ${root}/usr/share/lintian/overrides/quinzolith COPYONLY)
   # Whoever packs need not be root; the installed folder is the same.
   execute_process(COMMAND chmod 1777 "${root}/opt/Kelvo Software/Quinzolith/User"
     COMMAND_ERROR_IS_FATAL ANY)
 endfunction()
 
+# The changes of the program and those of the package, and the pages of the manual, all packed.
+function(pack_documents root)
+  set(documents ${root}/usr/share/doc/quinzolith)
+  file(RENAME ${documents}/CHANGELOG.md ${documents}/changelog)
+  string(TIMESTAMP now "%a, %d %b %Y %H:%M:%S +0000" UTC)
+  file(WRITE ${documents}/changelog.Debian
+    "quinzolith (${CPACK_PACKAGE_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE}) stable; urgency=medium\n\n"
+    "  * Version ${CPACK_PACKAGE_VERSION}; changelog.gz tells what is new.\n\n"
+    " -- ${CPACK_PACKAGE_CONTACT}  ${now}\n")
+  file(GLOB pages ${root}/usr/share/man/*/*)
+  execute_process(COMMAND gzip -9n ${documents}/changelog ${documents}/changelog.Debian ${pages}
+    COMMAND_ERROR_IS_FATAL ANY)
+endfunction()
+
 if(CPACK_GENERATOR STREQUAL DEB)
   lay_out_debian(${CPACK_TEMPORARY_INSTALL_DIRECTORY})
+  pack_documents(${CPACK_TEMPORARY_INSTALL_DIRECTORY})
 else()
   lay_out_source(${CPACK_TEMPORARY_INSTALL_DIRECTORY})
 endif()

@@ -21,10 +21,11 @@ them down until no square of the shape is left empty.
 
 The game brings 36 puzzles in four levels, an easy mode, an editor, help, and
 quinzolith-puzzle, a command-line tool that makes, solves and invents puzzles.")
-# The libraries are found by their names in the programs; the rest is used without being linked.
+# Linked libraries are found by their names in the programs; what is used without a link is listed.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "timgm6mb-soundfont, fonts-liberation | fonts-dejavu-core")
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-utils")
+file(STRINGS scripts/packages.txt used_when_running REGEX "^run ")
+list(TRANSFORM used_when_running REPLACE "^run " "")
+list(JOIN used_when_running ", " CPACK_DEBIAN_PACKAGE_DEPENDS)
 
 set(CPACK_SOURCE_GENERATOR TXZ)
 set(CPACK_SOURCE_PACKAGE_FILE_NAME quinzolith-${PROJECT_VERSION})
