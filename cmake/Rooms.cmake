@@ -14,7 +14,9 @@ if(QUINZOLITH_SANITIZE)
   target_link_options(quinzolith_flags INTERFACE -fsanitize=address,undefined)
 endif()
 if(QUINZOLITH_FUZZ)
-  target_compile_options(quinzolith_flags INTERFACE -fsanitize=fuzzer-no-link)
+  target_compile_options(quinzolith_flags INTERFACE
+    -fsanitize=fuzzer-no-link -fprofile-instr-generate -fcoverage-mapping)
+  target_link_options(quinzolith_flags INTERFACE -fprofile-instr-generate)
 endif()
 
 add_library(quinzolith_warnings INTERFACE)

@@ -55,6 +55,9 @@ std::vector<std::string> problemsOf(const PuzzleFile& file) {
   if (file.lockFlag != PuzzleFormat::kLocked && file.lockFlag != PuzzleFormat::kUnlocked)
     problems.push_back("The lock flag is neither U nor L.");
   if (file.pieces.empty()) problems.push_back("The puzzle has no pieces.");
+  if (file.pieces.size() > kMostPieces)
+    problems.push_back("The puzzle has " + std::to_string(file.pieces.size()) +
+                       " pieces; it may have at most " + std::to_string(kMostPieces) + ".");
   Shape covered(kBoard, kBoard);
   for (std::size_t i = 0; i < file.pieces.size(); ++i)
     checkPiece(file.pieces[i], i + 1, covered, problems);
