@@ -13,6 +13,7 @@
 #include "platform/Pointer.h"
 #include "platform/Twips.h"
 #include "tests/board/TestAtlas.h"
+#include "tests/model/Pieces.h"
 
 /// Two board controls side by side in an active window, wired as a play window wires them: a board
 /// of 14 x 14 cells at tile 30 and a tray of 9 x 12 cells at tile 20.
@@ -37,10 +38,7 @@ class BoardFixture : public ::testing::Test {
   void prepare(PENTOWINDOW& control, PENTOGRID& grid, int width, int height, const QRect& place,
                int tile) {
     control.ReadProperties(PropertyBag());
-    grid.SetGridSize(static_cast<std::int16_t>(width), static_cast<std::int16_t>(height));
-    for (int x = 0; x < width; ++x)
-      for (int y = 0; y < height; ++y)
-        if (x == 0 || y == 0 || x == width - 1 || y == height - 1) grid.SetGridBackground(x, y);
+    grid = ringedGrid(width, height);
     control.Grid(&grid);
     control.setGeometry(place);
     control.TileSize(static_cast<std::int16_t>(tile));
@@ -62,8 +60,7 @@ class BoardFixture : public ::testing::Test {
   }
 
   PentoRef lay(PENTOGRID& grid, int type, int x, int y) {
-    auto piece = std::make_shared<PENTO>();
-    piece->PentoType(static_cast<std::int16_t>(type));
+    const PentoRef piece = makePiece(type);
     EXPECT_TRUE(grid.AddPento(piece, x, y));
     return piece;
   }
@@ -71,6 +68,8 @@ class BoardFixture : public ::testing::Test {
   static PictureBox& surface(PENTOWINDOW& control) {
     return *dynamic_cast<PictureBox*>(control.findChild<QWidget*>("pctFore"));
   }
+
+  static QImage shown(PENTOWINDOW& control) { return surface(control).picture().view().copy(); }
 
   /// A pixel of a control's picture in the window's coordinates.
   QPoint at(PENTOWINDOW& control, double x, double y) {
@@ -110,9 +109,9 @@ class BoardFixture : public ::testing::Test {
 
   /// The surface shows, pixel by pixel, what a full repaint shows.
   void expectSameAsFullRepaint(PENTOWINDOW& control) {
-    const QImage now = surface(control).picture().view().copy();
+    const QImage now = shown(control);
     control.PaintAll();
-    ASSERT_EQ(now, surface(control).picture().view().copy());
+    ASSERT_EQ(now, shown(control));
   }
 
   TestAtlas pictures_;

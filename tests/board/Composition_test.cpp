@@ -6,6 +6,7 @@
 #include <random>
 
 #include "tests/board/TestAtlas.h"
+#include "tests/model/Pieces.h"
 
 namespace {
 
@@ -77,9 +78,7 @@ class CompositionTest : public ::testing::Test {
                      static_cast<std::int16_t>(3 + below(12)));
     for (int i = 0; i < 25; ++i) grid.SetGridBackground(below(grid.Width()), below(grid.Height()));
     for (int i = 0; i < 12; ++i) {
-      auto piece = std::make_shared<PENTO>();
-      piece->PentoType(static_cast<std::int16_t>(below(18)));  // some are no pieces at all
-      for (int turn = below(4); turn > 0; --turn) piece->Rotate();
+      const PentoRef piece = makePiece(below(18), below(4));  // some are no pieces at all
       grid.AddPento(piece, below(grid.Width()), below(grid.Height()));
     }
     return grid;
@@ -99,8 +98,7 @@ TEST_F(CompositionTest, EveryRectangleShowsWhatAPixelByPixelPaintingShows) {
     Composition composition;
     composition.background(back);
 
-    PENTO piece;
-    piece.PentoType(static_cast<std::int16_t>(below(12)));
+    PENTO piece = *makePiece(below(12));
     const int width = s * grid.Width() + below(5), height = s * grid.Height() + below(5);
     piece.SetPosition(static_cast<std::int16_t>(below(width + 6 * s) - 3 * s),
                       static_cast<std::int16_t>(below(height + 6 * s) - 3 * s));

@@ -13,7 +13,6 @@ class Carrying : public BoardFixture {
     bareBoard_ = shown(board_);
   }
 
-  QImage shown(PENTOWINDOW& control) { return surface(control).picture().view().copy(); }
   Qt::CursorShape cursor(PENTOWINDOW& control) { return surface(control).cursor().shape(); }
 
   PentoRef piece_;

@@ -3,10 +3,7 @@
 
 namespace {
 
-class Geometry : public BoardFixture {
- protected:
-  QImage shown(PENTOWINDOW& control) { return surface(control).picture().view().copy(); }
-};
+using Geometry = BoardFixture;
 
 TEST_F(Geometry, TheTileGivesTheSurfaceItsOuterSizeInTheMiddle) {
   EXPECT_EQ(surface(board_).outerSize(), QSize(420, 420)) << "also after the first showing";
@@ -69,7 +66,7 @@ TEST_F(Geometry, PicturesAreStoredAndReadBack) {
 TEST_F(Geometry, ShowingAPieceWaitsForTheNextFlushAndHidingErasesItAtOnce) {
   board_.PaintAll();
   const QImage bare = shown(board_);
-  const auto piece = std::make_shared<PENTO>();
+  const PentoRef piece = makePiece(0);
   piece->SetPosition(60, 60);
   board_.HideFloatingPento();
   board_.FloatingPento(piece);

@@ -10,86 +10,50 @@
 #include <sstream>
 
 #include "model/PuzzleFormat.h"
-#include "model/basTiles.h"
 #include "solver/Solver.h"
+#include "tests/model/BareTarget.h"
+#include "tests/platform/FileBytes.h"
+#include "tools/puzzle/Drawing.h"
 
 namespace {
 
 const std::filesystem::path kSource = QUINZOLITH_SOURCE_DIR;
-constexpr int kBoard = 14;
+constexpr int kBoard = PuzzleFormat::kBoardSize;
 constexpr int kMostDifferent = 12;
 
+std::filesystem::path fileOf(std::string_view key, const char* extension) {
+  return kSource / "puzzles" / (std::string(key) + extension);
+}
+
 /// A puzzle's editable source.
-struct Drawing {
-  std::string title, pieces;
-  Shape shape;
-};
-
-Drawing drawingOf(std::string_view key) {
-  std::ifstream in(kSource / "puzzles" / (std::string(key) + ".txt"));
-  Drawing drawing;
-  std::vector<std::string> rows;
-  for (std::string line; std::getline(in, line) && !line.empty();) {
-    const std::size_t colon = line.find(": ");
-    (line.substr(0, colon) == "title" ? drawing.title : drawing.pieces) = line.substr(colon + 2);
-  }
-  for (std::string line; std::getline(in, line);) rows.push_back(line);
-  if (rows.empty()) return drawing;
-  drawing.shape = Shape(static_cast<int>(rows[0].size()), static_cast<int>(rows.size()));
-  for (int y = 0; y < drawing.shape.height(); ++y) {
-    const std::string& row = rows[static_cast<std::size_t>(y)];
-    for (int x = 0; x < drawing.shape.width(); ++x)
-      drawing.shape.set({x, y}, row.at(static_cast<std::size_t>(x)) == '#');
-  }
-  return drawing;
+puzzle::Drawing drawingOf(std::string_view key) {
+  return puzzle::readDrawing(bytesOf(fileOf(key, ".txt")));
 }
 
-PieceSet supplyOf(const std::string& letters) {
-  PieceSet supply = PieceSet::ofEach(0);
-  for (const char letter : letters) ++supply[pentominoType(letter)];
-  return supply;
+Solver::Problem problemOf(std::string_view key) {
+  const puzzle::Drawing drawing = drawingOf(key);
+  return {drawing.shape, puzzle::readPieces(drawing.headers.at("pieces"))};
 }
-
-std::filesystem::path fileOf(std::string_view key) {
-  return kSource / "puzzles" / (std::string(key) + ".qzl");
-}
-
-class EditorGrid : public PuzzleTarget {
- public:
-  EditorGrid() { grid_.SetGridSize(kBoard, kBoard); }
-  PENTOGRID* Grid() const override { return &grid_; }
-  void RemoveFloatingPento() override {}
-  void PaintAll() override {}
-
- private:
-  mutable PENTOGRID grid_;
-};
 
 /// Loads every file as the developer's build loads it into the editor.
 class CataloguePuzzles : public testing::Test {
  protected:
-  void SetUp() override {
-    basTiles::targets.Editor = &editor;
-    basTiles::fDeveloperVersion = true;
-  }
-  void TearDown() override {
-    basTiles::targets.Editor = nullptr;
-    basTiles::fDeveloperVersion = false;
-  }
+  void SetUp() override { basTiles::fDeveloperVersion = true; }
 
   Shape arrangement() const {
     Shape covered(kBoard, kBoard);
     for (int x = 0; x < kBoard; ++x)
-      for (int y = 0; y < kBoard; ++y) covered.set({x, y}, editor.Grid()->PentoID(x, y) > 0);
+      for (int y = 0; y < kBoard; ++y) covered.set({x, y}, editor.PentoID(x, y) > 0);
     return covered;
   }
   PieceSet pieces() const {
     PieceSet set = PieceSet::ofEach(0);
-    for (const auto& [id, piece] : editor.Grid()->PentoCollection()) ++set[piece->PentoType()];
+    for (const auto& [id, piece] : editor.PentoCollection()) ++set[piece->PentoType()];
     return set;
   }
 
-  EditorGrid editor;
+  BareWindows windows;
+  const PENTOGRID& editor = windows.editor.grid;
 };
 
 /// The shape's cells in whichever of its eight positions comes first, so that equal shapes are
@@ -132,7 +96,7 @@ TEST(Catalogue, ListsWhatLiesInTheFolderAndNothingElse) {
   std::set<std::string> listed, files, drawings;
   for (const Catalogue::Entry& entry : Catalogue::entries()) {
     listed.emplace(entry.key);
-    EXPECT_EQ(drawingOf(entry.key).title, entry.title);
+    EXPECT_EQ(drawingOf(entry.key).headers.at("title"), entry.title);
     EXPECT_TRUE(exists(kSource / "pictures/icons" / (std::string(entry.icon) + ".png")));
   }
   for (const auto& file : std::filesystem::directory_iterator(kSource / "puzzles")) {
@@ -152,7 +116,7 @@ TEST(Catalogue, GrowsFromTabToTabAndRepeatsNoPieceBeforeItMust) {
                                                             {Catalogue::kExpert, {9, 15}}};
   for (const Catalogue::Entry& entry : Catalogue::entries()) {
     SCOPED_TRACE(entry.key);
-    const PieceSet supply = supplyOf(drawingOf(entry.key).pieces);
+    const PieceSet supply = problemOf(entry.key).supply;
     EXPECT_GE(supply.total(), sizes.at(entry.tab).first);
     EXPECT_LE(supply.total(), sizes.at(entry.tab).second);
     const int mostOfOne = *std::max_element(supply.count.begin(), supply.count.end());
@@ -163,7 +127,7 @@ TEST(Catalogue, GrowsFromTabToTabAndRepeatsNoPieceBeforeItMust) {
 TEST(Catalogue, HasNoShapeTwice) {
   std::map<std::vector<Cell>, std::string_view> seen;
   for (const Catalogue::Entry& entry : Catalogue::entries()) {
-    const auto [other, isNew] = seen.emplace(canonical(drawingOf(entry.key).shape), entry.key);
+    const auto [other, isNew] = seen.emplace(canonical(problemOf(entry.key).shape), entry.key);
     EXPECT_TRUE(isNew) << entry.key << " is " << other->second;
   }
 }
@@ -175,7 +139,7 @@ TEST(Catalogue, DoublesNinePentominoesAndTriplesThree) {
     const int type = pentominoType(entry.title.back());
     EXPECT_EQ(std::stoi(std::string(entry.key.substr(5))), type + 1);
     const int times = entry.tab == Catalogue::kEasy ? 2 : 3;
-    EXPECT_EQ(canonical(drawingOf(entry.key).shape), canonical(enlarged(type, times)));
+    EXPECT_EQ(canonical(problemOf(entry.key).shape), canonical(enlarged(type, times)));
   }
 }
 
@@ -184,31 +148,30 @@ TEST(Catalogue, DoublesNinePentominoesAndTriplesThree) {
 TEST_F(CataloguePuzzles, RebuildTheirDrawings) {
   for (const Catalogue::Entry& entry : Catalogue::entries()) {
     SCOPED_TRACE(entry.key);
-    const Drawing drawing = drawingOf(entry.key);
-    ASSERT_TRUE(basTiles::LoadPuzzle(fileOf(entry.key), true)) << basTiles::LastFileError;
-    EXPECT_EQ(arrangement().trimmed(), drawing.shape);
+    ASSERT_TRUE(basTiles::LoadPuzzle(fileOf(entry.key, ".qzl"), true)) << basTiles::LastFileError;
+    const Solver::Problem problem = problemOf(entry.key);
+    EXPECT_EQ(arrangement().trimmed(), problem.shape.trimmed());
     EXPECT_TRUE(isCentred(arrangement()));
-    EXPECT_EQ(pieces(), supplyOf(drawing.pieces));
-    std::ostringstream bytes;
-    bytes << std::ifstream(fileOf(entry.key), std::ios::binary).rdbuf();
-    EXPECT_EQ(bytes.str(), PuzzleFormat::write(*editor.Grid(), {1, 1, 7}, PuzzleFormat::kLocked));
+    EXPECT_EQ(pieces(), problem.supply);
+    EXPECT_EQ(bytesOf(fileOf(entry.key, ".qzl")),
+              PuzzleFormat::write(editor, {1, 1, 7}, PuzzleFormat::kLocked));
   }
 }
 
 TEST(Catalogue, IsSolvedFromShapesAndPiecesAlone) {
   for (const Catalogue::Entry& entry : Catalogue::entries()) {
     SCOPED_TRACE(entry.key);
-    const Drawing drawing = drawingOf(entry.key);
-    const auto answer = Solver::findSolution({drawing.shape, supplyOf(drawing.pieces)});
+    const Solver::Problem problem = problemOf(entry.key);
+    const auto answer = Solver::findSolution(problem);
     ASSERT_TRUE(answer.solution);
-    Shape covered(drawing.shape.width(), drawing.shape.height());
+    Shape covered(problem.shape.width(), problem.shape.height());
     for (const Placement& placement : *answer.solution) {
       for (const Cell cell : cellsOf(placement)) {
         EXPECT_FALSE(covered.contains(cell));
         covered.set(cell);
       }
     }
-    EXPECT_EQ(covered, drawing.shape);
+    EXPECT_EQ(covered, problem.shape);
   }
 }
 
@@ -225,9 +188,7 @@ TEST(Catalogue, HasAsManySolutionsAsItsProofSays) {
   }
   for (const Catalogue::Entry& entry : Catalogue::entries()) {
     SCOPED_TRACE(entry.key);
-    const Drawing drawing = drawingOf(entry.key);
-    const Work work =
-        Solver::countSolutions({drawing.shape, supplyOf(drawing.pieces)}, Counting::UpToSymmetry);
+    const Work work = Solver::countSolutions(problemOf(entry.key), Counting::UpToSymmetry);
     EXPECT_EQ(work.solutions, proved[std::string(entry.key)]);
   }
 }

@@ -76,12 +76,6 @@ class EditorFixture : public PlayFixture {
     Script::post([] { dialog()->reject(); });
     waitQuiet();
   }
-  /// Answers the file dialog's own question before an existing file is written over.
-  static void answerOverwriting(QMessageBox::StandardButton button) {
-    const auto box = [] { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()); };
-    Script::waitFor("the question", [&] { return box() != nullptr; });
-    Script::onScreen([&] { box()->button(button)->click(); });
-  }
   static QFileDialog* dialog() {
     return qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
   }
@@ -115,10 +109,6 @@ class EditorFixture : public PlayFixture {
       auto* action = edit().Window()->findChild<QAction*>(QString("mnuFileRecent%1").arg(item));
       return action->isVisible() ? action->text().toStdString() : "hidden";
     });
-  }
-  static std::string bytesOf(const fs::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
   }
 
   fs::path user_;

@@ -30,9 +30,7 @@ TEST_F(EditorFiles, AFileIsSavedByTheByteAndOpenedAgain) {
 
     PENTOGRID expected;
     expected.SetGridSize(14, 14);
-    const auto piece = std::make_shared<PENTO>();
-    piece->PentoType(8);
-    expected.AddPento(piece, 3, 4);
+    expected.AddPento(makePiece(8), 3, 4);
     EXPECT_EQ(bytesOf(file), PuzzleFormat::write(expected, {1, 1, 7}, PuzzleFormat::kUnlocked));
 
     lay(1, 5, 10);
@@ -47,7 +45,7 @@ TEST_F(EditorFiles, AFileIsSavedByTheByteAndOpenedAgain) {
     EXPECT_EQ(current(), file);
     menu(edit(), "mnuFileSaveAs");
     choose(file);
-    answerOverwriting(QMessageBox::Yes);
+    answer(QMessageBox::Yes, "Open Puzzle");
     waitQuiet();
     EXPECT_EQ(bytesOf(file), two);
 
@@ -120,10 +118,8 @@ TEST_F(EditorFiles, AFailedSaveNamesTheFileAndKeepsTheChanges) {
 }
 
 TEST_F(EditorFiles, ALockedPuzzleIsRefused) {
-  PENTOGRID board;
-  board.SetGridSize(14, 14);
-  std::ofstream(folder_ / "puzzles" / "ten.qzl", std::ios::binary)
-      << PuzzleFormat::write(board, {1, 1, 7}, PuzzleFormat::kLocked);
+  putBytes(folder_ / "puzzles" / "ten.qzl",
+           PuzzleFormat::write(ringedGrid(14, 14), {1, 1, 7}, PuzzleFormat::kLocked));
   inEditor([this] {
     menu(edit(), "mnuFileOpen");
     choose(folder_ / "puzzles" / "ten.qzl");
@@ -189,7 +185,7 @@ TEST_F(EditorFiles, ACancelledSaveAsChangesNothingAndTheDialogKeepsItsFolder) {
     waitForDialog();
     EXPECT_EQ(nameInDialog(), "dog.qzl");
     choose(folder / "dog");  // without the extension it is the same file
-    answerOverwriting(QMessageBox::No);
+    answer(QMessageBox::No, "Open Puzzle");
     cancelDialog();
     EXPECT_TRUE(changed());
     EXPECT_TRUE(saved());

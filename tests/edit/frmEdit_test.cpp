@@ -1,6 +1,4 @@
 // The editor in the whole program, offscreen: its board, its menus, and the ways out of it.
-#include <QMenu>
-
 #include "tests/edit/EditorFixture.h"
 
 namespace {
@@ -71,18 +69,12 @@ TEST_F(Editor, FifteenPiecesAreTheMost) {
 
 TEST_F(Editor, TheLayoutFollowsItsRuleAndEveryButtonShowsInTheSmallestWindow) {
   inEditor([this] {
-    const auto resize = [this](QSize client) {
-      Script::onScreen([&] {
-        edit().Window()->resize(client + edit().Window()->size() - edit().Client()->size());
-      });
-      Script::waitFor("the size", [&] { return edit().Client()->size() == client; });
-    };
-    resize({700, 400});  // by the height: 384 / 16
+    resizeClient(edit(), {700, 400});  // by the height: 384 / 16
     Script::onScreen([this] {
       EXPECT_EQ(edit().Grid->geometry(), QRect(241, 8, 459, 384));
       EXPECT_EQ(edit().Grid->TileWidth(), 24);
     });
-    resize({521, 700});  // by the width: 280 / 16 = 17.5, to the even neighbour
+    resizeClient(edit(), {521, 700});  // by the width: 280 / 16 = 17.5, to the even neighbour
     Script::onScreen([this] {
       EXPECT_EQ(edit().Grid->TileWidth(), 18);
       EXPECT_FALSE(control(edit(), "fraCover")->isVisible());
@@ -104,18 +96,9 @@ TEST_F(Editor, TheLayoutFollowsItsRuleAndEveryButtonShowsInTheSmallestWindow) {
 
 TEST_F(Editor, TheMenusHaveTheirCaptions) {
   inEditor([this] {
-    Script::onScreen([this] {
-      QStringList captions;
-      for (const char* name : {"mnuFile", "mnuHelp"}) {
-        auto* bar = edit().Window()->findChild<QMenu*>(name);
-        captions << bar->title();
-        for (const QAction* item : bar->actions())
-          if (item->isVisible()) captions << (item->isSeparator() ? "-" : item->text());
-      }
-      EXPECT_EQ(captions.join('|').toStdString(),
-                "File|New|Open...|-|Save|Save as...|-|Play...|-|Close|"
-                "Help|Contents...|How to create puzzles...|-|About...");
-    });
+    EXPECT_EQ(captions(edit(), {"mnuFile", "mnuHelp"}),
+              "File|New|Open...|-|Save|Save as...|-|Play...|-|Close|"
+              "Help|Contents...|How to create puzzles...|-|About...");
   });
 }
 
@@ -131,8 +114,7 @@ TEST_F(Editor, PlayFollowsOnlyAnEditorThatClosedAndItOpensEmptyAgain) {
     answer(QMessageBox::No);
     waitOpen(program_->open);
     EXPECT_FALSE(Script::onScreen([this] { return edit().Loaded() || basTiles::AfterSave; }));
-    key(program_->open, Qt::Key_Escape);
-    waitClosed(program_->open);
+    escape(program_->open);
     menu(program_->main, "mnuViewEdit");
     waitActivated();
     EXPECT_EQ(pieces(), 0U);
@@ -159,17 +141,13 @@ TEST_F(Editor, HelpGoesToItsTopics) {
 TEST_F(Editor, WithFewColoursTheBackgroundGoesAndTheAboutBoxIsShownOverTheCover) {
   Screen::bitsPerPixel = [](const QWidget&) { return 8; };
   inEditor([this] {
-    const auto covered = [this] {
-      return Script::onScreen([this] { return control(edit(), "fraCover")->isVisible(); });
-    };
     EXPECT_TRUE(Script::onScreen([this] { return edit().Grid->BackTexture().isNull(); }));
-    EXPECT_FALSE(covered());
-    menu(edit(), "mnuHelpAbout");
-    waitOpen(program_->splash);
-    EXPECT_TRUE(covered());
+    EXPECT_FALSE(visible(edit(), "fraCover"));
+    openAbout(edit());
+    EXPECT_TRUE(visible(edit(), "fraCover"));
     key(program_->splash, Qt::Key_Return);
     waitClosed(program_->splash);
-    EXPECT_FALSE(covered());
+    EXPECT_FALSE(visible(edit(), "fraCover"));
   });
 }
 

@@ -5,35 +5,22 @@
 #include <vector>
 
 #include "model/basTiles.h"
+#include "tests/model/Pieces.h"
 
-/// A grid that stands in for a board control: it counts what the loader asks of the control.
+/// A grid that stands in for a board control: it notes what the loader asks of the control.
 struct BareTarget : PuzzleTarget {
-  /// A grid as the windows make it: a background ring round an empty inner area.
-  BareTarget(std::int16_t width, std::int16_t height, std::string name = {},
-             std::vector<std::string>* calls = nullptr)
-      : name_(std::move(name)), calls_(calls) {
-    grid.SetGridSize(width, height);
-    for (int x = 0; x < width; ++x)
-      for (int y = 0; y < height; ++y)
-        if (x == 0 || y == 0 || x == width - 1 || y == height - 1) grid.SetGridBackground(x, y);
-  }
+  BareTarget(int width, int height, std::string name, std::vector<std::string>& calls)
+      : grid(ringedGrid(width, height)), name_(std::move(name)), calls_(calls) {}
 
   PENTOGRID* Grid() const override { return &grid; }
-  void RemoveFloatingPento() override { note(removals, "RemoveFloatingPento"); }
-  void PaintAll() override { note(paints, "PaintAll"); }
+  void RemoveFloatingPento() override { calls_.push_back(name_ + " RemoveFloatingPento"); }
+  void PaintAll() override { calls_.push_back(name_ + " PaintAll"); }
 
   mutable PENTOGRID grid;
-  int removals = 0;
-  int paints = 0;
 
  private:
-  void note(int& counter, const char* call) {
-    ++counter;
-    if (calls_) calls_->push_back(name_ + " " + call);
-  }
-
   std::string name_;
-  std::vector<std::string>* calls_;
+  std::vector<std::string>& calls_;
 };
 
 /// The play window's board and tray and the editor's board, registered as the loader's targets, and
@@ -50,9 +37,9 @@ class BareWindows {
   ~BareWindows() { reset(); }
 
   std::vector<std::string> calls;  ///< what the loader asked of the controls, in order
-  BareTarget board{14, 14, "board", &calls};
-  BareTarget tray{9, 36, "tray", &calls};
-  BareTarget editor{14, 14, "editor", &calls};
+  BareTarget board{14, 14, "board", calls};
+  BareTarget tray{9, 36, "tray", calls};
+  BareTarget editor{14, 14, "editor", calls};
 
  private:
   static void reset() {

@@ -7,29 +7,14 @@
 #include <stdexcept>
 #include <vector>
 
-#include "tests/model/BareTarget.h"
 #include "tests/model/GridCheck.h"
+#include "tests/model/Pieces.h"
 
 namespace {
 
-PentoRef make(int type, int turns = 0, int mirrorings = 0) {
-  auto piece = std::make_shared<PENTO>();
-  piece->PentoType(static_cast<std::int16_t>(type));
-  for (int i = 0; i < turns; ++i) piece->Rotate();
-  for (int i = 0; i < mirrorings; ++i) piece->Flip();
-  return piece;
-}
-
-std::vector<std::int32_t> cellsOf(const PENTOGRID& grid) {
-  std::vector<std::int32_t> cells;
-  for (int x = 0; x < grid.Width(); ++x)
-    for (int y = 0; y < grid.Height(); ++y) cells.push_back(grid.PentoID(x, y));
-  return cells;
-}
-
 TEST(PentoGrid, AFreshGridIsEmptyAndKnowsItsEdges) {
   PENTOGRID grid;
-  EXPECT_FALSE(grid.AddPento(make(1), 0, 0));
+  EXPECT_FALSE(grid.AddPento(makePiece(1), 0, 0));
   grid.SetGridSize(14, 9);
   EXPECT_EQ(grid.Width(), 14);
   EXPECT_EQ(grid.Height(), 9);
@@ -47,24 +32,16 @@ TEST(PentoGrid, AFreshGridIsEmptyAndKnowsItsEdges) {
 }
 
 TEST(PentoGrid, ARefusedPieceChangesNothingAndUsesNoId) {
-  BareTarget target(14, 14);
-  PENTOGRID& grid = target.grid;
-  ASSERT_TRUE(grid.AddPento(make(8), 5, 5));
+  PENTOGRID grid = ringedGrid(14, 14);
+  ASSERT_TRUE(grid.AddPento(makePiece(8), 5, 5));
   const auto before = cellsOf(grid);
-  const PentoRef piece = make(7);  // its first cell lies right of its corner
+  const PentoRef piece = makePiece(7);  // its first cell lies right of its corner
   piece->SetPosition(77, 78);
   constexpr int kFar = std::numeric_limits<int>::max();
-  for (const auto& [x, y] : {std::pair{0, 5},
-                             {11, 5},
-                             {5, 13},
-                             {5, 6},
-                             {-1, 3},
-                             {3, -1},
-                             {13, 13},
-                             {kFar, 3},
-                             {3, kFar},
-                             {-kFar, -kFar}})
-    EXPECT_FALSE(grid.AddPento(piece, x, y)) << x << ", " << y;
+  const std::vector<std::pair<int, int>> refused{{0, 5},    {11, 5},       {5, 13},  {5, 6},
+                                                 {-1, 3},   {3, -1},       {13, 13}, {kFar, 3},
+                                                 {3, kFar}, {-kFar, -kFar}};
+  for (const auto& [x, y] : refused) EXPECT_FALSE(grid.AddPento(piece, x, y)) << x << ", " << y;
   EXPECT_EQ(cellsOf(grid), before);
   EXPECT_EQ(grid.PentoCollection().Count(), 1u);
   EXPECT_EQ(piece->X(), 77);
@@ -75,13 +52,12 @@ TEST(PentoGrid, ARefusedPieceChangesNothingAndUsesNoId) {
 }
 
 TEST(PentoGrid, APieceIsTakenOffByAnyOfItsCellsAndComesBackUnderANewId) {
-  BareTarget target(14, 14);
-  PENTOGRID& grid = target.grid;
+  PENTOGRID grid = ringedGrid(14, 14);
   const auto empty = cellsOf(grid);
   std::int32_t id = 0;
   for (int type = 0; type < PENTO::kTypes; ++type) {
     for (int i = 0; i < PENTO::kCells; ++i) {
-      const PentoRef piece = make(type, type % 4, type % 2);
+      const PentoRef piece = makePiece(type, type % 4, type % 2);
       ASSERT_TRUE(grid.AddPento(piece, 4, 6));
       const int x = 4 + piece->GridX(i), y = 6 + piece->GridY(i);
       EXPECT_EQ(grid.PentoID(x, y), ++id);
@@ -95,10 +71,9 @@ TEST(PentoGrid, APieceIsTakenOffByAnyOfItsCellsAndComesBackUnderANewId) {
 }
 
 TEST(PentoGrid, AWalkFollowsThePlacingOrderAndClearStartsAnew) {
-  BareTarget target(14, 14);
-  PENTOGRID& grid = target.grid;
+  PENTOGRID grid = ringedGrid(14, 14);
   const auto empty = cellsOf(grid);
-  const std::vector<PentoRef> pieces{make(1), make(5), make(8), make(10)};
+  const std::vector<PentoRef> pieces{makePiece(1), makePiece(5), makePiece(8), makePiece(10)};
   for (std::size_t i = 0; i < pieces.size(); ++i)
     ASSERT_TRUE(grid.AddPento(pieces[i], 2, 1 + 3 * static_cast<int>(i)));
   grid.RemovePento(pieces[1]->X(), pieces[1]->Y());
@@ -117,21 +92,21 @@ TEST(PentoGrid, AWalkFollowsThePlacingOrderAndClearStartsAnew) {
 TEST(PentoGrid, ANewSizeKeepsThePiecesInTheCollection) {
   PENTOGRID grid;
   grid.SetGridSize(14, 14);
-  ASSERT_TRUE(grid.AddPento(make(3), 4, 4));
+  ASSERT_TRUE(grid.AddPento(makePiece(3), 4, 4));
   grid.SetGridSize(14, 14);
   EXPECT_TRUE(grid.IsEmpty(4, 4));
   EXPECT_EQ(grid.PentoCollection().Count(), 1u);
-  ASSERT_TRUE(grid.AddPento(make(3), 4, 4));
+  ASSERT_TRUE(grid.AddPento(makePiece(3), 4, 4));
   EXPECT_EQ(grid.PentoID(4, 4), 2);
 }
 
 TEST(PentoGrid, ACollectionsPieceWithoutATypeCoversTheCellOfItsSlots) {
-  BareTarget target(14, 14);
-  ASSERT_TRUE(target.grid.AddPento(make(13), 3, 4));
-  EXPECT_EQ(target.grid.PentoID(3, 4), 1);
-  EXPECT_EQ(target.grid.PentoID(4, 4), 0);
-  expectSoundGrid(target.grid);
-  EXPECT_EQ(target.grid.RemovePento(3, 4)->PentoType(), 13);
+  PENTOGRID grid = ringedGrid(14, 14);
+  ASSERT_TRUE(grid.AddPento(makePiece(13), 3, 4));
+  EXPECT_EQ(grid.PentoID(3, 4), 1);
+  EXPECT_EQ(grid.PentoID(4, 4), 0);
+  expectSoundGrid(grid);
+  EXPECT_EQ(grid.RemovePento(3, 4)->PentoType(), 13);
 }
 
 struct Shift {
@@ -162,10 +137,9 @@ std::vector<std::int32_t> shifted(const PENTOGRID& grid, int dx, int dy) {
 
 TEST(PentoGrid, AShiftCarriesPiecesAndBackgroundToTheEdgeAndNoFurther) {
   for (const Shift& shift : kShifts) {
-    BareTarget target(12, 9);
-    PENTOGRID& grid = target.grid;
+    PENTOGRID grid = ringedGrid(12, 9);
     grid.SetGridBackground(7, 5);  // inside the ring: it moves too
-    const PentoRef piece = make(7);
+    const PentoRef piece = makePiece(7);
     ASSERT_TRUE(grid.AddPento(piece, 4, 3));
     int steps = 0;
     for (;; ++steps) {
@@ -193,15 +167,14 @@ TEST(PentoGrid, ALongRandomGameStaysSound) {
   SCOPED_TRACE(kSeed);
   std::mt19937 random(kSeed);
   const auto below = [&](int limit) { return static_cast<int>(random() % unsigned(limit)); };
-  BareTarget target(14, 14);
-  PENTOGRID& grid = target.grid;
+  PENTOGRID grid = ringedGrid(14, 14);
   std::size_t placed = 0, shifts = 0;
   for (int step = 0; step < 4000; ++step) {
     const int x = below(18) - 2, y = below(18) - 2;
     const std::size_t before = grid.PentoCollection().Count();
     const int action = below(10);
     if (action < 6) {
-      const bool added = grid.AddPento(make(below(13), below(4), below(2)), x, y);
+      const bool added = grid.AddPento(makePiece(below(13), below(4), below(2)), x, y);
       ASSERT_EQ(grid.PentoCollection().Count(), before + (added ? 1 : 0));
       placed += added ? 1 : 0;
     } else if (action < 8 && grid.PentoID(x, y) > 0) {

@@ -2,23 +2,13 @@
 
 #include <random>
 
-#include "model/basTiles.h"
-#include "tests/model/BareTarget.h"
 #include "tests/model/GridCheck.h"
-#include "tests/model/MemoryStore.h"
 #include "tests/model/SamplePuzzle.h"
 
 namespace {
 
-class PuzzleDamage : public ::testing::Test {
+class PuzzleDamage : public ::testing::Test, protected SavedSample {
  protected:
-  PuzzleDamage() {
-    basTiles::store = disk.store();
-    laySample(windows.editor.grid);
-    basTiles::SavePuzzle("sample.qzl", windows.editor);
-    sample = disk.files.at("sample.qzl");
-  }
-
   /// Loads the bytes; whatever comes of it, the grids are sound and a failure has a reason.
   bool load(const std::string& bytes, bool toEditor) {
     disk.files["damaged.qzl"] = bytes;
@@ -39,10 +29,6 @@ class PuzzleDamage : public ::testing::Test {
     disk.files.erase("first.qzl");
     disk.files.erase("second.qzl");
   }
-
-  BareWindows windows;
-  MemoryStore disk;
-  std::string sample;
 };
 
 TEST_F(PuzzleDamage, EveryTruncationNamesTheMissingByte) {

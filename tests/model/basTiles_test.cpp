@@ -6,9 +6,7 @@
 #include <system_error>
 
 #include "model/PuzzleFormat.h"
-#include "tests/model/BareTarget.h"
 #include "tests/model/GridCheck.h"
-#include "tests/model/MemoryStore.h"
 #include "tests/model/SamplePuzzle.h"
 
 using basTiles::LastFileError;
@@ -40,22 +38,8 @@ std::string headOf(const std::string& sample, std::int64_t count) {
   return bytes;
 }
 
-std::vector<std::int32_t> cellsOf(const PENTOGRID& grid) {
-  std::vector<std::int32_t> cells;
-  for (int x = 0; x < grid.Width(); ++x)
-    for (int y = 0; y < grid.Height(); ++y) cells.push_back(grid.PentoID(x, y));
-  return cells;
-}
-
-class Tiles : public Test {
+class Tiles : public Test, protected SavedSample {
  protected:
-  Tiles() {
-    basTiles::store = disk.store();
-    laySample(windows.editor.grid);
-    if (!SavePuzzle("sample.qzl", windows.editor)) ADD_FAILURE() << "not saved: " << LastFileError;
-    sample = disk.files.at("sample.qzl");
-  }
-
   /// Loads these bytes; what the controls are asked is counted from here on.
   bool load(const std::string& bytes, bool toEditor = false) {
     windows.calls.clear();
@@ -69,12 +53,9 @@ class Tiles : public Test {
     basTiles::Random = [this, numbers = std::move(numbers)] { return numbers.at(drawn++); };
   }
 
-  BareWindows windows;
   PENTOGRID& board = windows.board.grid;
   PENTOGRID& tray = windows.tray.grid;
   PENTOGRID& editor = windows.editor.grid;
-  MemoryStore disk;
-  std::string sample;
   std::size_t drawn = 0;
 };
 

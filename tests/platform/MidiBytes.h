@@ -3,8 +3,14 @@
 #include <cstdint>
 #include <vector>
 
+#include "tests/platform/FileBytes.h"
+
 /// Small standard MIDI files, written byte by byte.
 using Bytes = std::vector<std::uint8_t>;
+
+inline void putBytes(const std::filesystem::path& file, const Bytes& bytes) {
+  putBytes(file, std::string_view(reinterpret_cast<const char*>(bytes.data()), bytes.size()));
+}
 
 inline void append(Bytes& to, const Bytes& more) {
   to.insert(to.end(), more.begin(), more.end());

@@ -6,13 +6,12 @@
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
-#include <fstream>
 #include <functional>
-#include <iterator>
 #include <set>
 #include <string>
 
 #include "platform/SafeFile.h"
+#include "tests/platform/FileBytes.h"
 
 /// The system's own disk calls, counted, small in their transfers, and with a hook in front. The
 /// system's own are back when it goes.
@@ -99,15 +98,6 @@ class TestFolder {
 
   const std::filesystem::path path;
 };
-
-inline std::string bytesOf(const std::filesystem::path& file) {
-  std::ifstream in(file, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), {}};
-}
-
-inline void putBytes(const std::filesystem::path& file, const std::string& bytes) {
-  std::ofstream(file, std::ios::binary) << bytes;
-}
 
 /// The words of the exception that `action` throws; empty when it throws none.
 inline std::string reasonOf(const std::function<void()>& action) {

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <random>
 
 #include "tests/platform/MidiBytes.h"
@@ -79,9 +78,7 @@ TEST(TuneFile, OnlyRegularFilesOfSaneSizeAreRead) {
   const fs::path folder = fs::temp_directory_path() / "quinzolith-tune-file-test";
   fs::create_directories(folder);
   const auto write = [&](const char* name, const Bytes& bytes) {
-    std::ofstream(folder / name, std::ios::binary)
-        .write(reinterpret_cast<const char*>(bytes.data()),
-               static_cast<std::streamsize>(bytes.size()));
+    putBytes(folder / name, bytes);
     return folder / name;
   };
   const Bytes sound = midi(480, {note(0, 480)});

@@ -4,11 +4,12 @@
 
 #include <QLabel>
 #include <QListWidget>
+#include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTabWidget>
 #include <QTemporaryDir>
 #include <QtTest/QTest>
-#include <fstream>
 #include <memory>
 
 #include "Wiring.h"
@@ -20,6 +21,8 @@
 #include "platform/Screen.h"
 #include "platform/Settings.h"
 #include "play/basStartup.h"
+#include "tests/model/Pieces.h"
+#include "tests/platform/FileBytes.h"
 #include "tour/Script.h"
 
 namespace fs = std::filesystem;
@@ -52,13 +55,9 @@ class PlayFixture : public ::testing::Test {
   }
 
   static void writePuzzle(const fs::path& file) {
-    PENTOGRID board;
-    board.SetGridSize(14, 14);
-    const auto piece = std::make_shared<PENTO>();
-    piece->PentoType(5);
-    board.AddPento(piece, 6, 6);
-    const std::string bytes = PuzzleFormat::write(board, {1, 1, 7}, PuzzleFormat::kUnlocked);
-    std::ofstream(file, std::ios::binary) << bytes;
+    PENTOGRID board = ringedGrid(14, 14);
+    board.AddPento(makePiece(5), 6, 6);
+    putBytes(file, PuzzleFormat::write(board, {1, 1, 7}, PuzzleFormat::kUnlocked));
   }
 
   /// Starts the program and runs the script beside it; the program must have ended by itself, with
@@ -97,13 +96,65 @@ class PlayFixture : public ::testing::Test {
     Script::waitFor("a window to close", [&] { return !window.Loaded(); });
   }
 
+  static void escape(const Form& window) {
+    key(window, Qt::Key_Escape);
+    waitClosed(window);
+  }
+
+  void openChooser() {
+    menu(program_->main, "mnuFileOpen");
+    waitOpen(program_->open);
+  }
+
+  void showTab(int tab) {
+    Script::onScreen(
+        [&] { program_->open.Window()->findChild<QTabWidget*>()->setCurrentIndex(tab); });
+  }
+
+  void openAbout(const Form& from) {
+    menu(from, "mnuHelpAbout");
+    waitOpen(program_->splash);
+  }
+
+  void closeMain() {
+    menu(program_->main, "mnuFileClose");
+    waitClosed(program_->main);
+  }
+
+  static bool visible(const Form& window, const char* name) {
+    return Script::onScreen([&] { return control(window, name)->isVisible(); });
+  }
+
+  static void resizeClient(const Form& form, QSize size) {
+    Script::onScreen([&] {
+      form.Window()->showNormal();
+      form.Window()->resize(size + form.Window()->size() - form.Client()->size());
+    });
+    Script::waitFor("the size", [&] { return form.Client()->size() == size; });
+  }
+
+  /// The visible captions of some menus, each after its menu's own, "-" being a separator.
+  static std::string captions(const Form& window, const std::vector<const char*>& menus) {
+    return Script::onScreen([&] {
+      QStringList captions;
+      for (const char* name : menus) {
+        const auto* found = window.Window()->findChild<QMenu*>(name);
+        if (found->menuAction()->isVisible()) captions << found->title();
+        for (const QAction* item : found->actions())
+          if (item->isVisible()) captions << (item->isSeparator() ? "-" : item->text());
+      }
+      return captions.join('|').toStdString();
+    });
+  }
+
   /// Waits for a message box, answers it with a button and returns its text.
-  static std::string answer(QMessageBox::StandardButton button = QMessageBox::Ok) {
+  static std::string answer(QMessageBox::StandardButton button = QMessageBox::Ok,
+                            const QString& title = "Quinzolith") {
     const auto box = [] { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()); };
     Script::waitFor("a message", [&] { return box() != nullptr; });
     return Script::onScreen([&] {
       const std::string text = box()->text().toStdString();
-      EXPECT_EQ(box()->windowTitle(), "Quinzolith");
+      EXPECT_EQ(box()->windowTitle(), title);
       box()->button(button)->click();
       return text;
     });
@@ -124,8 +175,7 @@ class PlayFixture : public ::testing::Test {
     waitOpen(program_->splash);
     key(program_->splash, Qt::Key_Return);
     waitOpen(program_->open);
-    key(program_->open, Qt::Key_Escape);
-    waitClosed(program_->open);
+    escape(program_->open);
   }
 
   /// Lays the tray's only piece into its place, as a drop would, and waits for the solved dialog.

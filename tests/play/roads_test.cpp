@@ -12,8 +12,7 @@ TEST_F(Roads, SplashPlayChooserCreateEditorPlayEditExit) {
     key(program_->splash, Qt::Key_Return);
     waitOpen(program_->open);
     EXPECT_EQ(openWindows(), 2);
-    Script::onScreen(
-        [this] { program_->open.Window()->findChild<QTabWidget*>()->setCurrentIndex(4); });
+    showTab(4);
     click(program_->open, "cmdCreate");
     waitOpen(program_->edit);
     EXPECT_EQ(openWindows(), 1);
@@ -22,12 +21,10 @@ TEST_F(Roads, SplashPlayChooserCreateEditorPlayEditExit) {
     waitOpen(program_->open);
     EXPECT_EQ(openWindows(), 2);
     EXPECT_TRUE(Script::onScreen([this] { return control(program_->open, "cmdOk")->isEnabled(); }));
-    Script::onScreen(
-        [this] { program_->open.Window()->findChild<QTabWidget*>()->setCurrentIndex(0); });
+    showTab(0);
     click(program_->open, "cmdOk");
     waitClosed(program_->open);
-    EXPECT_FALSE(
-        Script::onScreen([this] { return control(program_->main, "fraCover")->isVisible(); }));
+    EXPECT_FALSE(visible(program_->main, "fraCover"));
 
     menu(program_->main, "mnuViewEdit");
     waitOpen(program_->edit);
@@ -65,8 +62,7 @@ TEST_F(Roads, ASolvedPuzzleOffersFourWaysOn) {
     click(program_->finished, "lblOpen");
     waitOpen(program_->open);
     EXPECT_FALSE(Script::onScreen([this] { return program_->finished.Loaded(); }));
-    key(program_->open, Qt::Key_Escape);
-    waitClosed(program_->open);
+    escape(program_->open);
     EXPECT_EQ(Script::onScreen([this] { return int{program_->main.Grid->EmptyCount()}; }), 5);
     solve();
     click(program_->finished, "imgEdit");
@@ -75,8 +71,7 @@ TEST_F(Roads, ASolvedPuzzleOffersFourWaysOn) {
 
     menu(program_->edit, "mnuFilePlay");
     waitOpen(program_->open);
-    key(program_->open, Qt::Key_Escape);
-    waitClosed(program_->open);
+    escape(program_->open);
     solve();
     click(program_->finished, "imgQuit");
     waitClosed(program_->main);
@@ -87,11 +82,9 @@ TEST_F(Roads, ASolvedPuzzleOffersFourWaysOn) {
 TEST_F(Roads, TheSplashWindowIsTheAboutBoxOnceItHasBeenLeft) {
   play([this] {
     waitOpen(program_->splash);
-    EXPECT_TRUE(
-        Script::onScreen([this] { return control(program_->splash, "imgEdit")->isVisible(); }));
+    EXPECT_TRUE(visible(program_->splash, "imgEdit"));
     toPlay();
-    menu(program_->main, "mnuHelpAbout");
-    waitOpen(program_->splash);
+    openAbout(program_->main);
     Script::onScreen([this] {
       const auto* ok = qobject_cast<QLabel*>(control(program_->splash, "Play"));
       EXPECT_EQ(ok->text(), "Ok");
@@ -99,15 +92,12 @@ TEST_F(Roads, TheSplashWindowIsTheAboutBoxOnceItHasBeenLeft) {
       EXPECT_NEAR(ok->geometry().center().x(),
                   control(program_->splash, "imgPlay")->geometry().center().x(), 1);
     });
-    key(program_->splash, Qt::Key_Escape);
-    waitClosed(program_->splash);
-    menu(program_->main, "mnuHelpAbout");
-    waitOpen(program_->splash);
+    escape(program_->splash);
+    openAbout(program_->main);
     click(program_->splash, "Play");
     waitClosed(program_->splash);
     EXPECT_EQ(openWindows(), 1);
-    menu(program_->main, "mnuFileClose");
-    waitClosed(program_->main);
+    closeMain();
   });
 }
 
@@ -119,7 +109,7 @@ TEST_F(Roads, StartUpMakesTheUserFolderOrGoesOnWithoutIt) {
     waitClosed(program_->splash);
   });
   fs::remove(folder_ / "User");
-  std::ofstream(folder_ / "User") << "a file";
+  putBytes(folder_ / "User", "a file");
   play([this] {
     waitOpen(program_->splash);
     EXPECT_TRUE(fs::is_regular_file(folder_ / "User"));
@@ -129,10 +119,8 @@ TEST_F(Roads, StartUpMakesTheUserFolderOrGoesOnWithoutIt) {
     EXPECT_FALSE(Script::onScreen([this] {
       return control(program_->open, "lvwPuzzles4")->isVisibleTo(program_->open.Window());
     }));
-    key(program_->open, Qt::Key_Escape);
-    waitClosed(program_->open);
-    menu(program_->main, "mnuFileClose");
-    waitClosed(program_->main);
+    escape(program_->open);
+    closeMain();
   });
 }
 

@@ -9,24 +9,9 @@ namespace {
 
 class Windows : public PlayFixture {
  protected:
-  void closeMain() {
-    menu(program_->main, "mnuFileClose");
-    waitClosed(program_->main);
-  }
-
   QListWidget* list(int tab) {
     return qobject_cast<QListWidget*>(
         control(program_->open, qPrintable(QString("lvwPuzzles%1").arg(tab))));
-  }
-
-  void openChooser() {
-    menu(program_->main, "mnuFileOpen");
-    waitOpen(program_->open);
-  }
-
-  void showTab(int tab) {
-    Script::onScreen(
-        [&] { program_->open.Window()->findChild<QTabWidget*>()->setCurrentIndex(tab); });
   }
 
   void select(int tab, const QString& title) {
@@ -41,14 +26,7 @@ class Windows : public PlayFixture {
 TEST_F(Windows, TheLayoutFollowsItsRuleAtAnySize) {
   play([this] {
     toPlay();
-    Script::onScreen([this] {
-      QWidget* window = program_->main.Window();
-      window->showNormal();
-      const QSize frame = window->size() - program_->main.Client()->size();
-      window->resize(QSize(550, 342) + frame);
-    });
-    Script::waitFor("the size",
-                    [this] { return program_->main.Client()->size() == QSize(550, 342); });
+    resizeClient(program_->main, {550, 342});
     Script::onScreen([this] {
       EXPECT_EQ(program_->main.PentoPanel->geometry(), QRect(0, 0, 110, 342));
       EXPECT_EQ(program_->main.Grid->geometry(), QRect(110, 0, 440, 342));
@@ -65,20 +43,12 @@ TEST_F(Windows, TheLayoutFollowsItsRuleAtAnySize) {
 TEST_F(Windows, TheMenusHaveTheirCaptionsAndOneSoundItemIsChecked) {
   play([this] {
     toPlay();
-    Script::onScreen([this] {
-      QStringList captions;
-      for (const char* name : {"mnuFile", "mnuSound", "mnuHelp"}) {
-        auto* bar = program_->main.Window()->findChild<QMenu*>(name);
-        captions << bar->title();
-        for (const QAction* item : bar->actions())
-          if (item->isVisible()) captions << (item->isSeparator() ? "-" : item->text());
-      }
-      EXPECT_EQ(captions.join('|').toStdString(),
-                "File|Select puzzle...|-|Edit...|-|Exit|Sound|Sound on|Sound off|"
-                "Help|Contents...|How to solve puzzles...|-|About...");
-      EXPECT_FALSE(
-          program_->main.Window()->findChild<QMenu*>("mnuView")->menuAction()->isVisible());
-    });
+    EXPECT_EQ(captions(program_->main, {"mnuFile", "mnuSound", "mnuHelp"}),
+              "File|Select puzzle...|-|Edit...|-|Exit|Sound|Sound on|Sound off|"
+              "Help|Contents...|How to solve puzzles...|-|About...");
+    EXPECT_TRUE(Script::onScreen([this] {
+      return !program_->main.Window()->findChild<QMenu*>("mnuView")->menuAction()->isVisible();
+    }));
     const auto checked = [this](const char* item) {
       return Script::onScreen(
           [&] { return program_->main.Window()->findChild<QAction*>(item)->isChecked(); });
@@ -106,8 +76,7 @@ TEST_F(Windows, TheChooserListsTheCatalogueAndKeepsTabAndEasyMode) {
     });
     click(program_->open, "chkEasy");
     showTab(2);
-    key(program_->open, Qt::Key_Escape);
-    waitClosed(program_->open);
+    escape(program_->open);
     EXPECT_TRUE(Script::onScreen([] { return basTiles::fRandomRotation; }));
 
     openChooser();
@@ -131,7 +100,7 @@ TEST_F(Windows, TheChooserListsTheCatalogueAndKeepsTabAndEasyMode) {
 }
 
 TEST_F(Windows, ARefusedPuzzleLeavesTheChooserOpenAndItsFlagsSet) {
-  std::ofstream(folder_ / "puzzles" / "ten.qzl") << "no puzzle";
+  putBytes(folder_ / "puzzles" / "ten.qzl", "no puzzle");
   play([this] {
     toPlay();
     openChooser();
@@ -143,8 +112,7 @@ TEST_F(Windows, ARefusedPuzzleLeavesTheChooserOpenAndItsFlagsSet) {
     showTab(4);
     click(program_->open, "cmdOk");
     EXPECT_EQ(answer(), "Please select a puzzle.");
-    key(program_->open, Qt::Key_Escape);
-    waitClosed(program_->open);
+    escape(program_->open);
     closeMain();
   });
 }
@@ -170,8 +138,7 @@ TEST_F(Windows, UserPuzzlesAreListedUnderTheirRealNames) {
       EXPECT_EQ(Script::onScreen([] { return basTiles::CurrentFileName.string(); }), title);
       openChooser();
     }
-    key(program_->open, Qt::Key_Escape);
-    waitClosed(program_->open);
+    escape(program_->open);
     closeMain();
   });
 }
@@ -198,15 +165,10 @@ TEST_F(Windows, FewColoursTakeTheirOwnPicturesAndDropTheBackgrounds) {
       };
       EXPECT_EQ(background(), depth != 8) << depth;
       openChooser();
-      EXPECT_EQ(
-          Script::onScreen([this] { return control(program_->main, "fraCover")->isVisible(); }),
-          depth < 16);
-      key(program_->open, Qt::Key_Escape);
-      waitClosed(program_->open);
-      menu(program_->main, "mnuHelpAbout");
-      waitOpen(program_->splash);
-      key(program_->splash, Qt::Key_Escape);
-      waitClosed(program_->splash);
+      EXPECT_EQ(visible(program_->main, "fraCover"), depth < 16);
+      escape(program_->open);
+      openAbout(program_->main);
+      escape(program_->splash);
       Script::waitFor("the boards to be shown again",
                       [this] { return !control(program_->main, "fraCover")->isVisible(); });
       EXPECT_EQ(background(), depth >= 16) << depth;
@@ -216,7 +178,7 @@ TEST_F(Windows, FewColoursTakeTheirOwnPicturesAndDropTheBackgrounds) {
 }
 
 /// Controls that a screen reader meets and that would have nothing to say.
-QStringList nameless(const Form& window) {
+std::string nameless(const Form& window) {
   QStringList found;
   for (const QWidget* widget : window.Window()->findChildren<QWidget*>()) {
     if (widget->focusPolicy() == Qt::NoFocus || !widget->isVisible()) continue;
@@ -227,26 +189,24 @@ QStringList nameless(const Form& window) {
     if (!named && !inside)
       found << widget->metaObject()->className() + QString(" ") + widget->objectName();
   }
-  return found;
+  return found.join(", ").toStdString();
 }
 
 TEST_F(Windows, EveryControlHasANameAndTheSolvedDialogFocusesNothing) {
   play([this] {
+    const auto expectNames = [](const Form& window) {
+      EXPECT_EQ(Script::onScreen([&] { return nameless(window); }), "");
+    };
     waitOpen(program_->splash);
-    EXPECT_EQ(
-        Script::onScreen([this] { return nameless(program_->splash).join(", ").toStdString(); }),
-        "");
+    expectNames(program_->splash);
     toPlay();
-    EXPECT_EQ(
-        Script::onScreen([this] { return nameless(program_->main).join(", ").toStdString(); }), "");
+    expectNames(program_->main);
     openChooser();
-    EXPECT_EQ(
-        Script::onScreen([this] { return nameless(program_->open).join(", ").toStdString(); }), "");
-    key(program_->open, Qt::Key_Escape);
-    waitClosed(program_->open);
+    expectNames(program_->open);
+    escape(program_->open);
     solve();
+    expectNames(program_->finished);
     Script::onScreen([this] {
-      EXPECT_EQ(nameless(program_->finished).join(", ").toStdString(), "");
       const QWidget* focused = program_->finished.Window()->focusWidget();
       EXPECT_TRUE(!focused || focused == program_->finished.Window());
       QTest::keyClick(program_->finished.Window(), Qt::Key_Tab);

@@ -5,7 +5,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
-#include <fstream>
+#include <functional>
 #include <map>
 #include <set>
 
@@ -14,6 +14,7 @@
 #include "platform/Settings.h"
 #include "platform/Synthesizer.h"
 #include "platform/TunePlayer.h"
+#include "tests/platform/FileBytes.h"
 
 namespace fs = std::filesystem;
 namespace music = basKelvoMusic;
@@ -64,7 +65,7 @@ class Music : public ::testing::Test {
   fs::path tunes() const { return root_ / "Kelvo Software" / "Common Files" / "MIDI"; }
   fs::path add(const std::string& set, const std::string& name) {
     fs::create_directories(tunes() / set);
-    std::ofstream(tunes() / set / name) << "tune";
+    putBytes(tunes() / set / name, "tune");
     return tunes() / set / name;
   }
   /// One wrong tune, one song, two correct tunes c0 and c1, in this order.
@@ -74,13 +75,19 @@ class Music : public ::testing::Test {
     music::CorrectFiles = {add("Correct", "c0"), add("Correct", "c1"), {}};
     random = 0.99;
   }
+  /// What is logged from here to the next call.
+  Log logOf(const std::function<void()>& action) {
+    log.clear();
+    action();
+    return log;
+  }
   /// Bound, sound on, nothing open: as after the first InitSound of a run.
   void initOn() {
     addTunes();
-    music::InitSound(correct, wrong, song);
+    init();
     ASSERT_TRUE(music::SoundOn());
-    log.clear();
   }
+  void init() { music::InitSound(correct, wrong, song); }
   static std::string stored() {
     return Settings::get(Settings::application(), "Sound", "Status", "nothing");
   }
@@ -126,14 +133,11 @@ TEST_F(Music, AnErrorWhileListingEndsItAndKeepsTheListsSoFar) {
 
 TEST_F(Music, TheFirstInitOpensNothingAndASecondWithSoundOnOpensThree) {
   addTunes();
-  music::InitSound(correct, wrong, song);
-  EXPECT_EQ(log, Log{});
+  EXPECT_EQ(logOf([this] { init(); }), Log{});
   EXPECT_EQ(stored(), "True");
   music::CloseSound();
-  log.clear();
-  music::InitSound(correct, wrong, song);
-  EXPECT_EQ(log, (Log{"correct Close", "correct Open c1", "wrong Close", "wrong Open w",
-                      "song Close", "song Open s"}));
+  EXPECT_EQ(logOf([this] { init(); }), (Log{"correct Close", "correct Open c1", "wrong Close",
+                                            "wrong Open w", "song Close", "song Open s"}));
 }
 
 TEST_F(Music, TheSwitchIsReadAsABooleanAndWrittenBackAtEachInit) {
@@ -143,7 +147,7 @@ TEST_F(Music, TheSwitchIsReadAsABooleanAndWrittenBackAtEachInit) {
       {"False!", true}, {"nan", true},    {"1e999", true},  {"+-0", true}, {"0 0", true}};
   for (const auto& [text, on] : texts) {
     store(text);
-    music::InitSound(correct, wrong, song);
+    init();
     EXPECT_EQ(music::SoundOn(), on) << text;
     EXPECT_EQ(stored(), on ? "True" : "False") << text;
     music::Reset();
@@ -153,84 +157,62 @@ TEST_F(Music, TheSwitchIsReadAsABooleanAndWrittenBackAtEachInit) {
 TEST_F(Music, WithSoundOffNothingIsEvenOpened) {
   store("False");
   addTunes();
-  music::InitSound(correct, wrong, song);
-  log.clear();
-  music::PlayWrong();
-  music::PlaySong();
-  EXPECT_EQ(log, Log{});
+  init();
+  EXPECT_EQ(logOf(music::PlayWrong), Log{});
+  EXPECT_EQ(logOf(music::PlaySong), Log{});
 }
 
-TEST_F(Music, AWrongTuneIsOpenedPlayedAndACorrectOnePrepared) {
+TEST_F(Music, AWrongTuneIsPlayedToItsEndAndTheNextOneOpenedThen) {
   initOn();
   music::fWrongDone = music::fCorrectDone = true;
-  music::PlayWrong();
-  EXPECT_EQ(log, (Log{"wrong Close", "wrong Open w", "song Close", "correct Close", "wrong Play",
-                      "correct Close", "correct Open c1"}));
+  EXPECT_EQ(logOf(music::PlayWrong),
+            (Log{"wrong Close", "wrong Open w", "song Close", "correct Close", "wrong Play",
+                 "correct Close", "correct Open c1"}));
   EXPECT_FALSE(music::fWrongDone);
   EXPECT_FALSE(music::fCorrectDone);
-}
-
-TEST_F(Music, AWrongTuneThatStillPlaysIsNeitherRestartedNorInterrupted) {
-  initOn();
-  music::PlayWrong();
-  log.clear();
-  music::PlayWrong();
-  EXPECT_EQ(log, (Log{"song Close"})) << "the song player is closed once more, nothing else";
-}
-
-TEST_F(Music, AFinishedTuneIsReplacedAndAnOpenOneJustPlayed) {
-  initOn();
-  music::PlayWrong();
+  EXPECT_EQ(logOf(music::PlayWrong), (Log{"song Close"})) << "it plays on";
   wrong.mode = TunePlayer::kStopped;
   music::fWrongDone = true;
-  log.clear();
-  music::PlayWrong();
-  EXPECT_EQ(log.at(1), "wrong Open w");
+  EXPECT_EQ(logOf(music::PlayWrong).at(1), "wrong Open w");
   wrong.mode = TunePlayer::kStopped;  // stopped half-way: not done
-  log.clear();
-  music::PlayWrong();
-  EXPECT_EQ(log.at(1), "wrong Play");
+  EXPECT_EQ(logOf(music::PlayWrong).at(1), "wrong Play");
 }
 
 TEST_F(Music, ASongCutsOffTheWrongTuneAndPreparesTheOthers) {
   initOn();
   music::PlayWrong();
   music::fSongDone = true;
-  log.clear();
-  music::PlaySong();
-  EXPECT_EQ(log, (Log{"song Close", "song Open s", "wrong Close", "song Play", "correct Close",
-                      "correct Open c0", "wrong Close", "wrong Open w"}));
+  EXPECT_EQ(logOf(music::PlaySong),
+            (Log{"song Close", "song Open s", "wrong Close", "song Play", "correct Close",
+                 "correct Open c0", "wrong Close", "wrong Open w"}));
   EXPECT_FALSE(music::fSongDone);
-  log.clear();
-  music::PlayWrong();
-  EXPECT_EQ(log, (Log{"song Close", "wrong Play", "correct Close", "correct Open c1"}));
+  EXPECT_EQ(logOf(music::PlayWrong),
+            (Log{"song Close", "wrong Play", "correct Close", "correct Open c1"}));
 }
 
 TEST_F(Music, SwitchingOffStopsAndRewindsAllAndSwitchingOnPlaysNothing) {
   initOn();
-  music::SetSound(false);
-  EXPECT_EQ(log, (Log{"correct Stop", "correct Back", "wrong Stop", "wrong Back", "song Stop",
-                      "song Back"}));
+  EXPECT_EQ(
+      logOf([] { music::SetSound(false); }),
+      (Log{"correct Stop", "correct Back", "wrong Stop", "wrong Back", "song Stop", "song Back"}));
   EXPECT_EQ(stored(), "False");
-  log.clear();
-  music::SetSound(true);
-  EXPECT_EQ(log, Log{});
+  EXPECT_EQ(logOf([] { music::SetSound(true); }), Log{});
   EXPECT_EQ(stored(), "True");
 }
 
 TEST_F(Music, AnEmptyListOpensTheEmptyNameAndPlaysNothing) {
-  music::InitSound(correct, wrong, song);
-  music::PlayWrong();
-  music::PlaySong();
-  EXPECT_EQ(log, (Log{"wrong Close", "wrong Open ", "song Close", "correct Close",  //
-                      "song Close", "song Open ", "correct Close", "wrong Close"}));
+  init();
+  EXPECT_EQ(logOf(music::PlayWrong),
+            (Log{"wrong Close", "wrong Open ", "song Close", "correct Close"}));
+  EXPECT_EQ(logOf(music::PlaySong),
+            (Log{"song Close", "song Open ", "correct Close", "wrong Close"}));
   EXPECT_EQ(wrong.Mode(), TunePlayer::kNotOpen);
 }
 
 TEST_F(Music, DrawsReachEveryTuneAndNoOtherSlot) {
   for (int i = 0; i < 5; ++i) add("Wrong", std::to_string(i));
   music::LoadSoundLists();
-  music::InitSound(correct, wrong, song);
+  init();
   for (int i = 0; i < 5; ++i) {
     for (const double part : {0.0, 0.1999}) {
       random = i / 5.0 + part;
@@ -244,40 +226,30 @@ TEST_F(Music, DrawsReachEveryTuneAndNoOtherSlot) {
 
 TEST_F(Music, CorrectTunesNeverComeTwiceInARowAndTheFirstIsNeverTheFirst) {
   initOn();
+  const auto nextCorrect = [this] {
+    music::PlayWrong();
+    wrong.mode = TunePlayer::kStopped;
+    return correct.FileName.filename();
+  };
   Program::Random = [flip = 0]() mutable { return flip++ % 3 == 0 ? 0.2 : 0.7; };
-  for (int i = 0; i < 6; ++i) {
-    music::PlayWrong();
-    EXPECT_EQ(correct.FileName.filename(), i % 2 == 0 ? "c1" : "c0");
-    wrong.mode = TunePlayer::kStopped;
+  for (int i = 0; i < 8; ++i) {
+    EXPECT_EQ(nextCorrect(), i % 2 == 0 ? "c1" : "c0");
+    if (i == 5) Program::Random = [] { return 0.7; };  // a stuck generator does not stop the game
   }
-  Program::Random = [] { return 0.7; };  // a generator that is stuck does not stop the game
-  for (int i = 0; i < 2; ++i) {
-    music::PlayWrong();
-    EXPECT_EQ(correct.FileName.filename(), i % 2 == 0 ? "c1" : "c0");
-    wrong.mode = TunePlayer::kStopped;
-  }
-}
-
-TEST_F(Music, TheOnlyCorrectTuneIsTakenAgainAndAgain) {
-  initOn();
   music::CorrectFiles = {"only", {}};
-  for (int i = 0; i < 2; ++i) {
-    music::PlayWrong();
-    EXPECT_EQ(correct.FileName, "only");
-    wrong.mode = TunePlayer::kStopped;
-  }
+  for (int i = 0; i < 2; ++i) EXPECT_EQ(nextCorrect(), "only") << "again and again";
 }
 
 TEST_F(Music, ClosingClosesInOrderOnceAndLeavesNothingToPlayOn) {
   initOn();
-  music::CloseSound();
-  EXPECT_EQ(log, (Log{"correct Close", "wrong Close", "song Close"}));
-  log.clear();
-  music::CloseSound();
-  music::PlayWrong();
-  music::PlaySong();
-  music::SetSound(false);
-  EXPECT_EQ(log, Log{});
+  EXPECT_EQ(logOf(music::CloseSound), (Log{"correct Close", "wrong Close", "song Close"}));
+  EXPECT_EQ(logOf([] {
+              music::CloseSound();
+              music::PlayWrong();
+              music::PlaySong();
+              music::SetSound(false);
+            }),
+            Log{});
   EXPECT_EQ(stored(), "False");
 }
 

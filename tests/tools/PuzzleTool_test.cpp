@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
-#include <fstream>
 #include <sstream>
 
 #include "solver/Placement.h"
+#include "tests/platform/FileBytes.h"
 #include "tools/puzzle/Board.h"
 #include "tools/puzzle/CommandLine.h"
 #include "tools/puzzle/Drawing.h"
@@ -32,20 +32,12 @@ class PuzzleTool : public testing::Test {
     return result;
   }
   std::string path(const std::string& name) const { return (folder_ / name).string(); }
-  std::string write(const std::string& name, const std::string& bytes) const {
-    std::ofstream(path(name), std::ios::binary) << bytes;
-    return path(name);
-  }
-  std::string read(const std::string& name) const {
-    std::ifstream in(path(name), std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-  }
   /// A sound puzzle file of the 6 x 10 box.
   std::string soundFile() {
     std::string drawing = "\n";
     for (int row = 0; row < 6; ++row) drawing += "##########\n";
     EXPECT_EQ(run({"make", "-", path("sound.qzl")}, drawing), puzzle::kDone) << err_;
-    return read("sound.qzl");
+    return bytesOf(path("sound.qzl"));
   }
 
   fs::path folder_ =
@@ -88,41 +80,41 @@ TEST_F(PuzzleTool, KeepsToTheLettersOfADrawing) {
 }
 
 TEST_F(PuzzleTool, SaysWhyAShapeIsNoPuzzle) {
-  const auto refused = [&](const std::string& drawing) {
+  const std::string sixty(60, '#');
+  for (const auto& [drawing, reason] : std::vector<std::pair<std::string, std::string>>{
+           {"####\n", "4 cells"},
+           {"#?###\n", "column 2"},
+           {"\n\n", "no cells"},
+           {"pieces: X\n\n#####\n", "pieces X"},
+           {"pieces: XB\n\n#####\n", "'B'"},
+           {sixty + "\n" + sixty, "24 pieces"},
+           {"LLLL........\nL...\n" + std::string(13, '\n') + "#####\n", "12 x 12"}}) {
     EXPECT_EQ(run({"make", "-", path("none.qzl")}, drawing), puzzle::kNo);
     EXPECT_FALSE(fs::exists(path("none.qzl")));
-    return err_;
-  };
-  EXPECT_NE(refused("####\n").find("4 cells"), std::string::npos);
-  EXPECT_NE(refused("#?###\n").find("column 2"), std::string::npos);
-  EXPECT_NE(refused("\n\n").find("no cells"), std::string::npos);
-  EXPECT_NE(refused("pieces: X\n\n#####\n").find("pieces X"), std::string::npos);
-  EXPECT_NE(refused("pieces: XB\n\n#####\n").find("'B'"), std::string::npos);
-  EXPECT_NE(refused(std::string(60, '#') + "\n" + std::string(60, '#')).find("24 pieces"),
-            std::string::npos);
-  EXPECT_NE(refused("LLLL........\nL...\n" + std::string(13, '\n') + "#####\n").find("12 x 12"),
-            std::string::npos);
+    EXPECT_NE(err_.find(reason), std::string::npos) << err_;
+  }
 }
 
 TEST_F(PuzzleTool, FindsEachKindOfDamage) {
   const std::string sound = soundFile();
-  const auto problems = [&](std::size_t offset, char value) {
-    std::string bytes = sound;
-    bytes.at(offset) = value;
-    EXPECT_EQ(run({"check", "-"}, bytes), puzzle::kNo) << offset;
-    return out_;
+  struct Damage {
+    std::size_t offset;
+    std::string bytes;
+    const char* problem;
   };
-  EXPECT_NE(problems(0, 'q').find("signature"), std::string::npos);
-  EXPECT_NE(problems(38, 'u').find("lock flag"), std::string::npos);
-  EXPECT_NE(problems(39, 0).find("other than 0"), std::string::npos);
-  EXPECT_NE(problems(434, 1).find("impossible number"), std::string::npos);
-  EXPECT_NE(problems(431, 11).find("disagree"), std::string::npos);
-  EXPECT_NE(problems(435, 12).find("unknown type"), std::string::npos);
-  EXPECT_NE(problems(438, 127).find("out of the playing area"), std::string::npos);
-  std::string twice = sound;  // the first piece lies on the second
-  twice.replace(435, 10, sound, 445, 10);
-  EXPECT_EQ(run({"check", "-"}, twice), puzzle::kNo);
-  EXPECT_NE(out_.find("overlaps"), std::string::npos);
+  for (const Damage& damage : {Damage{0, "q", "signature"},
+                               {38, "u", "lock flag"},
+                               {39, std::string(1, '\0'), "other than 0"},
+                               {434, "\1", "impossible number"},
+                               {431, "\13", "disagree"},
+                               {435, "\14", "unknown type"},
+                               {438, "\177", "out of the playing area"},
+                               {435, sound.substr(445, 10), "overlaps"}}) {
+    std::string bytes = sound;
+    bytes.replace(damage.offset, damage.bytes.size(), damage.bytes);
+    EXPECT_EQ(run({"check", "-"}, bytes), puzzle::kNo) << damage.problem;
+    EXPECT_NE(out_.find(damage.problem), std::string::npos) << out_;
+  }
   for (std::size_t length = 0; length < sound.size(); ++length)
     ASSERT_EQ(run({"check", "-"}, sound.substr(0, length)), puzzle::kNo) << length;
 }
@@ -186,7 +178,7 @@ TEST_F(PuzzleTool, TellsWrongUse) {
     EXPECT_EQ(out_, "");
     EXPECT_NE(err_, "");
   }
-  write("--odd", "#####\n");
+  putBytes(path("--odd"), "#####\n");
   const fs::path before = fs::current_path();
   fs::current_path(folder_);
   EXPECT_EQ(run({"solve", "--", "--odd"}), puzzle::kDone) << err_;
