@@ -117,7 +117,6 @@ class PENTOWINDOW : public PointerSurface, public PuzzleTarget {
   void mirrorThroughKeyBox();
   bool easyModeAllows(const char* question);
   void moveFloatingTo(double x, double y);
-  void hideWhileInactive();
   bool RecenterGrab();  // true when it redrew
   void placeCursor(double x, double y);
   void showCursor(CursorShape shape);

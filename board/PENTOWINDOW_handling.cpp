@@ -101,7 +101,7 @@ void PENTOWINDOW::pctFore_MouseMove(double x, double y) {
   quicken();
   hover(x, y);
   if (!windowIsActive()) {
-    hideWhileInactive();
+    HideFloatingPento();
     if (fFloating_) showCursor(CursorShape::Default);
     return;
   }
@@ -123,7 +123,7 @@ void PENTOWINDOW::pctFore_MouseMove(double x, double y) {
 void PENTOWINDOW::pointerMove(const QPointF& position) {
   quicken();
   if (!windowIsActive()) {
-    hideWhileInactive();
+    HideFloatingPento();
     return;
   }
   fFloatVisible_ = true;
@@ -134,13 +134,6 @@ void PENTOWINDOW::pointerMove(const QPointF& position) {
   moveFloatingTo((position.x() * unit - surfaceLeft_) / Twips::perDevicePixelX(*this) - GrabX_,
                  (position.y() * unit - surfaceTop_) / Twips::perDevicePixelY(*this) - GrabY_);
   RecenterGrab();
-  InvalidateFloating();
-  FlushDirty();
-}
-
-void PENTOWINDOW::hideWhileInactive() {
-  if (!fFloating_) return;
-  fFloatVisible_ = false;
   InvalidateFloating();
   FlushDirty();
 }

@@ -1,8 +1,6 @@
 #include "platform/Form.h"
 
 #include <QApplication>
-#include <QCloseEvent>
-#include <QDialog>
 #include <QLayout>
 #include <QMainWindow>
 #include <QMenuBar>
@@ -11,6 +9,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "platform/FormWindow.h"
 #include "platform/LightPalette.h"
 #include "platform/PendingEvents.h"
 #include "platform/PictureBox.h"
@@ -35,91 +34,6 @@ void endWhenNoneIsOpen() {
 }  // namespace
 
 std::function<void(QWidget*, int)> Form::ShowHelp;
-
-/// Tells the form what happens to its window.
-class FormWindow : public QObject {
- public:
-  FormWindow(Form& form, QWidget* window, QWidget* client) : QObject(window), form_(form) {
-    window->installEventFilter(this);
-    if (client != window) client->installEventFilter(this);
-    ratio_ = window->devicePixelRatioF();
-  }
-
-  static void close(Form& form, QCloseEvent* event) {
-    event->ignore();  // the form decides, and hides the window itself
-    form.Unload();
-  }
-  static void escape(Form& form) { form.Form_Escape(); }
-
-  bool eventFilter(QObject* object, QEvent* event) override {
-    auto* widget = qobject_cast<QWidget*>(object);
-    if (!widget || Form::Unloaded(widget)) return false;
-    switch (event->type()) {
-      case QEvent::WindowActivate:
-        form_.queueActivation();
-        break;
-      case QEvent::WindowBlocked:
-        form_.setBlocked(true);
-        break;
-      case QEvent::WindowUnblocked:
-        form_.setBlocked(false);
-        break;
-      case QEvent::ScreenChangeInternal:
-        checkRatio();
-        break;
-      case QEvent::Resize:
-        if (widget == form_.Client()) form_.sized();
-        break;
-      default:
-        break;
-    }
-    return false;
-  }
-
- private:
-  void checkRatio() {
-    const double now = form_.Window()->devicePixelRatioF();
-    if (now == ratio_) return;
-    ratio_ = now;
-    QMetaObject::invokeMethod(
-        this, [this] { form_.sized(); }, Qt::QueuedConnection);
-  }
-
-  Form& form_;
-  double ratio_ = 1;
-};
-
-namespace {
-
-class SizableWindow : public QMainWindow {
- public:
-  explicit SizableWindow(Form& form) : form_(form) {}
-
- protected:
-  void closeEvent(QCloseEvent* event) override { FormWindow::close(form_, event); }
-  QMenu* createPopupMenu() override { return nullptr; }
-
- private:
-  Form& form_;
-};
-
-class DialogWindow : public QDialog {
- public:
-  DialogWindow(Form& form, QWidget* parent)
-      : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
-                            Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint),
-        form_(form) {}
-
-  void reject() override { FormWindow::escape(form_); }
-
- protected:
-  void closeEvent(QCloseEvent* event) override { FormWindow::close(form_, event); }
-
- private:
-  Form& form_;
-};
-
-}  // namespace
 
 Form::Form(Design design) : design_(std::move(design)) {}
 
@@ -159,10 +73,10 @@ QMenuBar* Form::MenuBar() {
 
 void Form::buildWindow(QWidget* parent) {
   if (design_.border == Border::FixedDialog) {
-    window_ = new DialogWindow(*this, parent);
+    window_ = FormWindow::newDialog(*this, parent);
     client_ = window_;
   } else {
-    auto* window = new SizableWindow(*this);
+    QMainWindow* window = FormWindow::newSizable(*this);
     window_ = window;
     client_ = new QWidget(window);
     window->setCentralWidget(client_);
@@ -180,11 +94,14 @@ void Form::buildWindow(QWidget* parent) {
 }
 
 void Form::Load() {
-  if (!Loaded()) {
-    buildWindow(nullptr);
-    BuildControls();
-    Form_Load();
-  }
+  loadBelow(nullptr);
+}
+
+void Form::loadBelow(QWidget* parent) {
+  if (Loaded()) return;
+  buildWindow(parent);
+  BuildControls();
+  Form_Load();
 }
 
 namespace {
@@ -231,11 +148,7 @@ void Form::Show() {
 
 void Form::ShowModal(Form* opener) {
   if (modalLoop_) return;
-  if (!Loaded()) {
-    buildWindow(opener ? opener->Window() : nullptr);
-    BuildControls();
-    Form_Load();
-  }
+  loadBelow(opener ? opener->Window() : nullptr);
   if (!Loaded()) return;
   window_->setWindowModality(opener && opener->Loaded() ? Qt::WindowModal : Qt::ApplicationModal);
   present();

@@ -12,9 +12,8 @@
 /// fields; its on-screen window and controls exist from loading to unloading.
 ///
 /// Loading:   the first showing builds the window and its controls and raises Form_Load, then lays
-/// it
-///            out with Form_Resize.
-/// Activation: Form_Activate is raised from a posted event each time the window becomes active. A
+///            it out with Form_Resize.
+/// Activity:  Form_Activate is raised from a posted event each time the window becomes active. A
 ///            form that activates early gets it before its first paint, too.
 /// Unloading: raises Form_Unload, which may refuse. The window is hidden and no longer counted at
 ///            once; its widgets are deleted when the event loop is back at its first level, since
@@ -44,10 +43,10 @@ class Form {
 
   void Load();  ///< builds the window if there is none; does not show it
   void Show();  ///< loads if needed, and shows without waiting
-  void ShowModal(
-      Form* opener = nullptr);  ///< as Show, blocks the opener, returns once it is closed
-  bool Unload();                ///< false when the form refused; harmless when not loaded
-  void Refresh();               ///< repaints the window at once
+  /// As Show, blocks the opener (or, without one, all windows), and returns once it is closed.
+  void ShowModal(Form* opener = nullptr);
+  bool Unload();   ///< false when the form refused; harmless when not loaded
+  void Refresh();  ///< repaints the window at once
 
   bool Loaded() const { return window_ != nullptr; }
   QWidget* Window() const { return window_; }  ///< null unless loaded
@@ -78,6 +77,7 @@ class Form {
 
  private:
   friend class FormWindow;
+  void loadBelow(QWidget* parent);
   void buildWindow(QWidget* parent);
   void present();
   void retire();

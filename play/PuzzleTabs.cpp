@@ -11,8 +11,7 @@ namespace {
 constexpr QRgb kMask = qRgb(192, 192, 192);
 constexpr QSize kIconSize(32, 32);
 constexpr QSize kEntrySize(72, 66);
-constexpr int kTabPadding =
-    12;  // on both sides together; the style's own is too wide for five tabs
+constexpr int kTabPadding = 12;  // both sides together; the style's is too wide for five tabs
 
 /// The desktop's tabs with less room beside their captions.
 class TightTabs : public QProxyStyle {
