@@ -3,7 +3,12 @@
 
 namespace {
 
-class Roads : public PlayFixture {};
+class Roads : public PlayFixture {
+ protected:
+  int emptyCells() {
+    return Script::onScreen([this] { return int{program_->main.Grid->EmptyCount()}; });
+  }
+};
 
 TEST_F(Roads, SplashPlayChooserCreateEditorPlayEditExit) {
   play([this] {
@@ -57,13 +62,13 @@ TEST_F(Roads, ASolvedPuzzleOffersFourWaysOn) {
 
     click(program_->finished, "imgRetry");
     waitClosed(program_->finished);
-    EXPECT_EQ(Script::onScreen([this] { return int{program_->main.Grid->EmptyCount()}; }), 5);
+    EXPECT_EQ(emptyCells(), 5);
     solve();
     click(program_->finished, "lblOpen");
     waitOpen(program_->open);
     EXPECT_FALSE(Script::onScreen([this] { return program_->finished.Loaded(); }));
     escape(program_->open);
-    EXPECT_EQ(Script::onScreen([this] { return int{program_->main.Grid->EmptyCount()}; }), 5);
+    EXPECT_EQ(emptyCells(), 5);
     solve();
     click(program_->finished, "imgEdit");
     waitOpen(program_->edit);
