@@ -51,7 +51,7 @@ class PENTOWINDOW : public PointerSurface, public PuzzleTarget {
   /// Lets P float here, in place of one that floats already. Paints nothing.
   void FloatingPento(const PentoRef& P);
   void ShowFloatingPento();  ///< paints nothing; the next flush shows the piece
-  void HideFloatingPento();
+  void HideFloatingPento();  ///< erases it at once; it floats on, unseen
   void RemoveFloatingPento() override;
   bool fEasyMode = false;  ///< turning and mirroring ask first
 
@@ -72,8 +72,8 @@ class PENTOWINDOW : public PointerSurface, public PuzzleTarget {
   void InitProperties();  ///< a control just put on a layout, with nothing stored
 
   // --- events ---
-  std::function<void(PentoRef& P)>
-      Float;                        ///< P was pressed; the control goes on with what P then is
+  /// P was pressed; the control goes on with what P is after the event.
+  std::function<void(PentoRef& P)> Float;
   std::function<void()> Drop;       ///< the floating piece has been laid down here
   std::function<void()> Capture;    ///< the pointer came over the control
   std::function<void()> Uncapture;  ///< the pointer is outside, at every tick
