@@ -117,19 +117,6 @@ TEST_F(EditorFiles, AFailedSaveNamesTheFileAndKeepsTheChanges) {
   });
 }
 
-TEST_F(EditorFiles, ALockedPuzzleIsRefused) {
-  putBytes(folder_ / "puzzles" / "ten.qzl",
-           PuzzleFormat::write(ringedGrid(14, 14), {1, 1, 7}, PuzzleFormat::kLocked));
-  inEditor([this] {
-    menu(edit(), "mnuFileOpen");
-    choose(folder_ / "puzzles" / "ten.qzl");
-    EXPECT_EQ(answer(), "You cannot edit the standard Quinzolith puzzles.");
-    waitQuiet();
-    EXPECT_EQ(current(), "");
-    EXPECT_EQ(recent(0), "hidden");
-  });
-}
-
 TEST_F(EditorFiles, WithoutTheUserFolderTheDialogStartsInTheDocuments) {
   play([this] {
     waitOpen(program_->splash);

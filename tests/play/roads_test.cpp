@@ -41,14 +41,6 @@ TEST_F(Roads, SplashPlayChooserCreateEditorPlayEditExit) {
   EXPECT_EQ(Form::Count(), 0);
 }
 
-TEST_F(Roads, ClosingTheSplashWindowEndsTheProgramWithCode0) {
-  program_->start();
-  QMetaObject::invokeMethod(
-      qApp, [this] { program_->splash.Window()->close(); }, Qt::QueuedConnection);
-  EXPECT_EQ(QApplication::exec(), 0);
-  EXPECT_EQ(Form::Count(), 0);
-}
-
 TEST_F(Roads, ASolvedPuzzleOffersFourWaysOn) {
   play([this] {
     toPlay();
