@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QIcon>
+#include <functional>
 
 #include "model/basTiles.h"
 #include "platform/Pointer.h"
@@ -19,6 +20,24 @@ QIcon programIcon() {
   return icon;
 }
 
+/// Calls once, when a first window has been painted: for what costs time and is not missed before.
+class AfterFirstPaint : public QObject {
+ public:
+  explicit AfterFirstPaint(std::function<void()> work) : QObject(qApp), work_(std::move(work)) {
+    qApp->installEventFilter(this);
+  }
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::Paint) {
+      qApp->removeEventFilter(this);
+      QMetaObject::invokeMethod(this, work_, Qt::QueuedConnection);
+    }
+    return false;
+  }
+
+ private:
+  std::function<void()> work_;
+};
+
 void showHelp(QWidget* window, int command, int topic) {
   basHTMLHelp::HtmlHelpA(window, Program::HelpFile, command, topic);
 }
@@ -32,7 +51,8 @@ void wireModel() {
 
 Wiring::Wiring() {
   wireModel();
-  QApplication::setWindowIcon(programIcon());
+  // Reading eight pictures and handing them to the display server takes longer than the window.
+  new AfterFirstPaint([] { QApplication::setWindowIcon(programIcon()); });
   Pointer::listen();
   Form::ShowHelp = [](QWidget* window, int topic) {
     showHelp(window, basHTMLHelp::HH_HELP_CONTEXT, topic);
