@@ -7,6 +7,15 @@ namespace {
 constexpr int kBackgroundSize = 128;
 constexpr Surface::Pixel kPlainBackground = Surface::rgb(160, 160, 208);
 constexpr Surface::Pixel kOutline = Surface::rgb(255, 255, 255);
+constexpr int kBandPixels = 64 * 1024;  // 256 KiB: what a core's own cache holds
+
+/// Where a band from the rest's top ends: below a row of cells where it can.
+int bandEnd(const DirtyRectangle& rest, int tile) {
+  const int end = rest.top + std::max(kBandPixels / (rest.right - rest.left), 1);
+  if (end >= rest.bottom) return rest.bottom;
+  const int cells = tile > 0 ? end - end % tile : end;
+  return cells > rest.top ? cells : end;
+}
 
 }  // namespace
 
@@ -25,16 +34,23 @@ void Composition::background(const QImage& picture) {
 
 void Composition::draw(const Scene& scene, const DirtyRectangle& area, Surface& onto) {
   // What lies beyond the surface would be clipped by the transfer anyway.
-  const DirtyRectangle seen = area.within(onto.width(), onto.height());
-  if (seen.empty()) return;
-  pctBack_.resize(seen.right - seen.left, seen.bottom - seen.top);
-  collectSpots(scene, seen);
-  const FloatingCover cover(scene.floating, scene.atlas->tileWidth(), seen);
-  PaintBackground(scene, seen, cover);
+  DirtyRectangle rest = area.within(onto.width(), onto.height());
+  while (!rest.empty()) {
+    DirtyRectangle band = rest;
+    band.bottom = rest.top = bandEnd(rest, scene.atlas->tileWidth());
+    drawBand(scene, band, onto);
+  }
+}
+
+void Composition::drawBand(const Scene& scene, const DirtyRectangle& band, Surface& onto) {
+  pctBack_.resize(band.right - band.left, band.bottom - band.top);
+  collectSpots(scene, band);
+  const FloatingCover cover(scene.floating, scene.atlas->tileWidth(), band);
+  PaintBackground(scene, band, cover);
   PaintCells(scene, cover);
   PaintBorders(scene);
-  PaintFloatingPento(scene, seen);
-  BitBlt(onto, seen.left, seen.top, pctBack_.width(), pctBack_.height(), pctBack_, 0, 0);
+  PaintFloatingPento(scene, band);
+  BitBlt(onto, band.left, band.top, pctBack_.width(), pctBack_.height(), pctBack_, 0, 0);
 }
 
 /// The texture of a cell. Neighbours that belong to the same piece share one question.

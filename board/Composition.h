@@ -30,7 +30,8 @@ class Composition {
   void background(const QImage& picture);
   QImage background() const { return backgroundPicture_; }
 
-  /// Composes the rectangle and copies it onto the surface in one block transfer.
+  /// Composes the rectangle and copies it onto the surface: what a moving piece dirties in one
+  /// block transfer, a whole board in bands, so that the buffer stays in the cache and small.
   void draw(const Scene& scene, const DirtyRectangle& area, Surface& onto);
 
  private:
@@ -43,6 +44,7 @@ class Composition {
   };
   static constexpr int kNoTexture = -1;
 
+  void drawBand(const Scene& scene, const DirtyRectangle& band, Surface& onto);
   void collectSpots(const Scene& scene, const DirtyRectangle& area);
   int textureAt(const Scene& scene, int column, int row, std::int32_t id) const;
   void PaintBackground(const Scene& scene, const DirtyRectangle& area, const FloatingCover& cover);
