@@ -2,36 +2,36 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cstdio>
-#include <string>
 
-/// Times of short work: the best of many rounds, since a noisy machine only ever adds.
+/// Times of short work beside other work: the best of many short rounds, since a noisy machine only
+/// ever adds, and the two in turn, so that a noisy minute hits both.
 namespace Stopwatch {
 
-constexpr int kRounds = 15;
+constexpr int kRounds = 60;
 
-/// Nanoseconds of one call: the work is called `calls` times a round, and the best round counts.
+/// Nanoseconds of one call, on average over so many calls.
 template <class Work>
-double best(int calls, Work work) {
-  double fewest = 1e300;
+double once(int calls, Work& work) {
+  const auto start = std::chrono::steady_clock::now();
+  for (int i = 0; i < calls; ++i) work(i);
+  const std::chrono::duration<double, std::nano> taken = std::chrono::steady_clock::now() - start;
+  return taken.count() / calls;
+}
+
+/// Nanoseconds of one call each.
+struct Times {
+  double ours = 1e300, other = 1e300;
+};
+
+/// Each work is called so many times a round with the number of the call.
+template <class Ours, class Other>
+Times compare(int calls, Ours ours, int otherCalls, Other other) {
+  Times best;
   for (int round = 0; round < kRounds; ++round) {
-    const auto start = std::chrono::steady_clock::now();
-    for (int i = 0; i < calls; ++i) work(i);
-    const std::chrono::duration<double, std::nano> taken = std::chrono::steady_clock::now() - start;
-    fewest = std::min(fewest, taken.count() / calls);
+    best.ours = std::min(best.ours, once(calls, ours));
+    best.other = std::min(best.other, once(otherCalls, other));
   }
-  return fewest;
-}
-
-inline void title() {
-  std::printf("%-52s %12s %12s %9s  %s\n", "work", "ours (us)", "other (us)", "ratio", "aim");
-}
-
-/// One line of a table: our time, another's, and their ratio.
-inline void row(const std::string& work, double ours, double other, double ratio,
-                const std::string& aim) {
-  std::printf("%-52s %12.2f %12.2f %9.2f  %s\n", work.c_str(), ours / 1e3, other / 1e3, ratio,
-              aim.c_str());
+  return best;
 }
 
 }  // namespace Stopwatch

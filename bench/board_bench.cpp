@@ -7,6 +7,7 @@
 #include <fstream>
 
 #include "bench/Stopwatch.h"
+#include "bench/Table.h"
 #include "board/BoardBackground.h"
 #include "board/PENTOWINDOW.h"
 #include "model/PuzzleFormat.h"
@@ -46,14 +47,30 @@ struct Painter {
   Composition::Scene scene;
 };
 
-double copying(int width, int height) {
-  const std::size_t bytes = static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 4;
-  std::vector<char> from(bytes, 'x'), to(bytes);
-  return Stopwatch::best(2000, [&](int i) {
-    from[static_cast<std::size_t>(i) % bytes] = static_cast<char>(i);
-    std::memcpy(to.data(), from.data(), bytes);
-    asm volatile("" : : "r"(to.data()) : "memory");
-  });
+/// One memcpy of as many bytes as a picture of that size has.
+class Copying {
+ public:
+  Copying(int width, int height)
+      : from_(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 4, 'x'),
+        to_(from_.size()) {}
+
+  void operator()(int i) {
+    from_[static_cast<std::size_t>(i) % from_.size()] = static_cast<char>(i);
+    std::memcpy(to_.data(), from_.data(), from_.size());
+    asm volatile("" : : "r"(to_.data()) : "memory");
+  }
+
+ private:
+  std::vector<char> from_, to_;
+};
+
+std::string microseconds(double nanoseconds) {
+  return Table::number(nanoseconds / 1e3, "us");
+}
+
+void row(const std::string& what, const Stopwatch::Times& times, const Table::Aim& aim) {
+  Table::row(what, microseconds(times.ours), microseconds(times.other), times.ours / times.other,
+             aim);
 }
 
 /// The same picture as the toolkit's user would draw it: an image a cell, a line a border.
@@ -106,14 +123,12 @@ void dragStep() {
   const DirtyRectangle first = area(0);
   const int width = first.right - first.left, height = first.bottom - first.top;
 
-  const double ours =
-      Stopwatch::best(3000, [&](int i) { p.composition.draw(p.scene, area(i), p.surface); });
+  const auto ours = [&](int i) { p.composition.draw(p.scene, area(i), p.surface); };
   const QImage atlas = p.atlas.picture(),
                back = boardBackground(1).convertToFormat(QImage::Format_RGB32);
   QImage buffer(width, height, QImage::Format_RGB32);
   QImage onto(kSide * s, kSide * s, QImage::Format_RGB32);
-  const double usual =
-      Stopwatch::best(300, [&](int i) { drawUsually(p, atlas, back, area(i), buffer, onto); });
+  const auto usual = [&](int i) { drawUsually(p, atlas, back, area(i), buffer, onto); };
 
   p.composition.draw(p.scene, area(7), p.surface);
   drawUsually(p, atlas, back, area(7), buffer, onto);
@@ -121,19 +136,20 @@ void dragStep() {
   const QRect same(seen.left, seen.top, width, height);
   if (p.surface.view().copy(same) != onto.copy(same)) std::puts("The two pictures differ!");
 
-  const double copy = copying(width, height);
-  Stopwatch::row("drag step, tile 30, against QPainter", ours, usual, usual / ours, "at least 3");
-  Stopwatch::row("drag step, tile 30, against one memcpy", ours, copy, ours / copy, "at most 8");
+  const Stopwatch::Times painter = Stopwatch::compare(300, ours, 60, usual);
+  Table::row("drag step, tile 30: times faster than QPainter", microseconds(painter.ours),
+             microseconds(painter.other), painter.other / painter.ours, Table::atLeast(3));
+  row("drag step, tile 30: in memcpys", Stopwatch::compare(600, ours, 2000, Copying(width, height)),
+      Table::atMost(8));
 }
 
 void fullRepaint(int s) {
   Painter p(s, kSide * s, kSide * s);
-  const double ours = Stopwatch::best(100, [&](int) {
+  const auto ours = [&](int) {
     p.composition.draw(p.scene, {0, 0, kSide * s, kSide * s}, p.surface);
-  });
-  const double copy = copying(kSide * s, kSide * s);
-  Stopwatch::row("full repaint, tile " + std::to_string(s) + ", against one memcpy", ours, copy,
-                 ours / copy, "at most 4");
+  };
+  row("full repaint, tile " + std::to_string(s) + ": in memcpys",
+      Stopwatch::compare(30, ours, 60, Copying(kSide * s, kSide * s)), Table::atMost(4));
 }
 
 struct Bare : PuzzleTarget {
@@ -152,15 +168,15 @@ void loading() {
   board.grid.SetGridSize(kSide, kSide);
   tray.grid.SetGridSize(9, 36);
   basTiles::targets = {&board, &tray, nullptr};
-  const double ours = Stopwatch::best(300, [&](int) { basTiles::LoadPuzzle(file, false); });
-  const double reading = Stopwatch::best(300, [&](int) {
+  const auto ours = [&](int) { basTiles::LoadPuzzle(file, false); };
+  const auto reading = [&](int) {
     std::ifstream in(file, std::ios::binary);
     char bytes[1024];
     in.read(bytes, sizeof bytes);
-  });
+  };
+  row("LoadPuzzle, 12 pieces: in readings of the bytes",
+      Stopwatch::compare(100, ours, 100, reading), Table::atMost(3));
   basTiles::targets = {};
-  Stopwatch::row("LoadPuzzle, 12 pieces, against reading the bytes", ours, reading, ours / reading,
-                 "at most 3");
 }
 
 void tileSize() {
@@ -169,12 +185,12 @@ void tileSize() {
   board.resize(900, 900);
   board.ReadProperties(PropertyBag());
   board.Grid(&grid);
-  const double ours =
-      Stopwatch::best(20, [&](int i) { board.TileSize(static_cast<std::int16_t>(30 + i % 2)); });
-  const double decoding = Stopwatch::best(
-      20, [&](int) { QImage(QString::fromStdString(textureFile(24).string())).height(); });
-  Stopwatch::row("a change of TileSize, against decoding the JPEG", ours, decoding, ours / decoding,
-                 "");
+  const auto ours = [&](int i) { board.TileSize(static_cast<std::int16_t>(30 + i % 2)); };
+  const auto decoding = [](int) {
+    QImage(QString::fromStdString(textureFile(24).string())).height();
+  };
+  row("a change of TileSize: in decodings of the JPEG", Stopwatch::compare(10, ours, 10, decoding),
+      {});
 }
 
 }  // namespace
@@ -183,7 +199,6 @@ int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication application(argc, argv);
   Program::setInstallationFolder(QUINZOLITH_TREE);
-  Stopwatch::title();
   dragStep();
   fullRepaint(30);
   fullRepaint(60);

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <cstdio>
+#include <string>
+
+/// The table that all benchmarks print into: a row a figure, with the ratio that tells something on
+/// any machine, and the aim it is held against. Markdown, so that it can be pasted.
+namespace Table {
+
+/// What a ratio, or a share, is held against.
+struct Aim {
+  enum class Kind { AtMost, Below, AtLeast, None };
+  Kind kind = Kind::None;
+  double value = 0;
+
+  bool met(double figure) const {
+    switch (kind) {
+      case Kind::AtMost:
+        return figure <= value;
+      case Kind::Below:
+        return figure < value;
+      case Kind::AtLeast:
+        return figure >= value;
+      case Kind::None:
+        break;
+    }
+    return true;
+  }
+};
+
+inline Aim atMost(double value) {
+  return {Aim::Kind::AtMost, value};
+}
+inline Aim below(double value) {
+  return {Aim::Kind::Below, value};
+}
+inline Aim atLeast(double value) {
+  return {Aim::Kind::AtLeast, value};
+}
+
+/// A number with its unit: three digits that count.
+inline std::string number(double value, const char* unit) {
+  char text[64];
+  std::snprintf(text, sizeof text,
+                value < 10    ? "%.2f %s"
+                : value < 100 ? "%.1f %s"
+                              : "%.0f %s",
+                value, unit);
+  return text;
+}
+
+inline std::string text(const Aim& aim) {
+  constexpr const char* words[] = {"at most %g", "below %g", "at least %g", ""};
+  char line[64];
+  std::snprintf(line, sizeof line, words[static_cast<int>(aim.kind)], aim.value);
+  return line;
+}
+
+inline void title() {
+  std::printf("| %-52s | %-10s | %-10s | %6s | %-13s | %-3s |\n", "figure", "ours", "beside",
+              "ratio", "aim", "met");
+  std::puts("|---|---|---|---|---|---|");
+}
+
+/// `figure` is what the aim is about: a ratio or a share.
+inline void row(const std::string& what, const std::string& ours, const std::string& beside,
+                double figure, const Aim& aim) {
+  const char* met = aim.kind == Aim::Kind::None ? "" : aim.met(figure) ? "yes" : "NO";
+  std::printf("| %-52s | %-10s | %-10s | %6.2f | %-13s | %-3s |\n", what.c_str(), ours.c_str(),
+              beside.c_str(), figure, text(aim).c_str(), met);
+  std::fflush(stdout);
+}
+
+}  // namespace Table
