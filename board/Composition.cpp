@@ -55,7 +55,7 @@ void Composition::drawBand(const Scene& scene, const DirtyRectangle& band, Surfa
 
 /// The texture of a cell. Neighbours that belong to the same piece share one question.
 int Composition::textureAt(const Scene& scene, int column, int row, std::int32_t id) const {
-  if (id == PENTOGRID::kEmpty) return TextureAtlas::kEmptyCell;
+  if (id == PENTOGRID::kEmpty) return pictures::kEmptyCell;
   if (id < 0) return kNoTexture;
   if (!spots_.empty() && spots_.back().id == id) return spots_.back().texture;
   const int type = scene.grid->PentoAt(column, row)->PentoType();

@@ -18,7 +18,7 @@ TextureAtlas::TextureAtlas(int width, int height) {
 
 void TextureAtlas::load(const std::filesystem::path& file, int tile) {
   tile_ = tile;
-  atlas_.resize(kColumns * tile, kColumns * tile);
+  atlas_.resize(pictures::kAtlasColumns * tile, pictures::kAtlasColumns * tile);
   atlas_.clear(kPlain);
   plain_ = true;
   const QImage picture(QString::fromStdString(file.string()));
@@ -38,14 +38,14 @@ void TextureAtlas::showUnscaled(const QImage& picture) {
     shown.load(picture);
     BitBlt(atlas_, 0, 0, shown.width(), shown.height(), shown, 0, 0);
   }
-  tile_ = Twips::nearest(atlas_.width() / static_cast<double>(kColumns));
+  tile_ = Twips::nearest(atlas_.width() / static_cast<double>(pictures::kAtlasColumns));
 }
 
 void TextureAtlas::copyPart(int texture, int fromX, int fromY, int width, int height, Surface& to,
                             int x, int y) const {
   if (!contains(texture)) return;
-  BitBlt(to, x, y, width, height, atlas_, tile_ * (texture % kColumns) + fromX,
-         tile_ * (texture / kColumns) + fromY);
+  BitBlt(to, x, y, width, height, atlas_, tile_ * (texture % pictures::kAtlasColumns) + fromX,
+         tile_ * (texture / pictures::kAtlasColumns) + fromY);
 }
 
 std::filesystem::path textureFile(int colorDepth) {

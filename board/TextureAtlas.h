@@ -3,18 +3,14 @@
 #include <QImage>
 #include <filesystem>
 
+#include "pictures/AtlasLayout.h"
 #include "platform/Surface.h"
 
-/// The sixteen textures at the current tile size: 4 x 4 squares, texture t in column t mod 4 and
-/// row t div 4. 0 to 11 belong to the piece types, 12 is the empty cell, 13 to 15 are spare.
+/// The sixteen textures at the current tile size, laid out as in their picture.
 ///
 /// Units:  device pixels; a tile's edge is tileWidth().
 class TextureAtlas {
  public:
-  static constexpr int kColumns = 4;
-  static constexpr int kTextures = 16;
-  static constexpr int kEmptyCell = 12;
-
   /// A plain atlas of the given width and height; the tile is a quarter of the width, rounded.
   TextureAtlas(int width, int height);
 
@@ -30,7 +26,7 @@ class TextureAtlas {
   int tileWidth() const { return tile_; }
   /// What the atlas shows; null while it is plain.
   QImage picture() const { return plain_ ? QImage() : atlas_.view().copy(); }
-  static bool contains(int texture) { return texture >= 0 && texture < kTextures; }
+  static bool contains(int texture) { return texture >= 0 && texture < pictures::kTextures; }
 
   /// Copies a texture to (x, y), clipped to the target. A number that is no texture copies nothing.
   void copyTile(int texture, Surface& to, int x, int y) const {

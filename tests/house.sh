@@ -22,8 +22,8 @@ allow catalogue 'catalogue'
 allow play 'pictures|catalogue|play|board|model|platform|services|solver'
 allow edit 'pictures|edit|board|model|platform|services|solver'
 allow viewer 'viewer|platform'
-allow tools/pictures 'tools|model|catalogue'
-allow tools/puzzle 'tools|model|solver|platform'
+allow tools/pictures 'tools|pictures|model|catalogue'
+allow tools/puzzle 'tools|pictures|model|solver|platform'
 allow tour 'tour|model|platform|board'
 
 if grep -nE '#include <(Q|q|fluid|mspack|X11|xcb)' model/*.h model/*.cpp solver/*.h solver/*.cpp 2>/dev/null; then

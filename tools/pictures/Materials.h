@@ -1,5 +1,6 @@
 #pragma once
 
+#include "pictures/AtlasLayout.h"
 #include "tools/pictures/Slab.h"
 
 /// The sixteen textures of the game: twelve materials in the order of the piece types, the empty
@@ -11,9 +12,6 @@
 /// hue, chroma and lightness. Features are broad: a board cell is often but 12 pixels wide, taken
 /// from the texture without smoothing.
 namespace pictures {
-
-inline constexpr int kTextures = 16;
-inline constexpr int kEmptyCell = 12;
 
 /// The mean colour that a texture aims at.
 Lab meanColor(int texture);

@@ -57,7 +57,9 @@ Tint tintOf(const std::string& iconKey) {
       {"pento", plain(lch(46, 52, 290))}};
   const auto found = tints.find(iconKey);
   if (found != tints.end()) return found->second;
-  return plain(meanColor(std::stoi(iconKey.substr(5)) - 1));  // "pento01" is of type 0
+  if (iconKey.starts_with("pento"))
+    return plain(meanColor(std::stoi(iconKey.substr(5)) - 1));  // "pento01" is of type 0
+  return plain(lch(52, 50, 265));
 }
 
 /// The cells of a puzzle's drawing.

@@ -3,20 +3,21 @@
 #include <QPainter>
 #include <stdexcept>
 
+#include "pictures/AtlasLayout.h"
+
 namespace puzzle {
 
 namespace {
 
-constexpr int kTexturesPerRow = 4;
-constexpr int kEmptyTexture = 12;
+using pictures::kAtlasColumns;
 
 void drawTexture(QPainter& painter, const QImage& atlas, const PENTOGRID& grid, int x, int y,
                  int tile) {
   const PentoRef piece = grid.PentoAt(x, y);
-  const int texture = piece ? piece->PentoType() : kEmptyTexture;
+  const int texture = piece ? piece->PentoType() : pictures::kEmptyCell;
   painter.drawImage(
       QPoint(x * tile, y * tile), atlas,
-      QRect(texture % kTexturesPerRow * tile, texture / kTexturesPerRow * tile, tile, tile));
+      QRect(texture % kAtlasColumns * tile, texture / kAtlasColumns * tile, tile, tile));
 }
 
 /// A line inside the cell on each side whose neighbour in the grid belongs to something else.
@@ -38,7 +39,7 @@ QImage renderBoard(const PENTOGRID& grid, int tile, const std::filesystem::path&
   QImage atlas(QString::fromStdString(textures.string()));
   if (atlas.isNull())
     throw std::runtime_error(textures.string() + ": The texture picture cannot be read.");
-  atlas = atlas.scaled(kTexturesPerRow * tile, kTexturesPerRow * tile, Qt::IgnoreAspectRatio,
+  atlas = atlas.scaled(kAtlasColumns * tile, kAtlasColumns * tile, Qt::IgnoreAspectRatio,
                        Qt::FastTransformation);
   QImage image(grid.Width() * tile, grid.Height() * tile, QImage::Format_ARGB32_Premultiplied);
   image.fill(Qt::transparent);
