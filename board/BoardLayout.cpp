@@ -50,7 +50,7 @@ void fitTiles(PENTOWINDOW& control, double width, double height, int columns, in
   try {
     control.TileSize(static_cast<std::int16_t>(tile));
   } catch (const std::runtime_error&) {
-    // No textures: a board without tiles beats a window that is not laid out.
+    // The control has laid itself out, with the textures it had or with plain colours.
   }
 }
 

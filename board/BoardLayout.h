@@ -22,7 +22,7 @@ void cover(QFrame& frame);
 void ringGrid(PENTOGRID& grid, std::int16_t width, std::int16_t height);
 
 /// Gives the control the largest tile with which so many columns and rows fit into so many twips.
-/// Where the textures cannot be read the control stays as it is, and the layout goes on.
+/// Where the textures cannot be read the control shows what it has, and the layout goes on.
 void fitTiles(PENTOWINDOW& control, double width, double height, int columns, int rows);
 
 }  // namespace BoardLayout

@@ -18,11 +18,11 @@ double PENTOWINDOW::innerHeight() const {
 void PENTOWINDOW::TileSize(std::int16_t pixels) {
   if (pixels == 0) return;
   noticeSize();
-  atlas_.load(textureFile(Program::ColorDepth), pixels);
   const PENTOGRID& grid = assignedGrid();
   centreSurface(pixels * grid.Width() * Twips::perDevicePixelX(*this),
                 pixels * grid.Height() * Twips::perDevicePixelY(*this));
   quicken();
+  atlas_.load(textureFile(Program::ColorDepth), pixels);  // last: without a picture it throws
 }
 
 /// Gives the surface a size in twips and stands it in the middle of the control.

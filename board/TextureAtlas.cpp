@@ -9,6 +9,18 @@ namespace {
 
 constexpr Surface::Pixel kPlain = Surface::rgb(255, 255, 255);
 
+/// A pixel for each texture: the empty cell dark, the pieces apart from it and from each other.
+QImage plainColours() {
+  constexpr int kColumns = pictures::kAtlasColumns;
+  QImage colours(kColumns, pictures::kTextures / kColumns, QImage::Format_RGB32);
+  for (int texture = 0; texture < pictures::kTextures; ++texture)
+    colours.setPixelColor(texture % kColumns, texture / kColumns,
+                          texture < pictures::kEmptyCell
+                              ? QColor::fromHsv(30 * texture, 200, texture % 2 == 0 ? 230 : 160)
+                              : QColor(40, 40, 60));
+  return colours;
+}
+
 }  // namespace
 
 TextureAtlas::TextureAtlas(int width, int height) {
@@ -19,15 +31,13 @@ TextureAtlas::TextureAtlas(int width, int height) {
 void TextureAtlas::load(const std::filesystem::path& file, int tile) {
   tile_ = tile;
   atlas_.resize(pictures::kAtlasColumns * tile, pictures::kAtlasColumns * tile);
-  atlas_.clear(kPlain);
-  plain_ = true;
   const QImage picture(QString::fromStdString(file.string()));
+  if (!picture.isNull()) textures_.load(picture);
+  if (textures_.width() == 0) textures_.load(plainColours());
+  stretchOnto(atlas_, textures_);
+  plain_ = false;
   if (picture.isNull())
     throw std::runtime_error("The texture picture cannot be read: " + file.string());
-  Surface loaded;
-  loaded.load(picture);
-  stretchOnto(atlas_, loaded);
-  plain_ = false;
 }
 
 void TextureAtlas::showUnscaled(const QImage& picture) {

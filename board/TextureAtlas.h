@@ -15,8 +15,8 @@ class TextureAtlas {
   TextureAtlas(int width, int height);
 
   /// Reads a texture file and scales it, without blending, to tiles of `tile` pixels.
-  /// Errors: std::runtime_error when the file cannot be read as a picture; the tile size has
-  ///         changed by then and the atlas is plain.
+  /// Errors: std::runtime_error when the file cannot be read as a picture; by then the atlas shows
+  ///         the textures read before, or plain colours, at the new tile size.
   void load(const std::filesystem::path& file, int tile);
 
   /// Shows a picture unscaled in an atlas that keeps its size; the tile becomes a quarter of its
@@ -38,6 +38,7 @@ class TextureAtlas {
 
  private:
   Surface atlas_;
+  Surface textures_;  ///< what was read last, unscaled
   int tile_ = 0;
   bool plain_ = true;
 };

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QStandardPaths>
 
 #include "platform/Form.h"
 #include "platform/PendingEvents.h"
@@ -41,6 +42,13 @@ QMessageBox::StandardButton show(const std::string& text, Icon icon,
   return static_cast<QMessageBox::StandardButton>(answer);
 }
 
+/// Where a dialog starts when its folder is gone: Qt would take the folder for a file's name.
+QString startFolder(const fs::path& folder) {
+  if (folder.empty() || QFileInfo(text(folder)).isDir()) return text(folder);
+  const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  return QFileInfo(documents).isDir() ? documents : QDir::homePath();
+}
+
 Answer answerOf(QMessageBox::StandardButton button) {
   if (button == QMessageBox::Yes) return Answer::Yes;
   return button == QMessageBox::No ? Answer::No : Answer::Cancel;
@@ -72,7 +80,7 @@ bool FileDialog::ShowSave() {
 bool FileDialog::show(bool save) {
   const NestedLoop nested;
   QWidget* parent = owner();
-  QFileDialog dialog(parent, QString::fromStdString(title), text(folder),
+  QFileDialog dialog(parent, QString::fromStdString(title), startFolder(folder),
                      QString::fromStdString(filterName));
   dialog.setOption(QFileDialog::DontUseNativeDialog);
   dialog.setOption(QFileDialog::DontConfirmOverwrite, !overwritePrompt);

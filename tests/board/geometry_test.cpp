@@ -1,4 +1,6 @@
 // Sizes, repaints and the members that paint nothing.
+#include <set>
+
 #include "tests/board/BoardFixture.h"
 
 namespace {
@@ -43,6 +45,23 @@ TEST_F(Geometry, AFlushThatFailsLeavesThePictureAndAMissingTextureFileIsReported
   board_.Grid(&boardGrid_);
   std::filesystem::remove(pictures_.file());
   EXPECT_THROW(board_.TileSize(25), std::runtime_error);
+}
+
+TEST_F(Geometry, WithoutItsTextureFileABoardKeepsItsTexturesOrShowsPlainColours) {
+  board_.TileSize(20);
+  const QImage before = board_.BlockTexture();
+  std::filesystem::remove(pictures_.file());
+  EXPECT_THROW(board_.TileSize(25), std::runtime_error);
+  EXPECT_THROW(board_.TileSize(20), std::runtime_error);
+  EXPECT_EQ(board_.BlockTexture(), before);
+
+  PENTOWINDOW fresh(&window_);
+  fresh.Grid(&boardGrid_);
+  EXPECT_THROW(fresh.TileSize(10), std::runtime_error);
+  std::set<QRgb> colours;
+  for (int texture = 0; texture <= 12; ++texture)
+    colours.insert(fresh.BlockTexture().pixel(10 * (texture % 4), 10 * (texture / 4)));
+  EXPECT_EQ(colours.size(), 13u) << "twelve pieces and the empty cell are told apart";
 }
 
 TEST_F(Geometry, PicturesAreStoredAndReadBack) {

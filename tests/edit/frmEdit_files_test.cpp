@@ -117,15 +117,16 @@ TEST_F(EditorFiles, AFailedSaveNamesTheFileAndKeepsTheChanges) {
   });
 }
 
-TEST_F(EditorFiles, WithoutTheUserFolderTheDialogStartsInTheDocuments) {
+TEST_F(EditorFiles, WithoutTheUserFolderTheDialogStartsElsewhereAndNamesNoFile) {
   play([this] {
-    waitOpen(program_->splash);
-    Script::onScreen([this] { fs::remove_all(user_); });
     openEditor();
-    menu(edit(), "mnuFileOpen");
+    Script::onScreen([this] { fs::remove_all(user_); });
+    menu(edit(), "mnuFileSaveAs");
     waitForDialog();
-    EXPECT_NE(Script::onScreen([] { return dialog()->directory().path().toStdString(); }),
-              user_.string());
+    Script::onScreen([this] {
+      EXPECT_NE(dialog()->directory().path().toStdString(), user_.parent_path().string());
+      EXPECT_EQ(dialog()->findChild<QLineEdit*>("fileNameEdit")->text(), "");  // seen: "User"
+    });
     cancelDialog();
     leave();
   });

@@ -64,6 +64,21 @@ TEST_F(PuzzleTool, MakesAFileThatIsSoundCentredAndUnlocked) {
   EXPECT_EQ(puzzle::readPuzzleFile(out_).lockFlag, 'L');
 }
 
+TEST_F(PuzzleTool, WritesThroughLinksAndLeavesNothingBesideWhatItCannotWrite) {
+  // Seen: a device or a link gave its name up to a new file, and a full disk kept half of one.
+  fs::create_symlink("/dev/full", path("full"));
+  fs::create_symlink(path("real.qzl"), path("link.qzl"));
+  fs::create_directory(path("folder"));
+  for (const char* name : {"full", "folder"}) {
+    EXPECT_EQ(run({"make", "-", path(name)}, kHolder), puzzle::kNo);
+    EXPECT_NE(err_.find(path(name) + ": The file cannot be written."), std::string::npos) << err_;
+  }
+  EXPECT_EQ(run({"make", "-", path("link.qzl")}, kHolder), puzzle::kDone) << err_;
+  EXPECT_EQ(run({"check", path("real.qzl")}), puzzle::kDone) << out_;
+  EXPECT_TRUE(fs::is_symlink(path("full")) && fs::is_symlink(path("link.qzl")));
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder_), {}), 4);
+}
+
 TEST_F(PuzzleTool, KeepsToTheLettersOfADrawing) {
   const std::string drawing = "pieces: FIILPPX\n\nPPPPP\nPPPPP\nIIIII\nIIIII\n";
   ASSERT_EQ(run({"make", "-", path("letters.qzl")}, drawing), puzzle::kDone) << err_;

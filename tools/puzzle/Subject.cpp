@@ -75,18 +75,23 @@ void writeAll(const std::string& file, const std::string& bytes, Surroundings& s
     surroundings.out << bytes;
     return;
   }
-  const fs::path beside = file + ".new";
+  std::error_code failure, ignored;
+  const fs::path target = fs::weakly_canonical(file, ignored);  // a link stays one
+  const fs::path named = ignored ? fs::path(file) : target;
+  const fs::file_type type = fs::status(named, ignored).type();
+  // A device is written to.
+  const bool beside = type == fs::file_type::regular || type == fs::file_type::not_found;
+  const fs::path written = beside ? fs::path(named.string() + ".new") : named;
   {
-    std::ofstream out(beside, std::ios::binary | std::ios::trunc);
+    std::ofstream out(written, std::ios::binary | std::ios::trunc);
     out << bytes;
     out.close();
-    if (!out) throw Refusal(file + ": The file cannot be written.");
+    if (!out) failure = std::make_error_code(std::errc::io_error);
   }
-  std::error_code failure;
-  fs::rename(beside, file, failure);
+  if (beside && !failure) fs::rename(written, named, failure);
   if (!failure) return;
-  fs::remove(beside);
-  throw Refusal(file + ": " + failure.message() + ".");
+  if (beside) fs::remove(written, ignored);
+  throw Refusal(file + ": The file cannot be written.");
 }
 
 Subject readSubject(const std::string& file, Surroundings& surroundings) {

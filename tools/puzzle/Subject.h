@@ -17,7 +17,7 @@ struct Subject {
 /// The whole file, or standard input for "-". Errors: Refusal.
 std::string readAll(const std::string& file, Surroundings& surroundings);
 /// Writes beside the file and renames, so that the old file or the new one is there; "-" is
-/// standard output. Errors: Refusal.
+/// standard output. A link keeps its place, and a device is written to. Errors: Refusal.
 void writeAll(const std::string& file, const std::string& bytes, Surroundings& surroundings);
 
 /// Reads a drawing or a puzzle file, told apart by the signature.

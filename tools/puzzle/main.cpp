@@ -10,6 +10,7 @@ int main(int argc, char** argv) {
       std::cin, std::cout, std::cerr,
       (none ? std::filesystem::absolute(argv[0]) : program).parent_path()};
   const int result = puzzle::run({argv + 1, argv + argc}, surroundings);
-  std::cout.flush();
-  return std::cout ? result : puzzle::kNo;
+  if (std::cout.flush()) return result;
+  std::cerr << "quinzolith-puzzle: The output cannot be written.\n";
+  return puzzle::kNo;
 }
