@@ -78,6 +78,17 @@ TEST_F(Recent, TheLatestIsOnTopAndTheFifthDrivesTheOldestOut) {
   EXPECT_EQ(menu.caption, items_.caption);
 }
 
+TEST_F(Recent, AListThatCannotBeStoredHoldsForThisRun) {
+  Settings::useFile(folder_.path().toStdString());  // a folder, where the file should be
+  KSRecent list;
+  Items menu;
+  load(list, menu);
+  list.AddRecent("a");
+  list.AddRecent("b");
+  EXPECT_EQ(entries(list), "ba");
+  EXPECT_EQ(menu.caption[0], "&1 b");
+}
+
 TEST(Abbreviate, DropsFoldersFromTheFrontAndThenTheStartOfTheName) {
   const auto shortened = [](const std::string& path) { return KSRecent::Abbreviate(path, '\\'); };
   EXPECT_EQ(shortened(R"(C:\Games\Puzzles\User\ring.qzl)"), R"(C:\Games\Puzzles\User\ring.qzl)");
