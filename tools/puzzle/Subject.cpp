@@ -78,8 +78,8 @@ void writeAll(const std::string& file, const std::string& bytes, Surroundings& s
   std::error_code failure, ignored;
   const fs::path target = fs::weakly_canonical(file, ignored);  // a link stays one
   const fs::path named = ignored ? fs::path(file) : target;
-  const fs::file_type type = fs::status(named, ignored).type();
-  // A device is written to.
+  const fs::file_type type = fs::symlink_status(named, ignored).type();
+  // A device, or what a link to nothing yet names, is written in place.
   const bool beside = type == fs::file_type::regular || type == fs::file_type::not_found;
   const fs::path written = beside ? fs::path(named.string() + ".new") : named;
   {
