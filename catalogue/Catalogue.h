@@ -16,7 +16,7 @@ struct Entry {
   std::string_view icon;   ///< stem of the icon's file
 };
 
-/// All 36, in the order in which the chooser shows them.
+/// All, in the order in which the chooser shows them.
 std::span<const Entry> entries();
 
 }  // namespace Catalogue

@@ -126,6 +126,8 @@ QImage in256Colors(const QImage& picture) {
   const QList<QRgb> table = bestColors(picture);
   QImage result(picture.size(), QImage::Format_Indexed8);
   result.setColorTable(table);
+  // The rows' last bytes belong to no pixel, but are written to the file.
+  std::fill_n(result.bits(), result.sizeInBytes(), uchar{0});
   QHash<QRgb, int> known;
   for (int y = 0; y < picture.height(); ++y) {
     for (int x = 0; x < picture.width(); ++x) {

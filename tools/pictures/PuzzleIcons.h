@@ -10,7 +10,7 @@ struct IconEntry {
   std::string icon;    ///< the icon's key, also its file name
   std::string puzzle;  ///< the stem of the puzzle's drawing
 };
-/// The 36 icons of the catalogue, in its order, and "pento" (whose puzzle is empty).
+/// The icons of the catalogue, in its order, and "pento" (whose puzzle is empty).
 const std::vector<IconEntry>& iconEntries();
 
 }  // namespace pictures
