@@ -4,24 +4,25 @@
 #include <string>
 
 /// The table that all benchmarks print into: a row a figure, with the ratio that tells something on
-/// any machine, and the aim it is held against. Markdown, so that it can be pasted.
+/// any machine, and the aim it is held against. Markdown, so that it can be pasted;
+/// its heading is scripts/benchmarks'.
 namespace Table {
 
 /// What a ratio, or a share, is held against.
 struct Aim {
-  enum class Kind { AtMost, Below, AtLeast, None };
-  Kind kind = Kind::None;
+  enum class Kind { AtMost, LessThan, AtLeast, Nothing };
+  Kind kind = Kind::Nothing;
   double value = 0;
 
   bool met(double figure) const {
     switch (kind) {
       case Kind::AtMost:
         return figure <= value;
-      case Kind::Below:
+      case Kind::LessThan:
         return figure < value;
       case Kind::AtLeast:
         return figure >= value;
-      case Kind::None:
+      case Kind::Nothing:
         break;
     }
     return true;
@@ -32,7 +33,7 @@ inline Aim atMost(double value) {
   return {Aim::Kind::AtMost, value};
 }
 inline Aim below(double value) {
-  return {Aim::Kind::Below, value};
+  return {Aim::Kind::LessThan, value};
 }
 inline Aim atLeast(double value) {
   return {Aim::Kind::AtLeast, value};
@@ -56,16 +57,10 @@ inline std::string text(const Aim& aim) {
   return line;
 }
 
-inline void title() {
-  std::printf("| %-52s | %-10s | %-10s | %6s | %-13s | %-3s |\n", "figure", "ours", "beside",
-              "ratio", "aim", "met");
-  std::puts("|---|---|---|---|---|---|");
-}
-
 /// `figure` is what the aim is about: a ratio or a share.
 inline void row(const std::string& what, const std::string& ours, const std::string& beside,
                 double figure, const Aim& aim) {
-  const char* met = aim.kind == Aim::Kind::None ? "" : aim.met(figure) ? "yes" : "NO";
+  const char* met = aim.kind == Aim::Kind::Nothing ? "" : aim.met(figure) ? "yes" : "NO";
   std::printf("| %-52s | %-10s | %-10s | %6.2f | %-13s | %-3s |\n", what.c_str(), ours.c_str(),
               beside.c_str(), figure, text(aim).c_str(), met);
   std::fflush(stdout);
