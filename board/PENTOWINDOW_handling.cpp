@@ -114,8 +114,9 @@ void PENTOWINDOW::pctFore_MouseMove(double x, double y) {
   fFloatVisible_ = true;
   if (!fFloating_) return;
   if (cursor_ == CursorShape::Default) showCursor(CursorShape::Clear);
-  RecenterGrab();
+  // Its position may still be the other control's, and would throw the cursor off.
   moveFloatingTo(x - GrabX_, y - GrabY_);
+  if (RecenterGrab()) moveFloatingTo(x - GrabX_, y - GrabY_);
   InvalidateFloating();
   FlushDirty();
 }

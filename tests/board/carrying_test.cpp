@@ -57,6 +57,30 @@ TEST_F(Carrying, TheCursorTellsWhatAPressWouldDo) {
   EXPECT_EQ(cursor(tray_), Qt::ArrowCursor);
 }
 
+TEST_F(Carrying, APieceTurnedInTheTrayAndSwungOntoTheBoardDoesNotThrowTheCursor) {
+  const PentoRef bar = lay(trayGrid_, 1, 2, 7);
+  click(cell(tray_, 3, 7));
+  click(cell(tray_, 3, 7), Qt::RightButton);
+  const QPoint to = cell(board_, 9, 4);
+  move(to);  // in one step: the board is entered before any tick has seen the pointer leave
+  EXPECT_EQ(window_.mapFromGlobal(QCursor::pos()), to);
+  click(to);
+  EXPECT_EQ(boardGrid_.PentoAt(9, 4), bar);
+}
+
+TEST_F(Carrying, ANewTileSizeDoesNotThrowTheCursorEither) {
+  click(cell(tray_, 3, 3));
+  move(cell(board_, 9, 9));
+  board_.TileSize(20);
+  board_.PaintAll();
+  const QPoint to = cell(board_, 8, 8);
+  move(to);
+  EXPECT_EQ(window_.mapFromGlobal(QCursor::pos()), to);
+  expectSameAsFullRepaint(board_);
+  click(to);
+  EXPECT_EQ(boardGrid_.PentoAt(8, 8), piece_);
+}
+
 TEST_F(Carrying, MovesOverTheMarginCaptureEveryTimeAndCarryThePiece) {
   click(cell(tray_, 3, 3));
   int captures = 0;
