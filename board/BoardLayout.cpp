@@ -43,7 +43,20 @@ void ringGrid(PENTOGRID& grid, std::int16_t width, std::int16_t height) {
   }
 }
 
+namespace {
+
+/// A window that has come to a screen of another density wants the other picture. A board that has
+/// been left without one stays so.
+void matchBackground(PENTOWINDOW& control) {
+  if (control.BackTexture().isNull()) return;
+  const QImage wanted = boardBackground(control.devicePixelRatioF());
+  if (control.BackTexture().size() != wanted.size()) control.BackTexture(wanted);
+}
+
+}  // namespace
+
 void fitTiles(PENTOWINDOW& control, double width, double height, int columns, int rows) {
+  matchBackground(control);
   int tile = Twips::nearest(width / columns / Twips::perDevicePixelX(control));
   const auto byHeight = static_cast<float>(height / rows / Twips::perDevicePixelY(control));
   if (byHeight < static_cast<float>(tile)) tile = Twips::nearest(byHeight);
