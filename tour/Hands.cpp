@@ -1,10 +1,13 @@
 #include "tour/Hands.h"
 #include "tour/Script.h"
 
+#include <QListWidget>
 #include <QMenuBar>
+#include <QTabBar>
+#include <QTabWidget>
 
 #include "model/basTiles.h"
-#include "platform/PictureBox.h"
+#include "platform/Program.h"
 
 namespace {
 
@@ -27,10 +30,6 @@ QPointF centreOf(const QMenu& menu, QAction* item) {
   return toDevice(menu, menu.mapToGlobal(QRectF(menu.actionGeometry(item)).center()));
 }
 
-PictureBox& surface(PENTOWINDOW& board) {
-  return *dynamic_cast<PictureBox*>(board.findChild<QWidget*>("pctFore"));
-}
-
 /// A cell of the tray that a piece of this type covers.
 QPoint cellOfType(const PENTOGRID& tray, int type) {
   for (const auto& [id, piece] : tray.PentoCollection())
@@ -40,6 +39,16 @@ QPoint cellOfType(const PENTOGRID& tray, int type) {
 }
 
 }  // namespace
+
+PictureBox& Hands::surface(PENTOWINDOW& control) {
+  return *dynamic_cast<PictureBox*>(control.findChild<QWidget*>("pctFore"));
+}
+
+QPointF Hands::titleBar(const QWidget& window) {
+  const QRectF frame = window.frameGeometry();
+  const double middle = (frame.top() + window.geometry().top()) / 2;
+  return toDevice(window, {frame.center().x(), middle});
+}
 
 QPointF Hands::cell(PENTOWINDOW& board, double column, double row) {
   PictureBox& box = surface(board);
@@ -74,12 +83,45 @@ void Hands::choose(Form& window, const QString& menu, const QString& item) {
 
 void Hands::waitOpen(Form& window) {
   Script::waitFor("a window to open", [&] {
-    return window.Loaded() && window.Window()->isVisible() && window.Window()->isActiveWindow();
+    return window.Loaded() && window.Window()->isVisible() && window.Window()->isActiveWindow() &&
+           robot_.knowsPlace(*window.Window());
   });
 }
 
 void Hands::waitClosed(Form& window) {
   Script::waitFor("a window to close", [&] { return !window.Loaded(); });
+}
+
+void Hands::pick(const Catalogue::Entry& puzzle, bool easy) {
+  waitOpen(program_.open);
+  QWidget& chooser = *Script::onScreen([this] { return program_.open.Window(); });
+  const auto tabs = [&] { return chooser.findChild<QTabWidget*>(); };
+  const int tab = puzzle.tab;
+  robot_.moveTo(Script::onScreen([&] {
+    QTabBar* bar = tabs()->tabBar();
+    return toDevice(*bar, bar->mapToGlobal(QRectF(bar->tabRect(tab)).center()));
+  }));
+  robot_.click();
+  Script::waitFor("the tab", [&] { return tabs()->currentIndex() == tab; });
+  const auto isEasy = [&] { return chooser.findChild<QAbstractButton*>("chkEasy")->isChecked(); };
+  if (Script::onScreen(isEasy) != easy) clickOn(program_.open, "chkEasy");
+  clickOnEntry(*chooser.findChild<QListWidget*>(QString("lvwPuzzles%1").arg(tab)), puzzle);
+  clickOn(program_.open, "cmdOk");
+  waitClosed(program_.open);
+  waitOpen(program_.main);
+}
+
+void Hands::clickOnEntry(QListWidget& list, const Catalogue::Entry& puzzle) {
+  const QString title = QString::fromUtf8(puzzle.title.data(), qsizetype(puzzle.title.size()));
+  robot_.moveTo(Script::onScreen([&] {
+    QListWidgetItem* entry = list.findItems(title, Qt::MatchExactly).value(0);
+    list.scrollToItem(entry);
+    const QRectF place = list.visualItemRect(entry);
+    return toDevice(list, list.viewport()->mapToGlobal(place.center()));
+  }));
+  robot_.click();
+  Script::waitFor("the entry to be chosen",
+                  [&] { return list.currentItem() && list.currentItem()->text() == title; });
 }
 
 std::vector<PuzzleFormat::PieceRecord> Hands::solution(const std::filesystem::path& file) {
@@ -98,7 +140,10 @@ void Hands::orient(const PuzzleFormat::PieceRecord& record) {
   const auto flips = [&] { return int{piece()->FlipCount}; };
   const auto turns = [&] { return int{piece()->RotationCount}; };
   if (Script::onScreen(flips) != record.flips) {
-    robot_.click(kMiddleButton);
+    if (mirrorings_++ % 2 == 0)
+      robot_.click(kMiddleButton);
+    else
+      robot_.key("m");
     Script::waitFor("the piece to be mirrored", [&] { return flips() == record.flips; });
   }
   for (int old = 0; (old = Script::onScreen(turns)) != record.rotations;) {
@@ -128,13 +173,37 @@ QPointF Hands::overBoard(int column, int row) {
   });
 }
 
-/// True when the piece floats within half a tile of its place.
+/// True when the piece floats so near to its place that a drop puts it there.
 bool Hands::arrived(const PuzzleFormat::PieceRecord& record) {
   const PENTOWINDOW& board = *program_.main.Grid;
   const PentoRef piece = board.FloatingPento();
   const int s = board.TileWidth();
-  return piece && std::abs(piece->X() - record.x * s) <= s / 2 &&
-         std::abs(piece->Y() - record.y * s) <= s / 2;
+  return piece && std::abs(piece->X() - record.x * s) <= s / 4 &&
+         std::abs(piece->Y() - record.y * s) <= s / 4;
+}
+
+void Hands::dropInVain(PENTOWINDOW& control, const std::function<QPointF()>& place) {
+  bool refused = false;
+  const auto usual = Script::onScreen([&] {
+    auto before = control.DropError;
+    control.DropError = [&refused, before] {
+      refused = true;
+      if (before) before();
+    };
+    return before;
+  });
+  robot_.moveTo(Script::onScreen(place));
+  robot_.click();
+  Script::waitFor("the drop to be refused", [&] { return refused; });
+  Script::onScreen([&] { control.DropError = usual; });
+}
+
+/// Follows a window that its manager is still moving.
+void Hands::carryTo(const PuzzleFormat::PieceRecord& place) {
+  constexpr int patience = 200;
+  for (int i = 0; i < patience && !Script::onScreen([&] { return arrived(place); }); ++i)
+    robot_.moveTo(overBoard(place.x, place.y));
+  Script::waitFor("the piece to arrive", [&] { return arrived(place); });
 }
 
 void Hands::solve(const std::vector<PuzzleFormat::PieceRecord>& pieces, Carrying carrying,
@@ -142,10 +211,8 @@ void Hands::solve(const std::vector<PuzzleFormat::PieceRecord>& pieces, Carrying
   for (std::size_t i = 0; i < pieces.size(); ++i) {
     const int empty = Script::onScreen([&] { return int{program_.main.Grid->EmptyCount()}; });
     takeFromTray(pieces[i], carrying);
-    const QPointF target = overBoard(pieces[i].x, pieces[i].y);
     if (between) between(i);
-    robot_.moveTo(target);
-    Script::waitFor("the piece to arrive", [&] { return Hands::arrived(pieces[i]); });
+    carryTo(pieces[i]);
     if (carrying == Carrying::ButtonHeld) robot_.release(1);
     robot_.click();
     Script::waitFor("the piece to lie on the board",

@@ -5,7 +5,9 @@
 #include <vector>
 
 #include "Wiring.h"
+#include "catalogue/Catalogue.h"
 #include "model/PuzzleFormat.h"
+#include "platform/PictureBox.h"
 #include "tour/Robot.h"
 
 /// Playing with a Robot: finds the windows' controls on the screen and carries pieces to the places
@@ -23,6 +25,9 @@ class Hands {
   void waitOpen(Form& window);
   void waitClosed(Form& window);
 
+  /// Picks a standard puzzle in the open chooser, in easy or normal mode, and waits for it.
+  void pick(const Catalogue::Entry& puzzle, bool easy);
+
   /// The solution that a puzzle file holds.
   static std::vector<PuzzleFormat::PieceRecord> solution(const std::filesystem::path& file);
 
@@ -35,13 +40,21 @@ class Hands {
   void takeFromTray(const PuzzleFormat::PieceRecord& record, Carrying carrying);
   /// Where the pointer must be for the floating piece to lie at a cell of the board.
   QPointF overBoard(int column, int row);
+  /// Presses where the piece in the air does not fit, and waits for the control to refuse it.
+  void dropInVain(PENTOWINDOW& control, const std::function<QPointF()>& place);
   /// The middle of a cell of a board control on the screen.
   static QPointF cell(PENTOWINDOW& control, double column, double row);
+  /// A point of a window's title bar.
+  static QPointF titleBar(const QWidget& window);
+  static PictureBox& surface(PENTOWINDOW& control);
 
  private:
+  void clickOnEntry(class QListWidget& list, const Catalogue::Entry& puzzle);
   bool arrived(const PuzzleFormat::PieceRecord& record);
+  void carryTo(const PuzzleFormat::PieceRecord& place);
   void orient(const PuzzleFormat::PieceRecord& record);
 
   Robot& robot_;
   Wiring& program_;
+  unsigned mirrorings_ = 0;
 };

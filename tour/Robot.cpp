@@ -15,6 +15,7 @@
 namespace {
 
 constexpr double kStep = 24;  // device pixels a hand moves between two events
+constexpr int kInsistence = 10;
 
 }  // namespace
 
@@ -24,32 +25,38 @@ struct Robot::Connection {
 
 Robot::Robot() : connection_(std::make_unique<Connection>()) {
   if (!connection_->display) throw Script::Error("There is no X server to play on.");
+  barrier_ = Script::onScreen([] { return std::make_unique<EventBarrier>(); });
 }
 
 Robot::~Robot() {
+  Script::onScreen([this] { barrier_.reset(); });
   XCloseDisplay(connection_->display);
 }
 
 void Robot::flush() {
-  XSync(connection_->display, False);
-  Script::onScreen([] {});  // by the time this answers, the events before it have been handled
+  barrier_->pass(connection_->display);
 }
 
-void Robot::moveTo(const QPointF& point) {
+QPoint Robot::pointer() const {
   Window root = 0, child = 0;
   int x = 0, y = 0, ignored = 0;
   unsigned mask = 0;
   XQueryPointer(connection_->display, DefaultRootWindow(connection_->display), &root, &child, &x,
                 &y, &ignored, &ignored, &mask);
-  at_ = QPointF(x, y);
-  const QPointF way = point - at_;
+  return {x, y};
+}
+
+void Robot::moveTo(const QPointF& point) {
+  const QPointF from = pointer(), way = point - from;
   const int steps = std::max(1, static_cast<int>(std::hypot(way.x(), way.y()) / kStep));
-  for (int i = 1; i <= steps; ++i) {
-    const QPointF next = at_ + way * i / steps;
-    XTestFakeMotionEvent(connection_->display, -1, static_cast<int>(std::lround(next.x())),
-                         static_cast<int>(std::lround(next.y())), CurrentTime);
-    flush();
-  }
+  for (int i = 1; i <= steps; ++i) jumpTo((from + way * i / steps).toPoint());
+  // The program may have put the pointer elsewhere meanwhile; a hand would go on to its target.
+  for (int i = 0; i < kInsistence && pointer() != point.toPoint(); ++i) jumpTo(point.toPoint());
+}
+
+void Robot::jumpTo(const QPoint& point) {
+  XTestFakeMotionEvent(connection_->display, -1, point.x(), point.y(), CurrentTime);
+  flush();
 }
 
 void Robot::press(int button) {
@@ -99,6 +106,23 @@ void Robot::type(const std::string& text) {
         key(name);
     }
   }
+}
+
+bool Robot::knowsPlace(const QWidget& window) const {
+  constexpr double rounding = 2;  // a fractional scale has no whole logical pixels
+  Display* display = connection_->display;
+  const Window id = window.internalWinId();
+  int x = 0, y = 0;
+  Window child = 0;
+  XWindowAttributes state;
+  if (id == 0 || !XGetWindowAttributes(display, id, &state) || state.map_state != IsViewable ||
+      !XTranslateCoordinates(display, id, DefaultRootWindow(display), 0, 0, &x, &y, &child))
+    return false;
+  const QPointF believed = QPointF(window.mapToGlobal(QPoint(0, 0))) * window.devicePixelRatioF();
+  const QSizeF size = QSizeF(window.size()) * window.devicePixelRatioF();
+  return (believed - QPointF(x, y)).manhattanLength() <= rounding &&
+         std::abs(size.width() - state.width) <= rounding &&
+         std::abs(size.height() - state.height) <= rounding;
 }
 
 void Robot::photograph(const QWidget* window, const QString& file) {

@@ -6,6 +6,8 @@
 #include <memory>
 #include <string>
 
+#include "tour/EventBarrier.h"
+
 /// A player's hand on a real X server: moves the pointer and presses buttons and keys through the
 /// server, on a thread of its own, while the program's event loop runs as ever.
 ///
@@ -26,14 +28,21 @@ class Robot {
   void key(const char* name);          ///< an X key name: "Return", "Escape", "a", "F2"
   void type(const std::string& text);  ///< letters, digits, blanks and the like
 
+  /// True when the window is on the screen, and where and as large as the toolkit believes; a
+  /// window manager that has just placed it tells so a little later. Call on the user-interface
+  /// thread.
+  bool knowsPlace(const QWidget& window) const;
+
   /// Writes a picture of a window without its frame, or of the whole screen. Device pixels.
   static void photograph(const QWidget* window, const QString& file);
   static void photograph(const QString& file);
 
  private:
-  void flush();
+  void flush();  ///< returns when the program has handled what was done
+  void jumpTo(const QPoint& point);
+  QPoint pointer() const;
 
   struct Connection;
   std::unique_ptr<Connection> connection_;
-  QPointF at_;
+  std::unique_ptr<EventBarrier> barrier_;
 };

@@ -1,7 +1,8 @@
 // Plays with the real pointer on an X server and writes pictures of what the program shows.
-// Usage: quinzolith-tour rocket|windows FOLDER_FOR_PICTURES [INSTALLATION_FOLDER]
+// Usage: quinzolith-tour rocket|windows|soak FOLDER_FOR_PICTURES [INSTALLATION_FOLDER]
 //   rocket   the Rocket puzzle from the splash window to the solved dialog, as whole screens
 //   windows  each window once, without its frame
+//   soak     all puzzles with many an interruption; a picture only of what went wrong
 #include <QApplication>
 #include <QDir>
 #include <QTemporaryDir>
@@ -10,8 +11,11 @@
 #include "platform/PendingEvents.h"
 #include "platform/Program.h"
 #include "platform/Settings.h"
+#include "platform/SoundDevice.h"
+#include "tour/DisplayErrors.h"
 #include "tour/Hands.h"
 #include "tour/Script.h"
+#include "tour/Soak.h"
 
 namespace {
 
@@ -94,8 +98,41 @@ class Tour {
   const QDir& pictures_;
 };
 
+std::string tour(const std::string& kind, const QDir& pictures) {
+  Wiring program;
+  program.start();
+  return Script::run([&] {
+    Robot robot;
+    Tour tour(robot, program, pictures);
+    if (kind == "rocket")
+      tour.rocket();
+    else
+      tour.windows();
+  });
+}
+
+/// The sound goes to a file, so that it is made even where there is no device.
+std::string soak(const QDir& pictures) {
+  const QTemporaryDir folder;
+  const std::string sound = folder.filePath("sound.raw").toStdString();
+  useSoundFile(sound);
+  const DisplayErrors errors;
+  Wiring program;
+  program.start();
+  return Script::run([&] {
+    Robot robot;
+    try {
+      Soak(robot, program, errors, sound).run();
+    } catch (const Script::Error&) {
+      Robot::photograph(pictures.filePath("trouble.png"));
+      throw;
+    }
+  });
+}
+
 int usage() {
-  std::cerr << "Usage: quinzolith-tour rocket|windows FOLDER_FOR_PICTURES [INSTALLATION_FOLDER]\n";
+  std::cerr
+      << "Usage: quinzolith-tour rocket|windows|soak FOLDER_FOR_PICTURES [INSTALLATION_FOLDER]\n";
   return 2;
 }
 
@@ -103,7 +140,7 @@ int usage() {
 
 int main(int argc, char** argv) {
   const std::string kind = argc > 2 ? argv[1] : "";
-  if (kind != "rocket" && kind != "windows") return usage();
+  if (kind != "rocket" && kind != "windows" && kind != "soak") return usage();
   const QDir pictures(QDir(argv[2]).absolutePath());
   QDir().mkpath(pictures.path());
   QApplication application(argc, argv);
@@ -112,16 +149,7 @@ int main(int argc, char** argv) {
   const QTemporaryDir settings;  // the player's own stay as they are
   Settings::useFile(settings.filePath("settings.ini").toStdString());
 
-  Wiring program;
-  program.start();
-  const std::string trouble = Script::run([&] {
-    Robot robot;
-    Tour tour(robot, program, pictures);
-    if (kind == "rocket")
-      tour.rocket();
-    else
-      tour.windows();
-  });
+  const std::string trouble = kind == "soak" ? soak(pictures) : tour(kind, pictures);
   finishFirstLevelWork();
   if (trouble.empty()) return 0;
   std::cerr << trouble << '\n';

@@ -50,31 +50,17 @@ class Tour : public ::testing::Test {
   std::optional<Wiring> program_;
 };
 
-/// Lays the first piece on the background ring, which refuses it, and takes it along afterwards.
-void tryTheRing(Robot& robot, Wiring& program) {
-  bool refused = false;
-  const auto playWrong = Script::onScreen([&] {
-    auto before = program.main.Grid->DropError;
-    program.main.Grid->DropError = [&refused, before] {
-      refused = true;
-      before();
-    };
-    return before;
-  });
-  robot.moveTo(Script::onScreen([&] { return Hands::cell(*program.main.Grid, 0, 0); }));
-  robot.click();
-  Script::waitFor("the drop to be refused", [&] { return refused; });
-  Script::onScreen([&] { program.main.Grid->DropError = playWrong; });
-  EXPECT_TRUE(Script::onScreen([&] { return program.main.Grid->FloatingPento() != nullptr; }));
-}
-
 TEST_F(Tour, TheRocketIsSolvedClickByClickAndAgainWithTheButtonHeld) {
   const std::string trouble = Script::run([&] {
     Robot robot;
     Hands hands(robot, *program_);
     startPlaying(robot, hands);
     hands.solve(rocket(), Hands::Carrying::ClickByClick, [&](std::size_t laid) {
-      if (laid == 0) tryTheRing(robot, *program_);
+      if (laid != 0) return;
+      hands.dropInVain(*program_->main.Grid,
+                       [&] { return Hands::cell(*program_->main.Grid, 0, 0); });
+      EXPECT_TRUE(
+          Script::onScreen([&] { return program_->main.Grid->FloatingPento() != nullptr; }));
     });
     hands.waitOpen(program_->finished);
     EXPECT_EQ(Script::onScreen([&] { return int{program_->main.Grid->EmptyCount()}; }), 0);

@@ -1,0 +1,195 @@
+#include "tour/Trials.h"
+
+#include <QApplication>
+#include <QScreen>
+#include <optional>
+
+#include "platform/PictureBox.h"
+#include "services/basKelvoMusic.h"
+#include "tour/Neighbour.h"
+#include "tour/Script.h"
+
+namespace {
+
+constexpr int kMiddleButton = 2;
+constexpr int kRightButton = 3;
+constexpr QSize kSizes[] = {{1000, 760}, {640, 500}, {760, 860}};  // logical pixels of the window
+
+void require(std::size_t trial, const char* claim, bool holds) {
+  if (!holds)
+    throw Script::Error("After trial " + std::to_string(trial) + " it does not hold that " + claim);
+}
+
+QImage pictureOf(PENTOWINDOW& control) {
+  return Hands::surface(control).picture().view().copy();
+}
+
+}  // namespace
+
+void Trials::next() {
+  robot_.release(1);  // the trials click
+  const PentoRef piece = Script::onScreen([this] { return program_.main.Grid->FloatingPento(); });
+  const int turns = piece->RotationCount, flips = piece->FlipCount;
+  const std::size_t lying = Script::onScreen([this] { return piecesLying(); });
+  if (turn_ % 2 == 0)
+    robot_.moveTo(Script::onScreen([this] { return Hands::cell(*program_.main.Grid, 6, 6); }));
+  switch (turn_++ % 7) {
+    case 0:
+      dropOnTheRing();
+      break;
+    case 1:
+      resize();
+      break;
+    case 2:
+      turnToAnotherProgram();
+      break;
+    case 3:
+      dropOnAPiece(*program_.main.Grid);
+      break;
+    case 4:
+      minimize();
+      break;
+    case 5:
+      dropOnAPiece(*program_.main.PentoPanel);
+      askForATurn();
+      break;
+    default:
+      switchSoundOffAndOn();
+      break;
+  }
+  require(turn_, "the same piece is still in the air", Script::onScreen([&] {
+            return piece && program_.main.Grid->FloatingPento() == piece &&
+                   program_.main.PentoPanel->FloatingPento() == piece && piecesLying() == lying;
+          }));
+  Script::waitFor("the piece to lie as before trial " + std::to_string(turn_),
+                  [&] { return piece->RotationCount == turns && piece->FlipCount == flips; });
+  checkPicture();
+}
+
+std::size_t Trials::piecesLying() const {
+  return program_.main.Grid->Grid()->PentoCollection().Count() +
+         program_.main.PentoPanel->Grid()->PentoCollection().Count();
+}
+
+/// A full repaint must give the pixels that are there.
+void Trials::checkPicture() {
+  robot_.moveTo(Script::onScreen([this] { return Hands::cell(*program_.main.Grid, 5, 4); }));
+  require(turn_, "the board shows what a full repaint shows", Script::onScreen([this] {
+            PENTOWINDOW& board = *program_.main.Grid;
+            const QImage before = pictureOf(board);
+            board.PaintAll();
+            return pictureOf(board) == before;
+          }));
+}
+
+void Trials::dropOnTheRing() {
+  hands_.dropInVain(*program_.main.Grid, [this] { return Hands::cell(*program_.main.Grid, 0, 0); });
+  ++refusedDrops_;
+}
+
+/// Void where no piece lies yet, or where none lies far enough from the edge.
+void Trials::dropOnAPiece(PENTOWINDOW& control) {
+  const auto place = Script::onScreen([&]() -> std::optional<QPointF> {
+    const PENTOGRID& grid = *control.Grid();
+    const PENTO& floating = *control.FloatingPento();
+    for (const auto& [id, lying] : grid.PentoCollection()) {
+      const int column = lying->X() + lying->GridX(0) - floating.GridX(0);
+      const int row = lying->Y() + lying->GridY(0) - floating.GridY(0);
+      if (column < 1 || row < 1) continue;
+      return Hands::cell(control, column + (floating.Width() - 1) / 2.0,
+                         row + (floating.Height() - 1) / 2.0);
+    }
+    return {};
+  });
+  if (!place) return;
+  hands_.dropInVain(control, [&] { return *place; });
+  ++refusedDrops_;
+}
+
+/// Window managers move and size a window in several steps, so the last of them is waited for.
+void Trials::waitSize(const std::function<bool(const QSize&)>& fits) {
+  constexpr int looks = 40;
+  QRect last;
+  int same = 0;
+  Script::waitFor("the window's new size", [&] {
+    const QRect now = window().geometry();
+    same = now == last && fits(now.size()) && robot_.knowsPlace(window()) ? same + 1 : 0;
+    last = now;
+    return same == looks;
+  });
+}
+
+void Trials::resize() {
+  const QSize wanted = kSizes[size_++ % std::size(kSizes)];
+  Script::onScreen([this] { window().showNormal(); });
+  Script::waitFor("a window that is not maximized",
+                  [this] { return !window().isMaximized() && window().isActiveWindow(); });
+  Script::onScreen([&] { window().resize(wanted); });
+  waitSize([&](const QSize& size) { return size == wanted; });
+  ++resizes_;
+}
+
+void Trials::restoreSize() {
+  if (Script::onScreen([this] { return window().isMaximized(); })) return;
+  Script::onScreen([this] { window().showMaximized(); });
+  const int width = Script::onScreen([this] { return window().screen()->size().width(); });
+  waitSize([&](const QSize& size) { return size.width() >= width - 16; });
+}
+
+void Trials::waitActive() {
+  Script::waitFor("the game to be active again",
+                  [this] { return window().isActiveWindow() && robot_.knowsPlace(window()); });
+}
+
+void Trials::turnToAnotherProgram() {
+  std::optional<Neighbour> neighbour(std::in_place);
+  robot_.moveTo(neighbour->middle());
+  robot_.click();
+  Script::waitFor("the other program to be active", [] { return !QApplication::activeWindow(); });
+  robot_.moveTo(Script::onScreen([this] { return Hands::cell(*program_.main.Grid, 9, 10); }));
+  if (absences_++ % 2 == 0) {  // back by closing the other one, else by a click
+    neighbour.reset();
+  } else {
+    robot_.moveTo(Script::onScreen([this] { return Hands::titleBar(window()); }));
+    robot_.click();
+  }
+  waitActive();
+}
+
+void Trials::minimize() {
+  Script::onScreen([this] { window().showMinimized(); });
+  Script::waitFor("a minimized window", [this] { return !window().isActiveWindow(); });
+  Script::onScreen([this] {
+    window().setWindowState(window().windowState() & ~Qt::WindowMinimized);
+    window().activateWindow();
+  });
+  waitActive();
+  ++absences_;
+}
+
+void Trials::switchSoundOffAndOn() {
+  for (const bool on : {false, true}) {
+    hands_.choose(program_.main, "mnuSound", on ? "mnuSoundOn" : "mnuSoundOff");
+    Script::waitFor("the sound switch", [&] { return basKelvoMusic::SoundOn() == on; });
+  }
+}
+
+/// In easy mode the program asks, and hears No. Otherwise four turns are no turn, and two
+/// mirrorings none, however fast they come.
+void Trials::askForATurn() {
+  robot_.moveTo(Script::onScreen([this] { return Hands::cell(*program_.main.Grid, 7, 7); }));
+  if (Script::onScreen([this] { return program_.main.Grid->fEasyMode; })) {
+    robot_.click(kRightButton);
+    Script::waitFor("the question", [] {
+      const QWidget* question = QApplication::activeModalWidget();
+      return question && question->isActiveWindow();
+    });
+    robot_.key("Escape");
+    Script::waitFor("the answer", [this] {
+      return !QApplication::activeModalWidget() && window().isActiveWindow();
+    });
+    return;
+  }
+  for (int i = 0; i < 4; ++i) robot_.click(kRightButton);
+  for (int i = 0; i < 2; ++i) robot_.click(kMiddleButton);
+}
