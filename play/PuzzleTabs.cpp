@@ -13,9 +13,11 @@ constexpr QSize kIconSize(32, 32);
 constexpr QSize kEntrySize(72, 66);
 constexpr int kTabPadding = 12;  // both sides together; the style's is too wide for five tabs
 
-/// The desktop's tabs with less room beside their captions.
+/// Tabs with less room beside their captions. Of a known style: one that a desktop's theme wraps
+/// in a style of its own makes the tabs tight but clips the captions as if they were not.
 class TightTabs : public QProxyStyle {
  public:
+  TightTabs() : QProxyStyle("fusion") {}
   int pixelMetric(PixelMetric metric, const QStyleOption* option,
                   const QWidget* widget) const override {
     return metric == PM_TabBarTabHSpace ? kTabPadding
