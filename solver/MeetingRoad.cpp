@@ -8,7 +8,7 @@ namespace {
 
 constexpr int kFewestPieces = 6;
 /// Where the parts meet, in hundredths of the cells; later only for the sake of the pin.
-constexpr std::size_t kMeetAt = 30, kMeetAtMost = 50;
+constexpr std::size_t kMeetAt = 42, kMeetAtMost = 50;
 /// Steps of all partial tilings beyond which the road is given up.
 constexpr std::size_t kMostSteps = 4'000'000;
 
@@ -31,15 +31,15 @@ struct Memory {
 int positionOf(const Shape& shape, std::size_t hundredths) {
   const std::vector<Cell> cells = shape.cells();
   const Cell cell = cells[cells.size() * hundredths / 100];
-  return cell.x * strideFor(shape.height()) + cell.y;
+  return cell.x * kStride<Bits64> + cell.y;
 }
 
 /// The last position where the pinned piece may have its first cell.
-int lastPosition(const Pin& pin, const Shape& shape) {
+int lastPosition(const Pin& pin) {
   int last = 0;
   for (const PinnedPlace& place : pin.places) {
     const Cell first = cellsOf(place.placement)[0];
-    last = std::max(last, first.x * strideFor(shape.height()) + first.y);
+    last = std::max(last, first.x * kStride<Bits64> + first.y);
   }
   return last;
 }
@@ -60,10 +60,10 @@ class Meeting {
     memory.partials.reserve(std::size_t{1} << 16);
     memory.steps.reserve(std::size_t{1} << 18);
     // A pin that the first part does not always contain is of no use: the profiles do not know it.
-    if (!pin || lastPosition(*pin, shape) >= positionOf(shape, kMeetAtMost)) return;
+    if (!pin || lastPosition(*pin) >= positionOf(shape, kMeetAtMost)) return;
     pin_ = &*pin;
     --others_[pin->type];
-    meetAt_ = std::max(meetAt_, lastPosition(*pin, shape) + 1);
+    meetAt_ = std::max(meetAt_, lastPosition(*pin) + 1);
   }
 
   /// False when there is too much to hold, or the meter has ended the search.
@@ -75,7 +75,7 @@ class Meeting {
       for (const PinnedPlace& place : pin_->places) {
         Shape rest = shape_;
         for (const Cell cell : cellsOf(place.placement)) rest.set(cell, false);
-        if (!searchFirstPart(ScanShape<Bits64>(rest, scan_.tables.stride()), &place)) return false;
+        if (!searchFirstPart(ScanShape<Bits64>(rest), &place)) return false;
       }
     }
     if (!profiles_->grow(meter_)) return false;

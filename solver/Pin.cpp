@@ -4,16 +4,19 @@
 
 namespace {
 
+bool fits(const Orientation& orientation, int x, int y, const Shape& shape) {
+  return std::ranges::all_of(orientation.cells, [&](Cell cell) {
+    return shape.contains({x + cell.x, y + cell.y});
+  });
+}
+
 std::vector<Placement> placesOf(int type, const Shape& shape) {
   std::vector<Placement> places;
   for (const Orientation& orientation : orientations()) {
     if (orientation.type != type) continue;
     for (int x = 0; x < shape.width(); ++x)
-      for (int y = 0; y < shape.height(); ++y) {
-        const Placement place = placementOf(orientation, x, y);
-        if (std::ranges::all_of(cellsOf(place), [&](Cell cell) { return shape.contains(cell); }))
-          places.push_back(place);
-      }
+      for (int y = 0; y < shape.height(); ++y)
+        if (fits(orientation, x, y, shape)) places.push_back(placementOf(orientation, x, y));
   }
   return places;
 }
@@ -42,13 +45,18 @@ std::optional<Pin> choosePin(const Shape& shape, const PieceSet& supply, Countin
   const std::vector<Symmetry> symmetries = symmetriesOf(shape);
   const bool allAreUsed = supply.total() * PENTO::kCells == shape.area();
   if (symmetries.size() == 1 || !allAreUsed) return std::nullopt;
-  std::optional<Pin> best;
+  int best = -1;
+  std::vector<Placement> places;
   for (int type = 0; type < PENTO::kTypes; ++type) {
     if (supply[type] != 1) continue;
-    Pin pin{type, {}};
-    for (const Placement& place : placesOf(type, shape))
-      if (auto kept = pinned(place, shape, symmetries, counting)) pin.places.push_back(*kept);
-    if (!best || pin.places.size() < best->places.size()) best = pin;
+    std::vector<Placement> some = placesOf(type, shape);
+    if (best >= 0 && some.size() >= places.size()) continue;
+    best = type;
+    places = std::move(some);
   }
-  return best;
+  if (best < 0) return std::nullopt;
+  Pin pin{best, {}};
+  for (const Placement& place : places)
+    if (auto kept = pinned(place, shape, symmetries, counting)) pin.places.push_back(*kept);
+  return pin;
 }

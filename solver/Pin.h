@@ -17,6 +17,6 @@ struct Pin {
   std::vector<PinnedPlace> places;
 };
 
-/// The pin with the fewest places, each the leftmost of its set; none where the shape has no
-/// symmetry, or no piece must be used exactly once. `shape` is trimmed.
+/// The pin of the type with the fewest places, each the leftmost of its set; none where the shape
+/// has no symmetry, or no piece must be used exactly once. `shape` is trimmed.
 std::optional<Pin> choosePin(const Shape& shape, const PieceSet& supply, Counting counting);

@@ -5,14 +5,13 @@ namespace Roads {
 
 void pinned(const Shape& shape, const PieceSet& supply, const Pin& pin, Delivery& delivery,
             WorkMeter& meter) {
-  const int stride = strideFor(shape.height());
   PieceSet others = supply;
   --others[pin.type];
   Scan<Bits64> scan(shape);
   for (const PinnedPlace& place : pin.places) {
     Shape rest = shape;
     for (const Cell cell : cellsOf(place.placement)) rest.set(cell, false);
-    scan.layout = ScanShape<Bits64>(rest, stride);
+    scan.layout = ScanShape<Bits64>(rest);
     ScanSearch<Bits64> search(scan.tables, scan.layout, others, meter);
     const bool goesOn =
         search.run(scan.layout.end(), [&](std::span<const Step> steps, Bits64, int) {

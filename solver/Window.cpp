@@ -1,66 +1,134 @@
 #include "solver/Window.h"
 
+#include <algorithm>
+#include <optional>
+
 namespace {
 
 /// How the reach of a piece is gathered into table indices: the bits of one column each.
 struct Reach {
   int column, firstRow, rows, shift;
-  bool far;
 };
-constexpr std::array<Reach, 5> kReach{{{0, 1, 4, 0, false},
-                                       {1, -3, 7, 4, false},
-                                       {2, -2, 5, 0, true},
-                                       {3, -1, 3, 5, true},
-                                       {4, 0, 1, 8, true}}};
+constexpr std::array<Reach, 2> kNear{{{0, 1, 4, 0}, {1, -3, 7, 4}}};
+constexpr std::array<Reach, 3> kFar{{{2, -2, 5, 0}, {3, -1, 3, 5}, {4, 0, 1, 8}}};
 
-/// From "this cell is taken" for single cells to "these cells are taken" for all sets of them.
-template <std::size_t size>
-void completeTable(std::array<OrientationSet, size>& table) {
-  table[0] = ~OrientationSet{0} >> (64 - kOrientations);
-  for (std::size_t taken = 1; taken < size; ++taken) {
-    const std::size_t lowest = taken & (~taken + 1);
-    if (taken != lowest) table[taken] = table[taken - lowest] & table[lowest];
-  }
+/// A cell, seen from the first one of a piece.
+Cell relative(const Orientation& orientation, Cell cell) {
+  return {cell.x, cell.y - orientation.cells[0].y};
 }
+
+bool covers(const Orientation& orientation, Cell cell) {
+  return std::ranges::any_of(orientation.cells,
+                             [&](Cell own) { return relative(orientation, own) == cell; });
+}
+
+/// One of the two tables in the making.
+template <std::size_t size, std::size_t columns>
+class Maker {
+ public:
+  Maker(std::array<OrientationSet, size>& table, const std::array<Reach, columns>& reach)
+      : table_(table), reach_(reach) {
+    table_.fill(~OrientationSet{0} >> (64 - kOrientations));
+  }
+
+  void add(const Orientation& orientation, OrientationSet self) {
+    for (const Reach& reach : reach_)
+      for (int i = 0; i < reach.rows; ++i) {
+        const Cell cell{reach.column, reach.firstRow + i};
+        if (covers(orientation, cell))
+          forbid(self, *bitOf(cell), 0);
+        else
+          forbidIsolating(orientation, self, cell);
+      }
+  }
+
+ private:
+  std::optional<std::size_t> bitOf(Cell cell) const {
+    for (const Reach& reach : reach_) {
+      const int row = cell.y - reach.firstRow;
+      if (reach.column == cell.x && row >= 0 && row < reach.rows)
+        return std::size_t{1} << (reach.shift + row);
+    }
+    return std::nullopt;
+  }
+
+  /// Takes an orientation out of all sets for which `taken` are taken and `free` are free.
+  void forbid(OrientationSet self, std::size_t taken, std::size_t free) {
+    const std::size_t others = (size - 1) & ~(taken | free);
+    for (std::size_t some = others;; some = (some - 1) & others) {
+      table_[taken | some] &= ~self;
+      if (some == 0) return;
+    }
+  }
+
+  /// Forbids to leave `cell` free when the piece and taken cells would enclose it.
+  void forbidIsolating(const Orientation& orientation, OrientationSet self, Cell cell) {
+    std::size_t taken = 0;
+    bool touches = false;
+    for (const Cell near : {Cell{cell.x - 1, cell.y}, Cell{cell.x, cell.y - 1},
+                            Cell{cell.x, cell.y + 1}, Cell{cell.x + 1, cell.y}}) {
+      const bool before = near < Cell{0, 0};  // everything there is taken
+      const bool covered = covers(orientation, near);
+      touches = touches || covered;
+      if (before || covered) continue;
+      const auto bit = bitOf(near);
+      if (!bit) return;
+      taken |= *bit;
+    }
+    if (touches) forbid(self, taken, *bitOf(cell));
+  }
+
+  std::array<OrientationSet, size>& table_;
+  const std::array<Reach, columns>& reach_;
+};
 
 }  // namespace
 
+FitTables::FitTables(const std::array<const Orientation*, kOrientations>& order) {
+  Maker nearMaker(near, kNear);
+  Maker farMaker(far, kFar);
+  OrientationSet self = 1;
+  for (const Orientation* orientation : order) {
+    nearMaker.add(*orientation, self);
+    farMaker.add(*orientation, self);
+    self <<= 1;
+  }
+}
+
 template <class Bits>
-WindowTables<Bits>::WindowTables(int stride, const TypeOrder& order)
-    : stride_(stride), inSight_(~Bits{0} >> stride) {
-  for (std::size_t bit = 1; bit < near_.size(); bit <<= 1) near_[bit] = ~OrientationSet{0};
-  for (std::size_t bit = 1; bit < far_.size(); bit <<= 1) far_[bit] = ~OrientationSet{0};
-  int index = 0;
+typename WindowTables<Bits>::Models WindowTables<Bits>::inOrder(const TypeOrder& order) {
+  Models models{};
+  auto next = models.end();
   for (const int type : order)
     for (const Orientation& orientation : orientations())
-      if (orientation.type == type) add(orientation, index++);
-  completeTable(near_);
-  completeTable(far_);
+      if (orientation.type == type) *--next = &orientation;
+  return models;
 }
 
 template <class Bits>
-void WindowTables<Bits>::add(const Orientation& orientation, int index) {
-  const auto at = static_cast<std::size_t>(index);
-  const OrientationSet self = OrientationSet{1} << index;
-  for (std::size_t i = 0; i < orientation.cells.size(); ++i) {
-    const Cell cell = orientation.cells[i];
-    const int row = cell.y - orientation.cells[0].y;
-    masks_[at] |= Bits{1} << (cell.x * stride_ + row);
-    if (i == 0) continue;
-    const Reach& reach = kReach[static_cast<std::size_t>(cell.x)];
-    const std::size_t bit = std::size_t{1} << (reach.shift + row - reach.firstRow);
-    (reach.far ? far_[bit] : near_[bit]) &= ~self;
+WindowTables<Bits>::WindowTables(const Models& models) : models_(models), fits_(models) {
+  for (int i = 0; i < kOrientations; ++i) {
+    ofType_[static_cast<std::size_t>(type(i))] |= OrientationSet{1} << i;
+    for (const Cell cell : model(i).cells) {
+      const Cell at = relative(model(i), cell);
+      masks_[static_cast<std::size_t>(i)] |= Bits{1} << (at.x * kStride<Bits> + at.y);
+    }
   }
-  types_[at] = orientation.type;
-  ofType_[static_cast<std::size_t>(orientation.type)] |= self;
-  models_[at] = &orientation;
+  for (int i = 0; i < kOrientations; ++i) kin_[static_cast<std::size_t>(i)] = ofType(type(i));
 }
 
 template <class Bits>
-ScanShape<Bits>::ScanShape(const Shape& shape, int stride) : end_((shape.width() + 1) * stride) {
+std::shared_ptr<const WindowTables<Bits>> WindowTables<Bits>::of(const TypeOrder& order) {
+  if (order != kAwkwardFirst) return std::make_shared<WindowTables>(order);
+  static const auto usual = std::make_shared<const WindowTables>(kAwkwardFirst);
+  return usual;
+}
+
+template <class Bits>
+ScanShape<Bits>::ScanShape(const Shape& shape) : end_((shape.width() + 1) * kStride<Bits>) {
   std::vector<bool> free(static_cast<std::size_t>(end_ + 2 * kWindowBits<Bits>));
   for (const Cell cell : shape.cells())
-    free[static_cast<std::size_t>(cell.x * stride + cell.y)] = true;
+    free[static_cast<std::size_t>(cell.x * kStride<Bits> + cell.y)] = true;
   free[static_cast<std::size_t>(end_)] = free[static_cast<std::size_t>(end_ + 1)] = true;
 
   taken_.resize(static_cast<std::size_t>(end_ + kWindowBits<Bits>));
