@@ -110,7 +110,7 @@ class Meeting {
       memory_.steps.insert(memory_.steps.end(), steps.begin(), steps.end());
       return memory_.steps.size() < kMostSteps;
     };
-    return ScanSearch<Bits64>(scan_.tables, layout, others_, meter_).run(meetAt_, keep);
+    return scanAll(scan_.tables, layout, others_, meetAt_, meter_, keep);
   }
 
   Solution solutionOf(const std::vector<Step>& steps, const Partial& partial) const {

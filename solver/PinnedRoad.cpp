@@ -12,16 +12,14 @@ void pinned(const Shape& shape, const PieceSet& supply, const Pin& pin, Delivery
     Shape rest = shape;
     for (const Cell cell : cellsOf(place.placement)) rest.set(cell, false);
     scan.layout = ScanShape<Bits64>(rest);
-    ScanSearch<Bits64> search(scan.tables, scan.layout, others, meter);
-    const bool goesOn =
-        search.run(scan.layout.end(), [&](std::span<const Step> steps, Bits64, int) {
-          return delivery.take(place.harvest, [&] {
-            Solution solution = scan.solutionOf(steps);
-            solution.push_back(place.placement);
-            return solution;
-          });
-        });
-    if (!goesOn) return;
+    const auto take = [&](std::span<const Step> steps, Bits64, int) {
+      return delivery.take(place.harvest, [&] {
+        Solution solution = scan.solutionOf(steps);
+        solution.push_back(place.placement);
+        return solution;
+      });
+    };
+    if (!scanAll(scan.tables, scan.layout, others, scan.layout.end(), meter, take)) return;
   }
 }
 

@@ -5,12 +5,13 @@
 /// Tables and layout of one shape whose columns are at most kTallestColumn cells high.
 template <class Bits>
 struct Scan {
-  std::shared_ptr<const WindowTables<Bits>> made;
+  const std::shared_ptr<const WindowTables<Bits>> shared;
   const WindowTables<Bits>& tables;
   ScanShape<Bits> layout;
 
-  explicit Scan(const Shape& shape, const TypeOrder& order = kAwkwardFirst)
-      : made(WindowTables<Bits>::of(order)), tables(*made), layout(shape) {}
+  explicit Scan(const Shape& shape, std::shared_ptr<const WindowTables<Bits>> from =
+                                        WindowTables<Bits>::of(kAwkwardFirst))
+      : shared(std::move(from)), tables(*shared), layout(shape) {}
 
   Placement placementOf(const Step& step) const {
     const Orientation& orientation = tables.model(step.orientation);

@@ -20,28 +20,38 @@ struct Step {
 /// pieces of one cell are laid one after the other, which a processor can do side by side, and the
 /// states that live on a stack until their turn comes.
 ///
-/// Tables, shape and meter outlive the search.
-template <class Bits>
+/// `Left` keeps the pieces that may still be laid (see PiecesLeft.h). Tables and shape outlive the
+/// search.
+template <class Bits, class Left>
 class ScanSearch {
  public:
-  ScanSearch(const WindowTables<Bits>& tables, const ScanShape<Bits>& shape, const PieceSet& supply,
-             WorkMeter& meter)
-      : tables_(tables), shape_(shape), meter_(meter), supply_(supply) {}
+  ScanSearch(const WindowTables<Bits>& tables, const ScanShape<Bits>& shape, const PieceSet& supply)
+      : tables_(tables),
+        layout_(shape.layout()),
+        steps_(static_cast<std::size_t>(shape.end()) / PENTO::kCells + 2),
+        siblings_(steps_.size()),
+        room_(kFirstRoom),
+        stack_(std::make_unique_for_overwrite<State[]>(room_)) {
+    State& first = stack_[0];
+    first.window = layout_.empty(0);
+    first.left = Left(supply, tables);
+    first.position = first.pieces = 0;
+    layout_.advance(first.window, first.position);
+    first.candidates = tables.fitting(first.window) & first.left.allowed();
+  }
 
   /// Calls found(steps, window, position) for every way to cover all positions before `goal`;
   /// position is the first free cell then, and found returns false to end the search. Returns false
-  /// when the search was ended early.
+  /// when it was ended, or interrupted by the meter: then the next call goes on from there.
   template <class Found>
-  bool run(int goal, Found&& found) {
-    const int most = std::ranges::max(supply_.count);
-    if (most <= 1) return run<OneEach>(goal, found);
-    if (most <= CountedPieces<Bits64>::kMost) return run<CountedPieces<Bits64>>(goal, found);
-    return run<CountedPieces<Bits128>>(goal, found);
-  }
+  bool run(int goal, WorkMeter& meter, Found&& found);
+
+  /// How much of the tree an interrupted search has seen, 0 to 1, when the children of a state are
+  /// taken for equally large.
+  double fractionDone() const;
 
  private:
-  /// A state whose first free cell waits for its piece.
-  template <class Left>
+  /// Waits for a piece on its first free cell.
   struct State {
     Bits window;
     OrientationSet candidates;
@@ -51,64 +61,98 @@ class ScanSearch {
     std::uint16_t orientation;  ///< of the last one
   };
 
-  template <class Left, class Found>
-  bool run(int goal, Found& found);
+  static constexpr std::size_t kFirstRoom = 256;  ///< mostly enough: fresh pages are slow
+
+  void makeRoom();
 
   const WindowTables<Bits>& tables_;
-  const ScanShape<Bits>& shape_;
-  WorkMeter& meter_;
-  PieceSet supply_;
+  Layout<Bits> layout_;
+  std::vector<Step> steps_;
+  std::vector<std::int64_t> siblings_;  ///< by pieces laid: how many states came from one
+  std::size_t room_;                    ///< of the stack
+  std::unique_ptr<State[]> stack_;
+  std::size_t size_ = 1;
 };
 
-template <class Bits>
-template <class Left, class Found>
-bool ScanSearch<Bits>::run(int goal, Found& found) {
-  const auto most = static_cast<std::size_t>(shape_.end()) / PENTO::kCells + 2;
-  std::vector<Step> steps(most);
-  const auto stack = std::make_unique_for_overwrite<State<Left>[]>(most * kOrientations);
-  State<Left>* top = stack.get();
+template <class Bits, class Left>
+template <class Found>
+bool ScanSearch<Bits, Left>::run(int goal, WorkMeter& meter, Found&& found) {
   const WindowTables<Bits>& tables = tables_;
-  const Layout<Bits> layout = shape_.layout();
-
-  top->window = layout.empty(0);
-  top->left = Left(supply_, tables);
-  top->position = top->pieces = 0;
-  layout.advance(top->window, top->position);
-  top->candidates = tables.fitting(top->window) & top->left.allowed();
-  for (++top; top != stack.get();) {
-    --top;
+  const Layout<Bits> layout = layout_;
+  while (size_ > 0) {
+    if (--size_ + kOrientations > room_) makeRoom();
+    State* const place = stack_.get() + size_;
+    State* next = place;
     // Read one by one: a wide load would wait for the narrow stores that have just made them.
-    const Bits base = top->window;
-    const Left left = top->left;
-    const int from = top->position;
-    const unsigned pieces = top->pieces;
-    if (pieces > 0) {
-      if (!meter_.node()) return false;
-      steps[pieces - 1].orientation = top->orientation;
-    }
-    steps[pieces].position = from;
-    for (OrientationSet candidates = top->candidates; candidates != 0;
+    const Bits base = next->window;
+    const Left left = next->left;
+    const int from = next->position;
+    const unsigned pieces = next->pieces;
+    if (pieces > 0) steps_[pieces - 1].orientation = next->orientation;
+    steps_[pieces].position = from;
+    for (OrientationSet candidates = next->candidates; candidates != 0;
          candidates &= candidates - 1) {
       const int orientation = std::countr_zero(candidates);
       Bits window = base | tables.mask(orientation);
       int position = from;
       layout.advance(window, position);
       if (position >= goal) {
-        steps[pieces].orientation = orientation;
-        if (!meter_.node() || !found(std::span(steps.data(), pieces + 1), window, position))
+        steps_[pieces].orientation = orientation;
+        if (!meter.node() || !found(std::span(steps_.data(), pieces + 1), window, position))
           return false;
         continue;
       }
       const Left rest = left.without(orientation, tables);
-      const OrientationSet next = tables.fitting(window) & rest.allowed();
-      top->window = window;
-      top->left = rest;
-      top->candidates = next;
-      top->position = position;
-      top->pieces = static_cast<std::uint16_t>(pieces + 1);
-      top->orientation = static_cast<std::uint16_t>(orientation);
-      top += static_cast<int>(next != 0) & static_cast<int>(!tables.hasIsolatedCell(window));
+      const OrientationSet fitting = tables.fitting(window) & rest.allowed();
+      next->window = window;
+      next->left = rest;
+      next->candidates = fitting;
+      next->position = position;
+      next->pieces = static_cast<std::uint16_t>(pieces + 1);
+      next->orientation = static_cast<std::uint16_t>(orientation);
+      next += static_cast<int>(fitting != 0) & static_cast<int>(!tables.hasIsolatedCell(window));
     }
+    siblings_[pieces + 1] = next - place;
+    size_ += static_cast<std::size_t>(next - place);
+    if (pieces > 0 && !meter.node()) return false;
   }
   return true;
+}
+
+template <class Bits, class Left>
+void ScanSearch<Bits, Left>::makeRoom() {
+  auto larger = std::make_unique_for_overwrite<State[]>(2 * room_);
+  std::copy_n(stack_.get(), room_, larger.get());
+  stack_ = std::move(larger);
+  room_ *= 2;
+}
+
+template <class Bits, class Left>
+double ScanSearch<Bits, Left>::fractionDone() const {
+  double left = 0, weight = 1;  // of one state at this depth
+  unsigned depth = 0;
+  for (const State& state : std::span(stack_.get(), size_)) {
+    for (; depth < state.pieces; ++depth) weight /= static_cast<double>(siblings_[depth + 1]);
+    left += weight;
+  }
+  return 1 - left;
+}
+
+/// Calls search with the kind of ScanSearch that serves the supply, as a type: search<Left>().
+template <class Search>
+auto withPiecesLeft(const PieceSet& supply, Search&& search) {
+  const int most = std::ranges::max(supply.count);
+  if (most <= 1) return search.template operator()<OneEach>();
+  if (most <= CountedPieces<Bits64>::kMost)
+    return search.template operator()<CountedPieces<Bits64>>();
+  return search.template operator()<CountedPieces<Bits128>>();
+}
+
+/// One whole search.
+template <class Bits, class Found>
+bool scanAll(const WindowTables<Bits>& tables, const ScanShape<Bits>& shape, const PieceSet& supply,
+             int goal, WorkMeter& meter, Found&& found) {
+  return withPiecesLeft(supply, [&]<class Left>() {
+    return ScanSearch<Bits, Left>(tables, shape, supply).run(goal, meter, found);
+  });
 }

@@ -2,15 +2,12 @@
 
 #include <stdexcept>
 
+#include "solver/CornerRace.h"
 #include "solver/Roads.h"
-#include "solver/Scan.h"
 
 namespace Solver {
 
 namespace {
-
-/// Nodes of the first scan from the first corner; the budget doubles once all corners had theirs.
-constexpr std::uint64_t kFirstBudget = 2000;
 
 /// What needs no search: nothing to cover, or pieces that cannot match the area.
 std::optional<bool> obvious(const Problem& problem) {
@@ -34,12 +31,12 @@ void withWindow(const Frame& frame, Search&& search) {
 
 template <class Bits>
 void scan(const Problem& problem, const Frame& frame, const Harvest& harvest, Delivery& delivery,
-          WorkMeter& meter, const TypeOrder& order = kAwkwardFirst) {
-  const Scan<Bits> scan(frame.shape(), order);
-  ScanSearch<Bits> search(scan.tables, scan.layout, problem.supply, meter);
-  search.run(scan.layout.end(), [&](std::span<const Step> steps, Bits, int) {
-    return delivery.take(harvest, [&] { return scan.solutionOf(steps); });
-  });
+          WorkMeter& meter) {
+  const Scan<Bits> scan(frame.shape());
+  scanAll(scan.tables, scan.layout, problem.supply, scan.layout.end(), meter,
+          [&](std::span<const Step> steps, Bits, int) {
+            return delivery.take(harvest, [&] { return scan.solutionOf(steps); });
+          });
 }
 
 /// Takes one of the roads that need more than a scan. False when none is wanted or serves.
@@ -56,16 +53,6 @@ bool takeFastRoad(const Problem& problem, Counting counting, const Frame& frame,
   if (!pin) return false;
   Roads::pinned(shape, problem.supply, *pin, delivery, meter);
   return true;
-}
-
-/// The frames with short columns; on a square box there are eight.
-std::vector<Frame> cornersOf(const Shape& shape) {
-  std::vector<Frame> frames;
-  for (const Symmetry symmetry : kSymmetries) {
-    const Frame frame(shape, symmetry);
-    if (frame.shape().height() <= frame.shape().width()) frames.push_back(frame);
-  }
-  return frames;
 }
 
 }  // namespace
@@ -91,30 +78,12 @@ Answer findSolution(const Problem& problem, const Limits& limits, const TypeOrde
     if (*known) answer = {Solution{}, {1, 0, true}};
     return answer;
   }
-  const Deliver keep = [&](const Solution& solution) {
-    answer.solution = solution;
-    return false;
-  };
-  const std::vector<Frame> frames = cornersOf(problem.shape);
-  for (std::uint64_t budget = kFirstBudget;; budget *= 2)
-    for (const Frame& frame : frames) {
-      Limits attempt = limits;
-      attempt.nodes = std::min(budget, limits.nodes - answer.work.nodes);
-      if (limits.progress)
-        attempt.progress = [&](const Work& work) {
-          limits.progress({0, answer.work.nodes + work.nodes, false});
-        };
-      WorkMeter meter(attempt);
-      Delivery delivery(frame, keep, meter);
-      const Harvest harvest{{}, {Symmetry{}}};
-      withWindow(frame, [&]<class Bits>() {
-        scan<Bits>(problem, frame, harvest, delivery, meter, order);
-      });
-      answer.work.nodes += meter.work.nodes;
-      answer.work.solutions = meter.work.solutions;
-      answer.work.complete = answer.solution.has_value() || meter.work.complete;
-      if (answer.work.complete || answer.work.nodes >= limits.nodes) return answer;
-    }
+  withWindow(Frame::shortColumns(problem.shape), [&]<class Bits>() {
+    withPiecesLeft(problem.supply, [&]<class Left>() {
+      answer = CornerRace<Bits, Left>(problem, order).run(limits);
+    });
+  });
+  return answer;
 }
 
 }  // namespace Solver
