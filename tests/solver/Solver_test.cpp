@@ -183,6 +183,18 @@ TEST(Solver, StopsAtItsLimitsAndReportsOnTheWay) {
   ASSERT_EQ(reports.size(), 9u);
   EXPECT_EQ(reports.back(), 90000u);
 
+  Problem hopeless = problem;  // two X and no I
+  hopeless.supply[8] = 2;
+  hopeless.supply[1] = 0;
+  limits.nodes = 5000;
+  limits.reportEvery = 1000;
+  reports.clear();
+  const Solver::Answer none = Solver::findSolution(hopeless, limits);
+  EXPECT_FALSE(none.solution);
+  EXPECT_FALSE(none.work.complete) << "nothing is proved yet";
+  EXPECT_EQ(none.work.nodes, 5000u);
+  EXPECT_FALSE(reports.empty());
+
   Limits few;
   few.solutions = 2;
   for (const Solver::Road road : kRoads) {
