@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QIcon>
+#include <QPixmapCache>
 #include <functional>
 
 #include "model/basTiles.h"
@@ -12,6 +13,8 @@
 #include "services/basHTMLHelp.h"
 
 namespace {
+
+constexpr int kPixmapCache = 512;  // KiB
 
 QIcon programIcon() {
   QIcon icon;
@@ -51,6 +54,8 @@ void wireModel() {
 
 Wiring::Wiring() {
   wireModel();
+  // Each chooser makes its icons anew; of those of former ones the toolkit would keep 10 MiB.
+  QPixmapCache::setCacheLimit(kPixmapCache);
   // Reading eight pictures and handing them to the display server takes longer than the window.
   new AfterFirstPaint([] { QApplication::setWindowIcon(programIcon()); });
   Pointer::listen();
