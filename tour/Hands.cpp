@@ -63,29 +63,28 @@ void Hands::clickOn(Form& window, const QString& name) {
     const QWidget* found = control(window, name);
     return found && found->isVisible() && found->isEnabled();
   });
-  robot_.moveTo(Script::onScreen([&] { return centreOf(*control(window, name)); }));
+  robot_.moveTo([&] { return centreOf(*control(window, name)); });
   robot_.click();
 }
 
 void Hands::choose(Form& window, const QString& menu, const QString& item) {
   const auto popup = [&] { return window.Window()->findChild<QMenu*>(menu); };
-  robot_.moveTo(Script::onScreen([&] {
+  robot_.moveTo([&] {
     auto* bar = window.Window()->findChild<QMenuBar*>();
     const QRect title = bar->actionGeometry(popup()->menuAction());
     return toDevice(*bar, bar->mapToGlobal(QRectF(title).center()));
-  }));
+  });
   robot_.click();
   Script::waitFor("the menu " + menu.toStdString(), [&] { return popup()->isVisible(); });
-  robot_.moveTo(Script::onScreen(
-      [&] { return centreOf(*popup(), window.Window()->findChild<QAction*>(item)); }));
+  robot_.moveTo([&] { return centreOf(*popup(), window.Window()->findChild<QAction*>(item)); });
   robot_.click();
 }
 
 void Hands::waitOpen(Form& window) {
-  Script::waitFor("a window to open", [&] {
-    return window.Loaded() && window.Window()->isVisible() && window.Window()->isActiveWindow() &&
-           robot_.knowsPlace(*window.Window());
-  });
+  Script::waitFor("a window to open", [&] { return window.Loaded() && window.Window(); });
+  QWidget& shown = *Script::onScreen([&] { return window.Window(); });
+  robot_.waitSettled("a window to come to the front", shown,
+                     [&] { return shown.isVisible() && shown.isActiveWindow(); });
 }
 
 void Hands::waitClosed(Form& window) {
@@ -97,10 +96,10 @@ void Hands::pick(const Catalogue::Entry& puzzle, bool easy) {
   QWidget& chooser = *Script::onScreen([this] { return program_.open.Window(); });
   const auto tabs = [&] { return chooser.findChild<QTabWidget*>(); };
   const int tab = puzzle.tab;
-  robot_.moveTo(Script::onScreen([&] {
+  robot_.moveTo([&] {
     QTabBar* bar = tabs()->tabBar();
     return toDevice(*bar, bar->mapToGlobal(QRectF(bar->tabRect(tab)).center()));
-  }));
+  });
   robot_.click();
   Script::waitFor("the tab", [&] { return tabs()->currentIndex() == tab; });
   const auto isEasy = [&] { return chooser.findChild<QAbstractButton*>("chkEasy")->isChecked(); };
@@ -113,12 +112,12 @@ void Hands::pick(const Catalogue::Entry& puzzle, bool easy) {
 
 void Hands::clickOnEntry(QListWidget& list, const Catalogue::Entry& puzzle) {
   const QString title = QString::fromUtf8(puzzle.title.data(), qsizetype(puzzle.title.size()));
-  robot_.moveTo(Script::onScreen([&] {
+  robot_.moveTo([&] {
     QListWidgetItem* entry = list.findItems(title, Qt::MatchExactly).value(0);
     list.scrollToItem(entry);
     const QRectF place = list.visualItemRect(entry);
     return toDevice(list, list.viewport()->mapToGlobal(place.center()));
-  }));
+  });
   robot_.click();
   Script::waitFor("the entry to be chosen",
                   [&] { return list.currentItem() && list.currentItem()->text() == title; });
@@ -153,11 +152,11 @@ void Hands::orient(const PuzzleFormat::PieceRecord& record) {
 }
 
 void Hands::takeFromTray(const PuzzleFormat::PieceRecord& record, Carrying carrying) {
-  robot_.moveTo(Script::onScreen([&] {
+  robot_.moveTo([&] {
     PENTOWINDOW& tray = *program_.main.PentoPanel;
     const QPoint at = cellOfType(*tray.Grid(), record.type);
     return cell(tray, at.x(), at.y());
-  }));
+  });
   robot_.press(1);
   if (carrying == Carrying::ClickByClick) robot_.release(1);
   Script::waitFor("the piece to float",
@@ -165,21 +164,19 @@ void Hands::takeFromTray(const PuzzleFormat::PieceRecord& record, Carrying carry
   orient(record);
 }
 
-QPointF Hands::overBoard(int column, int row) {
-  return Script::onScreen([&] {
-    PENTOWINDOW& board = *program_.main.Grid;
-    const PentoRef piece = board.FloatingPento();
-    return cell(board, column + (piece->Width() - 1) / 2.0, row + (piece->Height() - 1) / 2.0);
-  });
+/// Where the pointer must be for the piece in the air to lie at a cell of the board.
+QPointF Hands::overBoard(int column, int row) const {
+  PENTOWINDOW& board = *program_.main.Grid;
+  const PentoRef piece = board.FloatingPento();
+  return cell(board, column + (piece->Width() - 1) / 2.0, row + (piece->Height() - 1) / 2.0);
 }
 
-/// True when the piece floats so near to its place that a drop puts it there.
-bool Hands::arrived(const PuzzleFormat::PieceRecord& record) {
+bool Hands::floatsAt(int column, int row) const {
   const PENTOWINDOW& board = *program_.main.Grid;
   const PentoRef piece = board.FloatingPento();
   const int s = board.TileWidth();
-  return piece && std::abs(piece->X() - record.x * s) <= s / 4 &&
-         std::abs(piece->Y() - record.y * s) <= s / 4;
+  return piece && std::abs(piece->X() - column * s) <= s / 4 &&
+         std::abs(piece->Y() - row * s) <= s / 4;
 }
 
 void Hands::dropInVain(PENTOWINDOW& control, const std::function<QPointF()>& place) {
@@ -192,18 +189,18 @@ void Hands::dropInVain(PENTOWINDOW& control, const std::function<QPointF()>& pla
     };
     return before;
   });
-  robot_.moveTo(Script::onScreen(place));
-  robot_.click();
+  robot_.moveTo(place);
+  robot_.clickAlone();
   Script::waitFor("the drop to be refused", [&] { return refused; });
   Script::onScreen([&] { control.DropError = usual; });
 }
 
-/// Follows a window that its manager is still moving.
-void Hands::carryTo(const PuzzleFormat::PieceRecord& place) {
+/// Both controls place the piece, each in its own coordinates, so that one move may not be enough.
+void Hands::carryTo(int column, int row) {
   constexpr int patience = 200;
-  for (int i = 0; i < patience && !Script::onScreen([&] { return arrived(place); }); ++i)
-    robot_.moveTo(overBoard(place.x, place.y));
-  Script::waitFor("the piece to arrive", [&] { return arrived(place); });
+  for (int i = 0; i < patience && !Script::onScreen([&] { return floatsAt(column, row); }); ++i)
+    robot_.moveTo([&] { return overBoard(column, row); });
+  Script::waitFor("the piece to arrive", [&] { return floatsAt(column, row); });
 }
 
 void Hands::solve(const std::vector<PuzzleFormat::PieceRecord>& pieces, Carrying carrying,
@@ -212,9 +209,9 @@ void Hands::solve(const std::vector<PuzzleFormat::PieceRecord>& pieces, Carrying
     const int empty = Script::onScreen([&] { return int{program_.main.Grid->EmptyCount()}; });
     takeFromTray(pieces[i], carrying);
     if (between) between(i);
-    carryTo(pieces[i]);
+    carryTo(pieces[i].x, pieces[i].y);
     if (carrying == Carrying::ButtonHeld) robot_.release(1);
-    robot_.click();
+    robot_.clickAlone();
     Script::waitFor("the piece to lie on the board",
                     [&] { return program_.main.Grid->EmptyCount() == empty - PENTO::kCells; });
   }

@@ -38,8 +38,11 @@ class Hands {
 
   /// Picks a piece of that type up from the tray and turns it as the record says.
   void takeFromTray(const PuzzleFormat::PieceRecord& record, Carrying carrying);
-  /// Where the pointer must be for the floating piece to lie at a cell of the board.
-  QPointF overBoard(int column, int row);
+  /// Carries the piece in the air to where a drop puts its upper left corner on a cell of the
+  /// board.
+  void carryTo(int column, int row);
+  /// True when the piece floats there.
+  bool floatsAt(int column, int row) const;
   /// Presses where the piece in the air does not fit, and waits for the control to refuse it.
   void dropInVain(PENTOWINDOW& control, const std::function<QPointF()>& place);
   /// The middle of a cell of a board control on the screen.
@@ -50,8 +53,7 @@ class Hands {
 
  private:
   void clickOnEntry(class QListWidget& list, const Catalogue::Entry& puzzle);
-  bool arrived(const PuzzleFormat::PieceRecord& record);
-  void carryTo(const PuzzleFormat::PieceRecord& place);
+  QPointF overBoard(int column, int row) const;
   void orient(const PuzzleFormat::PieceRecord& record);
 
   Robot& robot_;

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QPixmap>
 #include <QScreen>
+#include <QThread>
 #include <cmath>
 
 #include "tour/Script.h"
@@ -16,6 +17,7 @@ namespace {
 
 constexpr double kStep = 24;  // device pixels a hand moves between two events
 constexpr int kInsistence = 10;
+constexpr int kSamePlace = 40;  // device pixels, more than any double click may wander
 
 }  // namespace
 
@@ -26,9 +28,11 @@ struct Robot::Connection {
 Robot::Robot() : connection_(std::make_unique<Connection>()) {
   if (!connection_->display) throw Script::Error("There is no X server to play on.");
   barrier_ = Script::onScreen([] { return std::make_unique<EventBarrier>(); });
+  managerBarrier_ = std::make_unique<ManagerBarrier>(connection_->display);
 }
 
 Robot::~Robot() {
+  managerBarrier_.reset();
   Script::onScreen([this] { barrier_.reset(); });
   XCloseDisplay(connection_->display);
 }
@@ -54,12 +58,23 @@ void Robot::moveTo(const QPointF& point) {
   for (int i = 0; i < kInsistence && pointer() != point.toPoint(); ++i) jumpTo(point.toPoint());
 }
 
+void Robot::moveTo(const std::function<QPointF()>& place) {
+  QPointF wanted = Script::onScreen(place), before;
+  int tries = 0;
+  do {
+    moveTo(wanted);
+    before = std::exchange(wanted, Script::onScreen(place));
+  } while (wanted != before && ++tries < kInsistence);
+}
+
 void Robot::jumpTo(const QPoint& point) {
   XTestFakeMotionEvent(connection_->display, -1, point.x(), point.y(), CurrentTime);
   flush();
 }
 
 void Robot::press(int button) {
+  sincePress_.start();
+  pressedAt_ = pointer();
   XTestFakeButtonEvent(connection_->display, static_cast<unsigned>(button), True, CurrentTime);
   flush();
 }
@@ -72,6 +87,14 @@ void Robot::release(int button) {
 void Robot::click(int button) {
   press(button);
   release(button);
+}
+
+void Robot::clickAlone() {
+  const qint64 interval = QApplication::doubleClickInterval() + 1;
+  const bool near = (pointer() - pressedAt_).manhattanLength() < kSamePlace;
+  if (near && sincePress_.isValid() && !sincePress_.hasExpired(interval))
+    QThread::msleep(static_cast<unsigned long>(interval - sincePress_.elapsed()));
+  click();
 }
 
 void Robot::doubleClick() {
@@ -108,6 +131,19 @@ void Robot::type(const std::string& text) {
   }
 }
 
+void Robot::waitSettled(const std::string& what, const QWidget& window,
+                        const std::function<bool()>& condition) {
+  const auto holds = [&] { return condition() && knowsPlace(window); };
+  do {
+    Script::waitFor(what, holds);
+    flush();
+    managerBarrier_->pass();
+    flush();
+  } while (!Script::onScreen(holds));
+}
+
+/// True when the window is on the screen, and where and as large as the toolkit believes; a window
+/// manager that has just placed it tells so a little later.
 bool Robot::knowsPlace(const QWidget& window) const {
   constexpr double rounding = 2;  // a fractional scale has no whole logical pixels
   Display* display = connection_->display;

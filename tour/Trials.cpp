@@ -31,8 +31,7 @@ void Trials::next() {
   const PentoRef piece = Script::onScreen([this] { return program_.main.Grid->FloatingPento(); });
   const int turns = piece->RotationCount, flips = piece->FlipCount;
   const std::size_t lying = Script::onScreen([this] { return piecesLying(); });
-  if (turn_ % 2 == 0)
-    robot_.moveTo(Script::onScreen([this] { return Hands::cell(*program_.main.Grid, 6, 6); }));
+  if (turn_ % 2 == 0) robot_.moveTo([this] { return Hands::cell(*program_.main.Grid, 6, 6); });
   switch (turn_++ % 7) {
     case 0:
       dropOnTheRing();
@@ -71,15 +70,22 @@ std::size_t Trials::piecesLying() const {
          program_.main.PentoPanel->Grid()->PentoCollection().Count();
 }
 
-/// A full repaint must give the pixels that are there.
+/// A full repaint must give the pixels that are there. Asked only while the board was the last to
+/// place the piece: the tray may have placed it since, in coordinates of its own.
 void Trials::checkPicture() {
-  robot_.moveTo(Script::onScreen([this] { return Hands::cell(*program_.main.Grid, 5, 4); }));
-  require(turn_, "the board shows what a full repaint shows", Script::onScreen([this] {
-            PENTOWINDOW& board = *program_.main.Grid;
-            const QImage before = pictureOf(board);
-            board.PaintAll();
-            return pictureOf(board) == before;
-          }));
+  constexpr int column = 4, row = 3;
+  std::optional<bool> same;
+  while (!same) {
+    hands_.carryTo(column, row);
+    same = Script::onScreen([this]() -> std::optional<bool> {
+      if (!hands_.floatsAt(column, row)) return {};
+      PENTOWINDOW& board = *program_.main.Grid;
+      const QImage before = pictureOf(board);
+      board.PaintAll();
+      return pictureOf(board) == before;
+    });
+  }
+  require(turn_, "the board shows what a full repaint shows", *same);
 }
 
 void Trials::dropOnTheRing() {
@@ -87,7 +93,7 @@ void Trials::dropOnTheRing() {
   ++refusedDrops_;
 }
 
-/// Void where no piece lies yet, or where none lies far enough from the edge.
+/// Void where no piece lies yet, or where the pointer would leave the control for each.
 void Trials::dropOnAPiece(PENTOWINDOW& control) {
   const auto place = Script::onScreen([&]() -> std::optional<QPointF> {
     const PENTOGRID& grid = *control.Grid();
@@ -95,9 +101,10 @@ void Trials::dropOnAPiece(PENTOWINDOW& control) {
     for (const auto& [id, lying] : grid.PentoCollection()) {
       const int column = lying->X() + lying->GridX(0) - floating.GridX(0);
       const int row = lying->Y() + lying->GridY(0) - floating.GridY(0);
-      if (column < 1 || row < 1) continue;
-      return Hands::cell(control, column + (floating.Width() - 1) / 2.0,
-                         row + (floating.Height() - 1) / 2.0);
+      const double x = column + (floating.Width() - 1) / 2.0;
+      const double y = row + (floating.Height() - 1) / 2.0;
+      if (column < 1 || row < 1 || x > grid.Width() - 2 || y > grid.Height() - 2) continue;
+      return Hands::cell(control, x, y);
     }
     return {};
   });
@@ -106,24 +113,15 @@ void Trials::dropOnAPiece(PENTOWINDOW& control) {
   ++refusedDrops_;
 }
 
-/// Window managers move and size a window in several steps, so the last of them is waited for.
 void Trials::waitSize(const std::function<bool(const QSize&)>& fits) {
-  constexpr int looks = 40;
-  QRect last;
-  int same = 0;
-  Script::waitFor("the window's new size", [&] {
-    const QRect now = window().geometry();
-    same = now == last && fits(now.size()) && robot_.knowsPlace(window()) ? same + 1 : 0;
-    last = now;
-    return same == looks;
-  });
+  robot_.waitSettled("the window's new size", window(), [&] { return fits(window().size()); });
 }
 
 void Trials::resize() {
   const QSize wanted = kSizes[size_++ % std::size(kSizes)];
   Script::onScreen([this] { window().showNormal(); });
-  Script::waitFor("a window that is not maximized",
-                  [this] { return !window().isMaximized() && window().isActiveWindow(); });
+  robot_.waitSettled("a window that is not maximized", window(),
+                     [this] { return !window().isMaximized() && window().isActiveWindow(); });
   Script::onScreen([&] { window().resize(wanted); });
   waitSize([&](const QSize& size) { return size == wanted; });
   ++resizes_;
@@ -137,8 +135,8 @@ void Trials::restoreSize() {
 }
 
 void Trials::waitActive() {
-  Script::waitFor("the game to be active again",
-                  [this] { return window().isActiveWindow() && robot_.knowsPlace(window()); });
+  robot_.waitSettled("the game to be active again", window(),
+                     [this] { return window().isActiveWindow(); });
 }
 
 void Trials::turnToAnotherProgram() {
@@ -146,11 +144,11 @@ void Trials::turnToAnotherProgram() {
   robot_.moveTo(neighbour->middle());
   robot_.click();
   Script::waitFor("the other program to be active", [] { return !QApplication::activeWindow(); });
-  robot_.moveTo(Script::onScreen([this] { return Hands::cell(*program_.main.Grid, 9, 10); }));
+  robot_.moveTo([this] { return Hands::cell(*program_.main.Grid, 9, 10); });
   if (absences_++ % 2 == 0) {  // back by closing the other one, else by a click
     neighbour.reset();
   } else {
-    robot_.moveTo(Script::onScreen([this] { return Hands::titleBar(window()); }));
+    robot_.moveTo([this] { return Hands::titleBar(window()); });
     robot_.click();
   }
   waitActive();
@@ -177,7 +175,7 @@ void Trials::switchSoundOffAndOn() {
 /// In easy mode the program asks, and hears No. Otherwise four turns are no turn, and two
 /// mirrorings none, however fast they come.
 void Trials::askForATurn() {
-  robot_.moveTo(Script::onScreen([this] { return Hands::cell(*program_.main.Grid, 7, 7); }));
+  robot_.moveTo([this] { return Hands::cell(*program_.main.Grid, 7, 7); });
   if (Script::onScreen([this] { return program_.main.Grid->fEasyMode; })) {
     robot_.click(kRightButton);
     Script::waitFor("the question", [] {

@@ -77,7 +77,7 @@ class Tour {
     const auto pieces = Hands::solution(Program::installationFolder() / "puzzles" / "rocket.qzl");
     hands_.solve(pieces, Hands::Carrying::ClickByClick, [&](std::size_t laid) {
       if (laid != pieces.size() / 2) return;
-      robot_.moveTo(Script::onScreen([this] { return Hands::cell(*program_.main.Grid, 2, 3); }));
+      robot_.moveTo([this] { return Hands::cell(*program_.main.Grid, 2, 3); });
       Script::waitFor("the piece to come over the board", [this] {
         const PentoRef piece = program_.main.Grid->FloatingPento();
         return piece && piece->X() > 0;
