@@ -34,8 +34,8 @@ constexpr int kRandomTurns = 3;  // 0 to 2
 constexpr int kRandomFlips = 2;  // 0 or 1
 constexpr std::size_t kLargestTail = std::size_t{64} << 20;
 
-/// A refusal or failure with its text for the user.
-class LoadError : public std::runtime_error {
+/// A file that is not let into the grids, with the text for the user.
+class Refusal : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
@@ -73,9 +73,9 @@ void prepareTargets(bool ToEditor) {
 
 void checkLock(char flag, bool ToEditor) {
   if (flag != PuzzleFormat::kUnlocked && flag != PuzzleFormat::kLocked)
-    throw LoadError("This is not a valid Quinzolith puzzle.");
+    throw Refusal("This is not a valid Quinzolith puzzle.");
   if (flag == PuzzleFormat::kLocked && ToEditor && !fDeveloperVersion)
-    throw LoadError("You cannot edit the standard Quinzolith puzzles.");
+    throw Refusal("You cannot edit the standard Quinzolith puzzles.");
 }
 
 void readCells(PuzzleFormat::Reader& reader, PENTOGRID& board, bool ToEditor) {
@@ -127,8 +127,8 @@ void readPiece(PuzzleFormat::Reader& reader, bool ToEditor) {
 void readPieces(PuzzleFormat::Reader& reader, bool ToEditor) {
   const std::int32_t count = reader.int32();
   if (count < -PuzzleFormat::kMostPieces - 1 || count > PuzzleFormat::kMostPieces)
-    throw LoadError("The file names an impossible number of pieces: " + std::to_string(count) +
-                    ".");
+    throw std::runtime_error(
+        "The file names an impossible number of pieces: " + std::to_string(count) + ".");
   for (std::int32_t i = 0; i < count; ++i) readPiece(reader, ToEditor);
 }
 
@@ -136,7 +136,7 @@ void loadOnce(const fs::path& FileName, bool ToEditor) {
   const std::string bytes = store.read(FileName, largestFile(boardGrid(ToEditor)));
   PuzzleFormat::Reader reader(bytes);
   if (reader.text(PuzzleFormat::kSignature.size()) != PuzzleFormat::kSignature)
-    throw LoadError("This is not a valid Quinzolith Puzzle file.");
+    throw Refusal("This is not a valid Quinzolith Puzzle file.");
   prepareTargets(ToEditor);
   for (int word = 0; word < 3; ++word) reader.int32();  // the version of the writing program
   checkLock(reader.text(1).front(), ToEditor);
@@ -153,16 +153,20 @@ void loadWithRestarts(const fs::path& FileName, bool ToEditor) {
       if (restarts < kMostRestarts) required(targets.Tray).Grid()->Clear();
     }
   }
-  throw LoadError("The pieces of this puzzle do not fit into the tray.");
+  throw std::runtime_error("The pieces of this puzzle do not fit into the tray.");
 }
 
-void paint(bool ToEditor) {
+void paint(PuzzleTarget* target) {
+  if (target) target->PaintAll();
+}
+
+void paintTargets(bool ToEditor) {
   if (ToEditor) {
-    targets.Editor->PaintAll();
+    paint(targets.Editor);
     return;
   }
-  targets.Tray->PaintAll();
-  targets.Board->PaintAll();
+  paint(targets.Tray);
+  paint(targets.Board);
 }
 
 /// A file name in the words of the system, without the call that failed.
@@ -202,12 +206,15 @@ bool LoadPuzzle(const fs::path& FileName, bool ToEditor) {
     LastFileError.clear();
     loadWithRestarts(FileName, ToEditor);
     CurrentPuzzleFile = FileName;
-    paint(ToEditor);
+    paintTargets(ToEditor);
     return true;
+  } catch (const Refusal& refusal) {
+    LastFileError = refusal.what();
   } catch (const std::exception& error) {
     LastFileError = reasonOf(error);
-    return false;
+    paintTargets(ToEditor);  // what was loaded up to then stays, and is to be seen
   }
+  return false;
 }
 
 bool SavePuzzle(const fs::path& FileName, const PuzzleTarget& Board) {
@@ -232,7 +239,7 @@ bool SavePuzzle(const fs::path& FileName, const PuzzleTarget& Board) {
 void ReloadPuzzle() {
   if (targets.Tray && targets.Tray->Grid()) targets.Tray->Grid()->Clear();
   if (targets.Board && targets.Board->Grid()) targets.Board->Grid()->Clear();
-  LoadPuzzle(CurrentPuzzleFile, false);
+  if (!LoadPuzzle(CurrentPuzzleFile, false)) paintTargets(false);
 }
 
 }  // namespace basTiles

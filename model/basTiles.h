@@ -65,7 +65,7 @@ inline constexpr int kMostRestarts = 50;
 
 /// Loads a puzzle into the play window, or into the editor when `ToEditor` is set.
 /// Errors: false, with the reason in LastFileError. A missing file or one with another signature
-///         leaves the grids alone; after any other failure they stay as far as they were loaded.
+///         leaves the grids alone; after any other failure they stay, and show, what was loaded.
 bool LoadPuzzle(const std::filesystem::path& FileName, bool ToEditor);
 
 /// Writes the board's arrangement. A longer file keeps its length and its tail.

@@ -53,6 +53,9 @@ class Tiles : public Test, protected SavedSample {
     basTiles::Random = [this, numbers = std::move(numbers)] { return numbers.at(drawn++); };
   }
 
+  /// What a load for play asks of the controls.
+  const std::vector<std::string> playCalls{"tray RemoveFloatingPento", "board RemoveFloatingPento",
+                                           "tray PaintAll", "board PaintAll"};
   PENTOGRID& board = windows.board.grid;
   PENTOGRID& tray = windows.tray.grid;
   PENTOGRID& editor = windows.editor.grid;
@@ -66,9 +69,7 @@ TEST_F(Tiles, PlayGetsTheShapeOnTheBoardAndThePiecesInTheTray) {
       EXPECT_EQ(board.PentoID(x, y), editor.PentoID(x, y) > 0 ? 0 : -1) << x << ", " << y;
   EXPECT_EQ(tray.PentoCollection().Count(), 3u);
   expectSoundGrid(tray);
-  EXPECT_EQ(windows.calls,
-            (std::vector<std::string>{"tray RemoveFloatingPento", "board RemoveFloatingPento",
-                                      "tray PaintAll", "board PaintAll"}));
+  EXPECT_EQ(windows.calls, playCalls);
   EXPECT_EQ(basTiles::CurrentPuzzleFile, "other.qzl");
 }
 
@@ -179,6 +180,12 @@ TEST_F(Tiles, ARefusedFileLeavesTheGridsAsFarAsItWasRead) {
   EXPECT_EQ(windows.calls.size(), 2u);
   EXPECT_EQ(tray.PentoCollection().Count(), 0u);
   EXPECT_EQ(cellsOf(board), boardBefore);  // a cleared board keeps its empty and background cells
+
+  EXPECT_FALSE(load(sample.substr(0, sample.size() - 1)));
+  EXPECT_EQ(tray.PentoCollection().Count(), 2u);
+  EXPECT_EQ(windows.calls, playCalls) << "what is left is also seen";
+  EXPECT_FALSE(load(sample.substr(0, sample.size() - 1), true));
+  EXPECT_EQ(windows.calls.back(), "editor PaintAll");
   EXPECT_EQ(basTiles::CurrentPuzzleFile, "sample.qzl");
 }
 
@@ -286,7 +293,9 @@ TEST_F(Tiles, ReloadingClearsAndLoadsTheCurrentPuzzle) {
   EXPECT_EQ(board.PentoCollection().Count(), 0u);
   EXPECT_EQ(tray.PentoCollection().Count(), 3u);
   basTiles::CurrentPuzzleFile = "gone.qzl";
+  windows.calls.clear();
   basTiles::ReloadPuzzle();
+  EXPECT_EQ(windows.calls, (std::vector<std::string>{"tray PaintAll", "board PaintAll"}));
   EXPECT_EQ(tray.PentoCollection().Count(), 0u);
   EXPECT_EQ(LastFileError, "File does not exist.");
 }
