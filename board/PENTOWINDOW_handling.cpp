@@ -28,8 +28,13 @@ std::int16_t centreOf(int tile, int cells) {
   return nearest16(tile * cells / 2.0);
 }
 
-const QCursor& handCursor() {
+const QCursor& imgHand() {
   static const QCursor cursor(QPixmap(":/pictures/hand.png"), pictures::kHand.x, pictures::kHand.y);
+  return cursor;
+}
+
+const QCursor& imgClear() {
+  static const QCursor cursor(QPixmap(":/pictures/clear.png"));
   return cursor;
 }
 
@@ -46,10 +51,10 @@ void PENTOWINDOW::showCursor(CursorShape shape) {
       pctFore_->setPictureCursor(Qt::ArrowCursor);
       break;
     case CursorShape::Hand:
-      pctFore_->setPictureCursor(handCursor());
+      pctFore_->setPictureCursor(imgHand());
       break;
     case CursorShape::Clear:
-      pctFore_->setPictureCursor(Qt::BlankCursor);
+      pctFore_->setPictureCursor(imgClear());
       break;
   }
 }
