@@ -26,7 +26,7 @@ QString capitalized(const QString& name) {
 
 Option::Option(QWidget* parent, const QString& name, const QString& caption, const QString& hint)
     : QAbstractButton(parent),
-      picture_(":/pictures/option-" + name + ".png"),
+      picture_(":/pictures/option-" + name.toLower() + ".png"),
       label_(new QLabel(caption, parent)) {
   setObjectName("img" + capitalized(name));
   label_->setObjectName("lbl" + capitalized(name));

@@ -2,14 +2,13 @@
 
 #include <QAbstractButton>
 #include <QLabel>
-#include <functional>
 
 /// A way on that a window offers: a picture of 32 x 32 with a label below it. A click on either
 /// chooses it; the picture takes the focus by Tab, shows it, and answers the space bar.
 class Option : public QAbstractButton {
  public:
-  /// `name` names the picture's file and the controls: "play" gives option-play.png, imgPlay and
-  /// lblPlay.
+  /// `name` names the picture's file and the controls: "eMail" gives option-email.png, imgEMail
+  /// and lblEMail.
   Option(QWidget* parent, const QString& name, const QString& caption, const QString& hint);
 
   /// Design positions in twips. The label is given its own place, or centred under the picture.

@@ -2,7 +2,7 @@
 
 #include <QListWidget>
 #include <QTabWidget>
-#include <functional>
+#include <vector>
 
 /// A tab control of a fixed size whose pages place their controls by the design: positions count
 /// from the tab control's own corner. Its captions fit because their padding is small.

@@ -7,7 +7,6 @@
 #include "platform/Program.h"
 #include "play/frmFinished.h"
 #include "play/frmOpen.h"
-#include "services/basHTMLHelp.h"
 #include "services/basKelvoMusic.h"
 
 namespace {

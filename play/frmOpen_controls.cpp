@@ -44,7 +44,6 @@ void frmOpen::buildTabs() {
       auto* cmdCreate = new QPushButton("Create puzzles", page);
       cmdCreate->setObjectName("cmdCreate");
       cmdCreate->setFont(ControlFont());
-      cmdCreate->setAutoDefault(false);
       QObject::connect(cmdCreate, &QPushButton::clicked, cmdCreate, [this] { cmdCreate_Click(); });
       tabGames_->place(cmdCreate, 60, 420, 3612, 372);
       tabGames_->place(list, 60, 840, 3612, 2952);
@@ -61,7 +60,6 @@ QPushButton* frmOpen::addButton(const char* name, const QString& caption, double
   auto* button = new QPushButton(caption, Client());
   button->setObjectName(name);
   button->setFont(ControlFont());
-  button->setAutoDefault(false);
   Twips::place(*button, 4140, top, 1095, 375);
   QObject::connect(button, &QPushButton::clicked, button, [this, action] { (this->*action)(); });
   return button;

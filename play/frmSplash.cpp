@@ -70,7 +70,7 @@ void frmSplash::buildTitle() {
 void frmSplash::buildOptions() {
   visit_ = new Option(Client(), "visit", "Visit us", "Open the maker's web site");
   visit_->placePicture(1212, 3660);
-  email_ = new Option(Client(), "email", "Email us", "Write a mail to the maker");
+  email_ = new Option(Client(), "eMail", "Email us", "Write a mail to the maker");
   email_->placePicture(2220, 3660);
   edit_ = new Option(Client(), "edit", "Edit", "Make puzzles of your own");
   edit_->placePicture(5376, 3600);

@@ -76,7 +76,9 @@ TEST_F(Windows, TheChooserListsTheCatalogueAndKeepsTabAndEasyMode) {
     });
     click(program_->open, "chkEasy");
     showTab(2);
-    escape(program_->open);
+    Script::onScreen([this] { control(program_->open, "cmdCancel")->setFocus(); });
+    key(program_->open, Qt::Key_Return);  // a button that has the focus answers it
+    waitClosed(program_->open);
     EXPECT_TRUE(Script::onScreen([] { return basTiles::fRandomRotation; }));
 
     openChooser();
