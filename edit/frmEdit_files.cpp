@@ -9,6 +9,7 @@ bool frmEdit::CheckSaveStatus() {
   switch (Dialogs::askYesNoCancel(
       "The current file has changed.\r\nDo you want to save your changes?")) {
     case Dialogs::Answer::No:
+      fFileChanged = false;  // given up, whatever becomes of the command that asked
       return true;
     case Dialogs::Answer::Cancel:
       return false;

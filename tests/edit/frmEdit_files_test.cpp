@@ -91,6 +91,13 @@ TEST_F(EditorFiles, TheQuestionAndWhatEachAnswerLeavesBehind) {
     newPuzzle(QMessageBox::No);
     EXPECT_EQ(pieces(), 0U);
     EXPECT_FALSE(changed());
+
+    lay(8, 1, 1);
+    menu(edit(), "mnuFileOpen");
+    answer(QMessageBox::No);
+    cancelDialog();
+    EXPECT_EQ(pieces(), 1U);
+    EXPECT_FALSE(changed()) << "who has given the changes up is not asked again";
   });
 }
 
