@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QStyle>
@@ -16,7 +17,8 @@ namespace {
 
 constexpr int kWidth = 940;
 constexpr int kHeight = 680;
-constexpr int kNavigationWidth = 250;
+constexpr int kNavigationWidth = 270;
+constexpr double kMostOfScreen = 0.9;
 constexpr int kMessageMilliseconds = 8000;
 
 }  // namespace
@@ -35,7 +37,7 @@ HelpWindow::HelpWindow(const QString& helpFile)
   splitter->setSizes({kNavigationWidth, kWidth - kNavigationWidth});
   splitter->setChildrenCollapsible(false);
   setCentralWidget(splitter);
-  resize(kWidth, kHeight);
+  resize(QSize(kWidth, kHeight).boundedTo(screen()->availableSize() * kMostOfScreen));
   buildToolBar();
   statusBar()->setSizeGripEnabled(true);
 
