@@ -15,9 +15,11 @@ namespace Dialogs {
 
 namespace {
 
+/// A window manager takes its time to make a window active after the dialog before.
 QWidget* owner() {
-  QWidget* modal = QApplication::activeModalWidget();
-  return modal ? modal : activeWindow();
+  if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+  QWidget* active = activeWindow();
+  return active ? active : topmostForm();
 }
 
 QString text(const fs::path& path) {

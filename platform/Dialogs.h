@@ -4,7 +4,8 @@
 #include <optional>
 #include <string>
 
-/// Message boxes and file dialogs. They block the window that is active, which gets the focus back.
+/// Message boxes and file dialogs. They block and stand over the window that is active, which gets
+/// the focus back; while none is, as right after another dialog, the form shown last.
 namespace Dialogs {
 
 enum class Icon { None, Exclamation };

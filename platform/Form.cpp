@@ -214,7 +214,10 @@ void Form::setBlocked(bool blocked) {
 
 QWidget* activeWindow() {
   if (QWidget* active = QApplication::activeWindow()) return active;
-  if (Screen::hasWindowManager()) return nullptr;
+  return Screen::hasWindowManager() ? nullptr : topmostForm();
+}
+
+QWidget* topmostForm() {
   for (auto form = openForms().rbegin(); form != openForms().rend(); ++form) {
     QWidget* window = (*form)->Window();
     if (window && window->isVisible() && !window->property(kBlockedMark).toBool()) return window;

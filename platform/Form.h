@@ -98,3 +98,6 @@ class Form {
 /// The window that the user is working in, as the display system or the program itself knows it:
 /// the active window, or, where no window manager runs, the topmost form that no dialog blocks.
 QWidget* activeWindow();
+
+/// The form shown last among those that no dialog blocks, or null.
+QWidget* topmostForm();

@@ -7,8 +7,8 @@
 
 namespace {
 
-constexpr int kRetryMilliseconds =
-    10;  // how often a waiting queue looks whether the loops have ended
+/// How often a waiting queue looks whether the loops have ended.
+constexpr int kRetryMilliseconds = 10;
 
 int loops = 0;
 std::deque<std::function<void()>> waiting;

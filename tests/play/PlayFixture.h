@@ -155,6 +155,7 @@ class PlayFixture : public ::testing::Test {
     return Script::onScreen([&] {
       const std::string text = box()->text().toStdString();
       EXPECT_EQ(box()->windowTitle(), title);
+      EXPECT_TRUE(box()->parentWidget()) << "it would stand anywhere on the screen";
       box()->button(button)->click();
       return text;
     });
