@@ -37,8 +37,8 @@ class Game {
     basTiles::store = disk.store();
   }
 
-  bool load(bool toEditor) {
-    const bool loaded = basTiles::LoadPuzzle("a.qzl", toEditor);
+  bool load(bool toEditor, const char* file = "a.qzl") {
+    const bool loaded = basTiles::LoadPuzzle(file, toEditor);
     EXPECT_EQ(loaded, basTiles::LastFileError.empty());
     expectSoundGrid(windows.editor.grid);
     expectSoundGrid(windows.board.grid);
@@ -54,6 +54,13 @@ class Game {
   BareWindows windows;
   MemoryStore disk;
 };
+
+/// What the editor has made of a file comes back from its save as it was saved.
+void expectStableSave(Game& game) {
+  const std::string first = game.saved();
+  ASSERT_TRUE(game.load(true, "b.qzl")) << basTiles::LastFileError;
+  EXPECT_EQ(game.saved(), first);
+}
 
 void expectAgreement(const std::optional<puzzle::PuzzleFile>& file, Game& game, bool edited) {
   if (file) {
@@ -94,7 +101,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::optional<puzzle::PuzzleFile> file = readByTool(bytes);
   Game game(bytes);
   game.load(false);
-  expectAgreement(file, game, game.load(true));
+  const bool edited = game.load(true);
+  expectAgreement(file, game, edited);
+  if (edited) expectStableSave(game);
   if (file && puzzle::problemsOf(bytes).empty()) {
     expectSoundPuzzle(*file, bytes, game);
     expectShown(*file, bytes);
