@@ -9,6 +9,7 @@
 #include "board/TextureAtlas.h"
 #include "model/basTiles.h"
 #include "platform/PictureBox.h"
+#include "platform/Pointer.h"
 #include "platform/PointerSurface.h"
 #include "services/basKelvoWinAPI.h"
 
@@ -129,6 +130,7 @@ class PENTOWINDOW : public PointerSurface, public PuzzleTarget {
   void quicken();
   void tickEvery(int milliseconds);
   bool nothingToSee() const;
+  bool holdsPointer() const;
   void raise(const std::function<void()>& event) {
     if (event) event();
   }
@@ -136,6 +138,9 @@ class PENTOWINDOW : public PointerSurface, public PuzzleTarget {
   PictureBox* pctFore_;
   QLineEdit* txtKey_;
   QTimer tmrHideFloat_;
+  Pointer::Watch watch_{[this] {
+    if (!nothingToSee()) quicken();
+  }};
   TextureAtlas atlas_;
   Composition composition_;
 

@@ -15,9 +15,7 @@ QPointF deviceCorner(const QWidget& widget) {
 
 }  // namespace
 
-PictureBox::PictureBox(QWidget* parent) : PointerSurface(parent) {
-  setAttribute(Qt::WA_OpaquePaintEvent, false);
-}
+PictureBox::PictureBox(QWidget* parent) : PointerSurface(parent) {}
 
 void PictureBox::BorderStyle(int style) {
   border_ = style == 0 ? 0 : kSunkenBorder;
@@ -55,6 +53,9 @@ void PictureBox::layOut() {
                       static_cast<int>(std::ceil(last.y() - slack)));
   inside_ = (first - QPointF(topLeft)) * ratio_;
   setGeometry(QRect(topLeft, QSize(beyond.x() - topLeft.x(), beyond.y() - topLeft.y())));
+  // Covering the widget wholly, it spares the windows beneath from being painted at every step.
+  setAttribute(Qt::WA_OpaquePaintEvent,
+               inside_.isNull() && QSizeF(size()) * ratio_ == QSizeF(outer_));
   update();
 }
 
@@ -87,11 +88,12 @@ void PictureBox::pointerDoubleClick(Button button, const QPointF&) {
   if (DblClick) DblClick(button);
 }
 
-void PictureBox::paintEvent(QPaintEvent*) {
+void PictureBox::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   painter.scale(1 / ratio_, 1 / ratio_);  // from here on device pixels, nothing is stretched
   painter.translate(inside_);
-  drawBorder(painter);
+  const QRectF exposed(toPicture(event->rect().topLeft()), QSizeF(event->rect().size()) * ratio_);
+  if (!QRectF(0, 0, picture_.width(), picture_.height()).contains(exposed)) drawBorder(painter);
   painter.drawImage(QPointF(border_, border_), picture_.view());
 }
 
