@@ -41,6 +41,19 @@ class AfterFirstPaint : public QObject {
   std::function<void()> work_;
 };
 
+/// As long as it lives, pictures are read without plugins. The toolkit asks every plugin before its
+/// own reader of PNGs, and to load them all takes longer than to read the splash window's pictures.
+class WithoutPlugins {
+ public:
+  WithoutPlugins() { QCoreApplication::setLibraryPaths({}); }
+  ~WithoutPlugins() { QCoreApplication::setLibraryPaths(paths_); }
+  WithoutPlugins(const WithoutPlugins&) = delete;
+  WithoutPlugins& operator=(const WithoutPlugins&) = delete;
+
+ private:
+  const QStringList paths_ = QCoreApplication::libraryPaths();
+};
+
 void showHelp(QWidget* window, int command, int topic) {
   basHTMLHelp::HtmlHelpA(window, Program::HelpFile, command, topic);
 }
@@ -80,5 +93,6 @@ Wiring::~Wiring() {
 }
 
 void Wiring::start() {
+  const WithoutPlugins quick;
   basStartup::Main([this] { splash.Show(); });
 }
