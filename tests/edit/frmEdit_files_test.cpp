@@ -101,26 +101,45 @@ TEST_F(EditorFiles, TheQuestionAndWhatEachAnswerLeavesBehind) {
   });
 }
 
-TEST_F(EditorFiles, AFailedSaveNamesTheFileAndKeepsTheChanges) {
-  inEditor([this] {
+TEST_F(EditorFiles, AFailedSaveHoldsTheCommandBackAndKeepsTheChangesAndTheOldFile) {
+  const fs::path file = user_ / "full.qzl";
+  inEditor([&] {
+    const auto working = basTiles::store.write;
+    const auto setWrite = [](const decltype(working)& write) {
+      Script::onScreen([&] { basTiles::store.write = write; });
+    };
+    const auto fullDisk = [](const fs::path&, const std::string&) {
+      throw std::system_error(std::make_error_code(std::errc::no_space_on_device));
+    };
+    const auto expectFailure = [&] {
+      const std::string text = answer();
+      EXPECT_NE(text.find("No space left on device"), std::string::npos) << text;
+      EXPECT_NE(text.find(file.string()), std::string::npos) << text;
+      waitQuiet();  // nothing follows: the window stays, no other file is asked for
+      EXPECT_TRUE(Script::onScreen([this] { return edit().Loaded(); }));
+      EXPECT_TRUE(changed());
+      EXPECT_FALSE(saved());
+      EXPECT_EQ(current(), file);
+    };
     lay(8, 1, 1);
-    Script::onScreen([] {
-      basTiles::store.write = [](const fs::path&, const std::string&) {
-        throw std::system_error(std::make_error_code(std::errc::no_space_on_device));
-      };
-    });
+    setWrite(fullDisk);
     menu(edit(), "mnuFileClose");
     answer(QMessageBox::Yes);
-    choose(user_ / "full.qzl");
-    const std::string text = answer();
-    EXPECT_NE(text.find("No space left on device"), std::string::npos) << text;
-    EXPECT_NE(text.find((user_ / "full.qzl").string()), std::string::npos) << text;
-    waitQuiet();
-    EXPECT_TRUE(Script::onScreen([this] { return edit().Loaded(); }));
-    EXPECT_TRUE(changed());
-    EXPECT_FALSE(saved());
-    EXPECT_EQ(current(), user_ / "full.qzl");
+    choose(file);
+    expectFailure();
     EXPECT_EQ(recent(0), "hidden");
+
+    setWrite(working);
+    menu(edit(), "mnuFileSave");
+    Script::waitFor("the save", [] { return fSaved; });
+    const std::string old = bytesOf(file);
+    lay(8, 6, 6);
+    setWrite(fullDisk);
+    menu(edit(), "mnuFileOpen");
+    answer(QMessageBox::Yes);
+    expectFailure();
+    EXPECT_EQ(pieces(), 2U);
+    EXPECT_EQ(bytesOf(file), old);
   });
 }
 
@@ -136,32 +155,6 @@ TEST_F(EditorFiles, WithoutTheUserFolderTheDialogStartsElsewhereAndNamesNoFile) 
     });
     cancelDialog();
     leave();
-  });
-}
-
-TEST_F(EditorFiles, AFailedSaveAfterOneThatSucceededHoldsTheCommandBack) {
-  const fs::path file = user_ / "one.qzl";
-  inEditor([&] {
-    lay(8, 1, 1);
-    menu(edit(), "mnuFileSave");
-    choose(file);
-    waitQuiet();
-    const std::string old = bytesOf(file);
-    lay(8, 6, 6);
-    Script::onScreen([] {
-      basTiles::store.write = [](const fs::path&, const std::string&) {
-        throw std::runtime_error("The disk is on fire.");
-      };
-    });
-    menu(edit(), "mnuFileOpen");
-    answer(QMessageBox::Yes);
-    EXPECT_NE(answer().find("The disk is on fire."), std::string::npos);
-    waitQuiet();  // no open dialog follows
-    EXPECT_FALSE(saved());
-    EXPECT_TRUE(changed());
-    EXPECT_EQ(current(), file);
-    EXPECT_EQ(pieces(), 2U);
-    EXPECT_EQ(bytesOf(file), old);
   });
 }
 
