@@ -49,6 +49,20 @@ TEST_F(Carrying, ThePieceSlidesOffTheEdgeWithThePointer) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return piece_->X() == left; })) << piece_->X();
 }
 
+TEST_F(Carrying, ThePieceSlidesOffWithAButtonHeld) {
+  int uncaptures = 0;
+  tray_.Uncapture = [&] { ++uncaptures; };
+  press(cell(tray_, 3, 3));
+  QTest::qWait(0);
+  move(cell(tray_, 4, 4));
+  EXPECT_EQ(uncaptures, 0);
+  const QPoint outside(235, 260);
+  move(outside);  // to the tray, which has the press; the toolkit tells of no leaving
+  const int left = outside.x() - tray_.x() - surface(tray_).x() - 30;
+  EXPECT_TRUE(QTest::qWaitFor([&] { return uncaptures > 0 && piece_->X() == left; }));
+  release(outside);
+}
+
 TEST_F(Carrying, TheCursorTellsWhatAPressWouldDo) {
   move(cell(board_, 5, 5));
   EXPECT_EQ(cursor(tray_), "arrow");
