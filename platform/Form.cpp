@@ -199,7 +199,10 @@ void Form::queueActivation() {
 void Form::becameActive() {
   if (!Loaded()) return;
   activationQueued_ = false;
+  if (activating_) return;
+  activating_ = true;
   Form_Activate();
+  activating_ = false;
 }
 
 void Form::sized() {

@@ -13,8 +13,9 @@
 ///
 /// Loading:   the first showing builds the window and its controls and raises Form_Load, then lays
 ///            it out with Form_Resize.
-/// Activity:  Form_Activate is raised from a posted event each time the window becomes active. A
-///            form that activates early gets it before its first paint, too.
+/// Activity:  Form_Activate is raised from a posted event each time the window becomes active, but
+///            not while it still runs. A form that activates early gets it before its first paint,
+///            too.
 /// Unloading: raises Form_Unload, which may refuse. The window is hidden and no longer counted at
 ///            once; its widgets are deleted when the event loop is back at its first level, since
 ///            the close may come from a dialog inside one of the window's own handlers.
@@ -93,6 +94,7 @@ class Form {
   bool unloading_ = false;
   bool laidOut_ = false;
   bool activationQueued_ = false;
+  bool activating_ = false;
 };
 
 /// The window that the user is working in, as the display system or the program itself knows it:

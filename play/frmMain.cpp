@@ -61,6 +61,7 @@ void frmMain::Form_Activate() {
   if (fActivated_) return;
   if (Program::ColorDepth < Program::kDeepColour) mnuView_->menuAction()->setVisible(false);
   basKelvoMusic::InitSound(*musicCorrect_, *musicWrong_, *musicSong_);
+  if (!Loaded()) return;  // opening tunes lets events run
   showSoundSwitch();
   basTiles::LoadPuzzle(Program::installationFolder() / "puzzles" / "rocket.qzl", false);
   basTiles::CurrentFileName.clear();

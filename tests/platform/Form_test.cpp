@@ -18,6 +18,7 @@ class PlainForm : public Form {
   PlainForm() : Form(design()) {}
 
   std::function<void()> Load_ = [] {};
+  std::function<void()> Activate_ = [] {};
   std::function<void()> Click = [] {};
   bool refuses = false;
   int loads = 0, unloads = 0, activations = 0;
@@ -29,7 +30,7 @@ class PlainForm : public Form {
     QObject::connect(button, &QPushButton::clicked, button, [this] { Click(); });
   }
   void Form_Load() override { ++loads, Load_(); }
-  void Form_Activate() override { ++activations; }
+  void Form_Activate() override { ++activations, Activate_(); }
   void Form_Unload(bool& Cancel) override {
     ++unloads;
     Cancel = refuses;
@@ -172,6 +173,20 @@ TEST_F(FormTest, ActivationComesFromAPostedEventNeverInsideTheShowing) {
     one_.Show();
     EXPECT_EQ(one_.activations, 0);
     EXPECT_TRUE(QTest::qWaitFor([&] { return one_.activations > 0; }));
+    one_.Unload();
+  });
+}
+
+TEST_F(FormTest, AnActivationThatLetsEventsRunIsNotEnteredTwice) {
+  run([&] {
+    one_.Activate_ = [&] {
+      QEvent again(QEvent::WindowActivate);
+      QCoreApplication::sendEvent(one_.Window(), &again);
+      processPendingEvents();
+    };
+    one_.Show();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return one_.activations > 0; }));
+    EXPECT_EQ(one_.activations, 1);
     one_.Unload();
   });
 }
