@@ -2,7 +2,7 @@
 
 #include <QMouseEvent>
 #include <QPainter>
-#include <QStyleOptionFocusRect>
+#include <utility>
 
 #include "pictures/HotSpots.h"
 #include "platform/Form.h"
@@ -27,16 +27,14 @@ QString capitalized(const QString& name) {
 Option::Option(QWidget* parent, const QString& name, const QString& caption, const QString& hint)
     : QAbstractButton(parent),
       picture_(":/pictures/option-" + name.toLower() + ".png"),
-      label_(new QLabel(caption, parent)) {
+      label_(new QLabel(parent)) {
   setObjectName("img" + capitalized(name));
   label_->setObjectName("lbl" + capitalized(name));
   label_->setFont(Form::ControlFont());
   label_->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
   label_->setWordWrap(true);
   label_->installEventFilter(this);
-  setAccessibleName(caption);
-  setToolTip(hint);
-  label_->setToolTip(hint);
+  say(caption, hint);
   setCursor(optionPointer());
   label_->setCursor(optionPointer());
   setFocusPolicy(Qt::TabFocus);
@@ -58,9 +56,11 @@ void Option::centreLabel(double top) {
                       Twips::nearest(top / Twips::perPixel(*this)), size.width(), size.height());
 }
 
-void Option::caption(const QString& text) {
-  label_->setText(text);
-  setAccessibleName(text);
+void Option::say(const QString& caption, const QString& hint) {
+  label_->setText(caption);
+  setAccessibleName(caption);
+  setToolTip(hint);
+  label_->setToolTip(hint);
 }
 
 void Option::showOption(bool shown) {
@@ -78,11 +78,27 @@ void Option::paintEvent(QPaintEvent*) {
   painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 4, 4);
 }
 
+void Option::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    click();
+  else
+    QAbstractButton::keyPressEvent(event);
+}
+
 bool Option::eventFilter(QObject* object, QEvent* event) {
-  if (object == label_ && event->type() == QEvent::MouseButtonRelease) {
-    const auto* release = static_cast<QMouseEvent*>(event);
-    if (release->button() == Qt::LeftButton && label_->rect().contains(release->pos())) click();
-    return true;
+  if (object != label_) return QAbstractButton::eventFilter(object, event);
+  switch (event->type()) {
+    case QEvent::MouseButtonPress:
+      labelPressed_ = static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton;
+      return true;
+    case QEvent::MouseButtonDblClick:
+      return true;
+    case QEvent::MouseButtonRelease: {
+      const bool inside = label_->rect().contains(static_cast<QMouseEvent*>(event)->pos());
+      if (std::exchange(labelPressed_, false) && inside) click();
+      return true;
+    }
+    default:
+      return false;
   }
-  return QAbstractButton::eventFilter(object, event);
 }

@@ -4,7 +4,7 @@
 #include <QLabel>
 
 /// A way on that a window offers: a picture of 32 x 32 with a label below it. A click on either
-/// chooses it; the picture takes the focus by Tab, shows it, and answers the space bar.
+/// chooses it; the picture takes the focus by Tab, shows it, and answers Enter and the space bar.
 class Option : public QAbstractButton {
  public:
   /// `name` names the picture's file and the controls: "eMail" gives option-email.png, imgEMail
@@ -16,7 +16,8 @@ class Option : public QAbstractButton {
   void placeLabel(double left, double top, double width, double height);
   void centreLabel(double top);
 
-  void caption(const QString& text);  ///< of the label; its place is not changed
+  /// What it says below its picture, and in its tooltip. The label keeps its place.
+  void say(const QString& caption, const QString& hint);
   void showOption(bool shown);
   QLabel* label() const { return label_; }
 
@@ -24,9 +25,12 @@ class Option : public QAbstractButton {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent*) override {}  // its first click has chosen already
   bool eventFilter(QObject* object, QEvent* event) override;
 
  private:
   QPixmap picture_;
   QLabel* label_;
+  bool labelPressed_ = false;
 };

@@ -94,8 +94,7 @@ void frmSplash::Form_Load() {
 void frmSplash::Form_Activate() {
   if (!basStartup::fSplashDone) return;
   edit_->showOption(false);
-  play_->caption("Ok");
-  play_->setToolTip("Back to the game");
+  play_->say("Ok", "Back to the game");
   Form_Resize();
 }
 

@@ -1,4 +1,5 @@
 // The ways between the windows, and how the program ends.
+#include "services/basKelvoWinAPI.h"
 #include "tests/play/PlayFixture.h"
 
 namespace {
@@ -80,11 +81,25 @@ TEST_F(Roads, TheSplashWindowIsTheAboutBoxOnceItHasBeenLeft) {
   play([this] {
     waitOpen(program_->splash);
     EXPECT_TRUE(visible(program_->splash, "imgEdit"));
+    int visits = 0;
+    Script::onScreen([&] {
+      const auto usual = basKelvoWinAPI::ShellExecuteA;
+      basKelvoWinAPI::ShellExecuteA = [&visits](auto&&...) { return ++visits, 42; };
+      for (const char* name : {"imgVisit", "lblVisit"}) {
+        QWidget* option = control(program_->splash, name);
+        QTest::mouseClick(option, Qt::LeftButton);
+        QTest::mouseDClick(option, Qt::LeftButton);
+        QTest::mouseRelease(option, Qt::LeftButton);
+      }
+      basKelvoWinAPI::ShellExecuteA = usual;
+    });
+    EXPECT_EQ(visits, 2) << "a double-click is one click";
     toPlay();
     openAbout(program_->main);
     Script::onScreen([this] {
       const auto* ok = qobject_cast<QLabel*>(control(program_->splash, "Play"));
       EXPECT_EQ(ok->text(), "Ok");
+      EXPECT_EQ(ok->toolTip(), "Back to the game");
       EXPECT_FALSE(control(program_->splash, "imgEdit")->isVisible());
       EXPECT_NEAR(ok->geometry().center().x(),
                   control(program_->splash, "imgPlay")->geometry().center().x(), 1);
