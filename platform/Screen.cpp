@@ -6,7 +6,6 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <cstdlib>
-#include <cstring>
 #include <memory>
 #include <string_view>
 

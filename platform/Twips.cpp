@@ -37,11 +37,6 @@ QSize toPixels(const QSizeF& twips, const QWidget& widget) {
   return toPixels(QRectF(QPointF(0, 0), twips), widget).size();
 }
 
-QRectF fromPixels(const QRect& pixels, const QWidget& widget) {
-  const double unit = perPixel(widget);
-  return {pixels.x() * unit, pixels.y() * unit, pixels.width() * unit, pixels.height() * unit};
-}
-
 void place(QWidget& widget, double left, double top, double width, double height) {
   widget.setGeometry(toPixels(QRectF(left, top, width, height), widget));
 }

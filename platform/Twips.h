@@ -20,10 +20,9 @@ double perPixel(const QWidget& widget);
 double perDevicePixelX(const QWidget& widget);
 double perDevicePixelY(const QWidget& widget);
 
-/// A design position as the logical pixels of the widget's parent, and back.
+/// A design position as the logical pixels of the widget's parent.
 QRect toPixels(const QRectF& twips, const QWidget& widget);
 QSize toPixels(const QSizeF& twips, const QWidget& widget);
-QRectF fromPixels(const QRect& pixels, const QWidget& widget);
 
 /// Gives the widget a design position (left, top, width, height in twips).
 void place(QWidget& widget, double left, double top, double width, double height);

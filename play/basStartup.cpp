@@ -1,11 +1,11 @@
 #include "play/basStartup.h"
 
-#include <exception>
 #include <filesystem>
 
 #include "model/basTiles.h"
 #include "platform/Dialogs.h"
 #include "platform/Program.h"
+#include "play/Attempt.h"
 #include "services/basKelvoMusic.h"
 
 namespace fs = std::filesystem;
@@ -21,15 +21,6 @@ constexpr bool kDeveloperVersion = true;
 #else
 constexpr bool kDeveloperVersion = false;
 #endif
-
-template <class Step>
-void attempt(Step step) {
-  try {
-    step();
-  } catch (const std::exception&) {
-    // Start-up goes on without what this step would have given.
-  }
-}
 
 void makeUserFolder() {
   Program::UserPath = Program::installationFolder() / "User";

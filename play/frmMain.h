@@ -4,7 +4,6 @@
 #include <QFrame>
 #include <QMenu>
 #include <QPointer>
-#include <array>
 #include <memory>
 
 #include "board/PENTOWINDOW.h"
@@ -34,8 +33,8 @@ class frmMain : public Form {
   /// dialog returns, no control is touched.
   bool fCancelLoad = false;
 
-  QPointer<PENTOWINDOW> Grid;        ///< the board; null unless loaded
-  QPointer<PENTOWINDOW> PentoPanel;  ///< the tray; null unless loaded
+  QPointer<PENTOWINDOW> Grid;        ///< the board; it comes and goes with the window
+  QPointer<PENTOWINDOW> PentoPanel;  ///< the tray, likewise
 
  protected:
   void BuildControls() override;

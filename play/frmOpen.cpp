@@ -1,13 +1,13 @@
 #include "play/frmOpen.h"
 
 #include <algorithm>
-#include <exception>
 #include <vector>
 
 #include "catalogue/Catalogue.h"
 #include "model/basTiles.h"
 #include "platform/Dialogs.h"
 #include "platform/Program.h"
+#include "play/Attempt.h"
 #include "play/frmMain.h"
 #include "services/basHTMLHelp.h"
 
@@ -18,15 +18,6 @@ namespace {
 constexpr int kHelpTopic = 1100;
 constexpr int kKeyRole = Qt::UserRole;       // the entry's key
 constexpr int kFileRole = Qt::UserRole + 1;  // the real name of a user's puzzle
-
-/// Runs a step of filling the lists; an entry that cannot be added is left out.
-template <class Step>
-void attempt(Step step) {
-  try {
-    step();
-  } catch (const std::exception&) {
-  }
-}
 
 QListWidgetItem* addEntry(QListWidget* list, const QString& key, const QString& title,
                           const QIcon& icon) {
@@ -76,11 +67,8 @@ void frmOpen::Form_Load() {
 
 void frmOpen::fillCatalogue() {
   for (const Catalogue::Entry& entry : Catalogue::entries())
-    addEntry(lvwPuzzles_.at(static_cast<std::size_t>(entry.tab)),
-             QString::fromUtf8(entry.key.data(), static_cast<qsizetype>(entry.key.size())),
-             QString::fromUtf8(entry.title.data(), static_cast<qsizetype>(entry.title.size())),
-             puzzleIcon(
-                 QString::fromUtf8(entry.icon.data(), static_cast<qsizetype>(entry.icon.size()))));
+    addEntry(lvwPuzzles_.at(static_cast<std::size_t>(entry.tab)), QString::fromUtf8(entry.key),
+             QString::fromUtf8(entry.title), puzzleIcon(QString::fromUtf8(entry.icon)));
 }
 
 void frmOpen::fillUserPuzzles() {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QWidget>
-#include <cstdint>
 #include <filesystem>
 
 /// The program's help: opens a compiled help file at its start page or at a numbered topic.

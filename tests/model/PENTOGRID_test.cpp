@@ -100,15 +100,6 @@ TEST(PentoGrid, ANewSizeKeepsThePiecesInTheCollection) {
   EXPECT_EQ(grid.PentoID(4, 4), 2);
 }
 
-TEST(PentoGrid, ACollectionsPieceWithoutATypeCoversTheCellOfItsSlots) {
-  PENTOGRID grid = ringedGrid(14, 14);
-  ASSERT_TRUE(grid.AddPento(makePiece(13), 3, 4));
-  EXPECT_EQ(grid.PentoID(3, 4), 1);
-  EXPECT_EQ(grid.PentoID(4, 4), 0);
-  expectSoundGrid(grid);
-  EXPECT_EQ(grid.RemovePento(3, 4)->PentoType(), 13);
-}
-
 struct Shift {
   void (PENTOGRID::*move)();
   int dx, dy;
