@@ -9,7 +9,6 @@
 #include "board/TextureAtlas.h"
 #include "model/basTiles.h"
 #include "platform/PictureBox.h"
-#include "platform/Pointer.h"
 #include "platform/PointerSurface.h"
 #include "services/basKelvoWinAPI.h"
 
@@ -130,7 +129,6 @@ class PENTOWINDOW : public PointerSurface, public PuzzleTarget {
   void quicken();
   void tickEvery(int milliseconds);
   bool nothingToSee() const;
-  bool holdsPointer() const;
   void raise(const std::function<void()>& event) {
     if (event) event();
   }
@@ -138,9 +136,6 @@ class PENTOWINDOW : public PointerSurface, public PuzzleTarget {
   PictureBox* pctFore_;
   QLineEdit* txtKey_;
   QTimer tmrHideFloat_;
-  Pointer::Watch watch_{[this] {
-    if (!nothingToSee()) quicken();
-  }};
   TextureAtlas atlas_;
   Composition composition_;
 

@@ -61,11 +61,9 @@ void PENTOWINDOW::noticeSize() {
 }
 
 void PENTOWINDOW::resizeEvent(QResizeEvent*) {
-  quicken();
   noticeSize();
 }
 
 void PENTOWINDOW::moveEvent(QMoveEvent*) {
-  quicken();
   pctFore_->layOut();  // on a fractional scale it may now stand between two pixels of the window
 }

@@ -103,6 +103,7 @@ void PENTOWINDOW::hover(double x, double y) {
 }
 
 void PENTOWINDOW::pctFore_MouseMove(double x, double y) {
+  quicken();
   hover(x, y);
   if (!windowIsActive()) {
     HideFloatingPento();
@@ -126,6 +127,7 @@ void PENTOWINDOW::pctFore_MouseMove(double x, double y) {
 }
 
 void PENTOWINDOW::pointerMove(const QPointF& position) {
+  quicken();
   if (!windowIsActive()) {
     HideFloatingPento();
     return;

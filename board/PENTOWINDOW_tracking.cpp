@@ -1,5 +1,6 @@
 #include "board/PENTOWINDOW.h"
 #include "platform/Form.h"
+#include "platform/Pointer.h"
 #include "platform/Twips.h"
 
 namespace {
@@ -9,10 +10,6 @@ constexpr int kTick = 1;  // milliseconds
 // multiples of 25, so both controls of a window wake the program once; it takes 20 for precise.
 constexpr int kRestingTick = 25;
 constexpr double kRestAfter = 1;  // seconds without a move of the pointer
-
-bool contains(const basKelvoWinAPI::RECT& box, const basKelvoWinAPI::POINT& p) {
-  return p.x >= box.left && p.x <= box.right && p.y >= box.top && p.y <= box.bottom;
-}
 
 }  // namespace
 
@@ -30,7 +27,7 @@ void PENTOWINDOW::TrackCursor() {
   if (!fFloatVisible_) return;
   const basKelvoWinAPI::POINT p = basKelvoWinAPI::GetCursorPos(*this);
   const basKelvoWinAPI::RECT box = basKelvoWinAPI::GetWindowRect(*this);
-  if (contains(box, p)) {
+  if (p.x >= box.left && p.x <= box.right && p.y >= box.top && p.y <= box.bottom) {
     if (fCaptured_) return;
     raise(Capture);
     fCaptured_ = true;
@@ -53,16 +50,8 @@ void PENTOWINDOW::followOutside(const basKelvoWinAPI::POINT& p, const basKelvoWi
   FlushDirty();
 }
 
-/// The pointer is inside and cannot leave without an event, and the owner knows it: a tick does
-/// nothing then.
-bool PENTOWINDOW::holdsPointer() const {
-  return fCaptured_ && Pointer::known() &&
-         contains(basKelvoWinAPI::GetWindowRect(*this), basKelvoWinAPI::GetCursorPos(*this));
-}
-
 bool PENTOWINDOW::nothingToSee() const {
   if (!fFloatVisible_) return true;  // whatever shows the piece again also quickens the timer
-  if (holdsPointer()) return true;
   if (!fFloating_) return Pointer::secondsSinceMove() > kRestAfter;
   const Surface& picture = pctFore_->picture();
   return floatingBox().within(picture.width(), picture.height()).empty();

@@ -4,22 +4,12 @@
 #include <QCursor>
 #include <QElapsedTimer>
 #include <QMouseEvent>
-#include <vector>
 
 namespace Pointer {
 
 namespace {
 
 constexpr qint64 kSameMoment = 500'000;  // nanoseconds in which two questions get one answer
-
-std::vector<const Watch*>& watches() {
-  static std::vector<const Watch*> all;
-  return all;
-}
-
-void callWatches() {
-  for (const Watch* watch : watches()) watch->moved();
-}
 
 /// Remembers what events told of the pointer.
 class Listener : public QObject {
@@ -39,7 +29,7 @@ class Listener : public QObject {
       case QEvent::Leave:
       case QEvent::WindowBlocked:
       case QEvent::WindowDeactivate:
-        doubt();  // from now on the pointer may move without our hearing of it
+        known_ = false;  // from now on the pointer may move without our hearing of it
         break;
       default:
         break;
@@ -55,11 +45,9 @@ class Listener : public QObject {
     return last_;
   }
 
-  bool known() const { return known_; }
-
   void forget() {
+    known_ = false;
     asked_ = -1;
-    doubt();
   }
 
   double secondsSinceMove() const {
@@ -71,12 +59,6 @@ class Listener : public QObject {
     if (position != last_) lastMove_ = clock_.nsecsElapsed();
     last_ = position;
     known_ = true;
-    callWatches();
-  }
-
-  void doubt() {
-    known_ = false;
-    callWatches();
   }
 
   QElapsedTimer clock_;
@@ -92,18 +74,6 @@ Listener* listener = nullptr;
 
 QPointF position() {
   return listener ? listener->position() : QPointF(QCursor::pos());
-}
-
-bool known() {
-  return listener && listener->known();
-}
-
-Watch::Watch(std::function<void()> called) : moved(std::move(called)) {
-  watches().push_back(this);
-}
-
-Watch::~Watch() {
-  std::erase(watches(), this);
 }
 
 void place(const QPointF& position) {

@@ -116,19 +116,6 @@ TEST_F(Carrying, MovesOverTheMarginCaptureEveryTimeAndCarryThePiece) {
   EXPECT_EQ(piece_->Y(), 20 - surface(board_).y() - 45);
 }
 
-TEST_F(Carrying, AWatchHearsOfThePointerBeforeTheWindowDoes) {
-  int heard = 0, heardBefore = 0;
-  const Pointer::Watch watch([&] { ++heard; });
-  board_.Capture = [&] { heardBefore = heard; };
-  move(cell(board_, 5, 5));
-  EXPECT_GT(heardBefore, 0);
-  EXPECT_TRUE(Pointer::known());
-  heard = 0;
-  window_.hide();  // from now on the pointer goes where no event tells
-  EXPECT_GT(heard, 0);
-  EXPECT_FALSE(Pointer::known());
-}
-
 TEST_F(Carrying, InAWindowThatIsNotActiveThePieceDisappears) {
   click(cell(tray_, 3, 3));
   move(cell(board_, 5, 5));
