@@ -195,11 +195,15 @@ void Hands::dropInVain(PENTOWINDOW& control, const std::function<QPointF()>& pla
   Script::onScreen([&] { control.DropError = usual; });
 }
 
-/// Both controls place the piece, each in its own coordinates, so that one move may not be enough.
+/// Both controls place the piece, each in its own coordinates, so that one move may not be enough,
+/// and a piece that is still over the tray may have the right numbers.
 void Hands::carryTo(int column, int row) {
   constexpr int patience = 200;
-  for (int i = 0; i < patience && !Script::onScreen([&] { return floatsAt(column, row); }); ++i)
-    robot_.moveTo([&] { return overBoard(column, row); });
+  int moves = 0;
+  do {
+    const QPointF aside(moves % 2, 0);  // a move to where the pointer is would be none
+    robot_.moveTo([&] { return overBoard(column, row) + aside; });
+  } while (!Script::onScreen([&] { return floatsAt(column, row); }) && ++moves < patience);
   Script::waitFor("the piece to arrive", [&] { return floatsAt(column, row); });
 }
 
