@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "pictures/HotSpots.h"
+#include "platform/DensePicture.h"
 #include "platform/Form.h"
 #include "platform/Twips.h"
 
@@ -26,7 +27,7 @@ QString capitalized(const QString& name) {
 
 Option::Option(QWidget* parent, const QString& name, const QString& caption, const QString& hint)
     : QAbstractButton(parent),
-      picture_(":/pictures/option-" + name.toLower() + ".png"),
+      picture_(densePicture(":/pictures/option-" + name.toLower() + ".png")),
       label_(new QLabel(parent)) {
   setObjectName("img" + capitalized(name));
   label_->setObjectName("lbl" + capitalized(name));
@@ -70,6 +71,7 @@ void Option::showOption(bool shown) {
 
 void Option::paintEvent(QPaintEvent*) {
   QPainter painter(this);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
   painter.drawPixmap(rect(), picture_);
   if (!hasFocus()) return;
   QPen pen(palette().color(QPalette::Highlight), 2);

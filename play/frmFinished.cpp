@@ -3,6 +3,7 @@
 #include <QLabel>
 
 #include "model/basTiles.h"
+#include "platform/DensePicture.h"
 #include "platform/Program.h"
 #include "platform/Twips.h"
 #include "play/Option.h"
@@ -56,7 +57,7 @@ void frmFinished::buildPicture() {
   imgWayToGo->setObjectName("imgWayToGo");
   imgWayToGo->setAccessibleName("A picture for the winner");
   imgWayToGo->setScaledContents(true);
-  imgWayToGo->setPixmap(QPixmap(":/pictures/waytogo.png"));
+  imgWayToGo->setPixmap(densePicture(":/pictures/waytogo.png"));
   Twips::place(*imgWayToGo, 0, 0, 6000, 3000);
   addText(Client(), "lblSolve", "Congratulations!  You have solved the puzzle! ", 12, 1380, 1500,
           3495, 615);
@@ -87,7 +88,7 @@ void frmFinished::Form_Load() {
   // A key still typed for mirroring must choose nothing: no option has the focus at first.
   Client()->setFocus();
   if (Program::ColorDepth >= Program::kDeepColour) return;
-  const QPixmap fewColours(":/pictures/waytogo256.bmp");
+  const QPixmap fewColours = densePicture(":/pictures/waytogo256.bmp");
   if (!fewColours.isNull()) Client()->findChild<QLabel*>("imgWayToGo")->setPixmap(fewColours);
 }
 

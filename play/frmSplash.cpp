@@ -2,6 +2,7 @@
 
 #include <QPushButton>
 
+#include "platform/DensePicture.h"
 #include "platform/Program.h"
 #include "platform/Twips.h"
 #include "play/basStartup.h"
@@ -34,7 +35,7 @@ void frmSplash::BuildControls() {
   Image1_->setObjectName("Image1");
   Image1_->setAccessibleName("Picture of the game");
   Image1_->setScaledContents(true);
-  Image1_->setPixmap(QPixmap(":/pictures/splash.png"));
+  Image1_->setPixmap(densePicture(":/pictures/splash.png"));
   Twips::place(*Image1_, 120, 60, 2484, 3456);
   buildTitle();
   buildOptions();
@@ -87,7 +88,7 @@ void frmSplash::Form_Load() {
   lblVersion_->setText("Version " + QString::fromStdString(Program::versionText()));
   Program::ColorDepth = basKelvoWinAPI::GetDeviceCaps(*Window(), basKelvoWinAPI::BITSPIXEL);
   if (Program::ColorDepth >= Program::kDeepColour) return;
-  const QPixmap fewColours(":/pictures/about256.bmp");
+  const QPixmap fewColours = densePicture(":/pictures/about256.bmp");
   if (!fewColours.isNull()) Image1_->setPixmap(fewColours);
 }
 
