@@ -4,6 +4,7 @@
 #include <QLayout>
 #include <QMainWindow>
 #include <QMenuBar>
+#include <QScopedValueRollback>
 #include <QScreen>
 #include <QShortcut>
 #include <algorithm>
@@ -200,9 +201,8 @@ void Form::becameActive() {
   if (!Loaded()) return;
   activationQueued_ = false;
   if (activating_) return;
-  activating_ = true;
+  const QScopedValueRollback running(activating_, true);
   Form_Activate();
-  activating_ = false;
 }
 
 void Form::sized() {
