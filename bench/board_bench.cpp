@@ -10,6 +10,7 @@
 #include "bench/Table.h"
 #include "board/BoardBackground.h"
 #include "board/PENTOWINDOW.h"
+#include "board/TextureFile.h"
 #include "model/PuzzleFormat.h"
 #include "model/basTiles.h"
 #include "platform/Program.h"

@@ -7,7 +7,7 @@
 
 #include "bench/Stopwatch.h"
 #include "bench/Table.h"
-#include "platform/TunePlayer.h"
+#include "sound/TunePlayer.h"
 
 namespace fs = std::filesystem;
 

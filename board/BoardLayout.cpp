@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "board/BoardBackground.h"
+#include "drawing/Rounding.h"
 #include "platform/Twips.h"
 
 namespace BoardLayout {
@@ -57,9 +58,9 @@ void matchBackground(PENTOWINDOW& control) {
 
 void fitTiles(PENTOWINDOW& control, double width, double height, int columns, int rows) {
   matchBackground(control);
-  int tile = Twips::nearest(width / columns / Twips::perDevicePixelX(control));
+  int tile = nearest(width / columns / Twips::perDevicePixelX(control));
   const auto byHeight = static_cast<float>(height / rows / Twips::perDevicePixelY(control));
-  if (byHeight < static_cast<float>(tile)) tile = Twips::nearest(byHeight);
+  if (byHeight < static_cast<float>(tile)) tile = nearest(byHeight);
   try {
     control.TileSize(static_cast<std::int16_t>(tile));
   } catch (const std::runtime_error&) {

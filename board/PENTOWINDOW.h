@@ -4,9 +4,9 @@
 #include <QTimer>
 #include <functional>
 
-#include "board/Composition.h"
 #include "board/PropertyBag.h"
-#include "board/TextureAtlas.h"
+#include "drawing/Composition.h"
+#include "drawing/TextureAtlas.h"
 #include "model/basTiles.h"
 #include "platform/PictureBox.h"
 #include "platform/PointerSurface.h"

@@ -1,4 +1,6 @@
 #include "board/PENTOWINDOW.h"
+#include "board/TextureFile.h"
+#include "drawing/Rounding.h"
 #include "platform/Program.h"
 #include "platform/Twips.h"
 
@@ -31,7 +33,7 @@ void PENTOWINDOW::centreSurface(double width, double height) {
   surfaceLeft_ = (innerWidth() - width) / 2;
   surfaceTop_ = (innerHeight() - height) / 2;
   pctFore_->setPlace({surfaceLeft_ / unitX, surfaceTop_ / unitY},
-                     {Twips::nearest(width / unitX), Twips::nearest(height / unitY)});
+                     {nearest(width / unitX), nearest(height / unitY)});
 }
 
 void PENTOWINDOW::UserControl_Resize() {
@@ -47,8 +49,7 @@ void PENTOWINDOW::UserControl_Resize() {
                   s * grid_->Height() * Twips::perDevicePixelY(*this) + margin);
   }
   fResizing_ = false;
-  txtKey_->move(Twips::nearest(surfaceLeft_ / unit),
-                Twips::nearest((innerHeight() + kKeyBoxBelow) / unit));
+  txtKey_->move(nearest(surfaceLeft_ / unit), nearest((innerHeight() + kKeyBoxBelow) / unit));
   pctFore_Paint();
 }
 

@@ -2,6 +2,7 @@
 #include <cmath>
 
 #include "board/PENTOWINDOW.h"
+#include "drawing/Rounding.h"
 #include "pictures/HotSpots.h"
 #include "platform/Dialogs.h"
 #include "platform/Form.h"
@@ -20,7 +21,7 @@ constexpr double kCentredEnough = 2;  // pixels by which the grab point may miss
 constexpr int kLongestKeyText = 1000;
 
 std::int16_t nearest16(double value) {
-  return static_cast<std::int16_t>(Twips::nearest(value));
+  return static_cast<std::int16_t>(nearest(value));
 }
 
 /// Half of so many tiles, rounded: the centre of a piece along one side.
@@ -97,7 +98,7 @@ void PENTOWINDOW::hover(double x, double y) {
   if (fFloating_ || !grid_) return;
   const int s = atlas_.tileWidth();
   if (s == 0) return;
-  const bool overPiece = grid_->PentoID(Twips::nearest(x) / s, Twips::nearest(y) / s) >= 1;
+  const bool overPiece = grid_->PentoID(nearest(x) / s, nearest(y) / s) >= 1;
   if (cursor_ == CursorShape::Default && overPiece) showCursor(CursorShape::Hand);
   if (cursor_ == CursorShape::Hand && !overPiece) showCursor(CursorShape::Default);
 }
@@ -165,7 +166,7 @@ void PENTOWINDOW::pctFore_MouseDown(Button button, double x, double y) {
 
 void PENTOWINDOW::pickUp(double x, double y) {
   const int s = atlas_.tileWidth();
-  const int column = Twips::nearest(x) / s, row = Twips::nearest(y) / s;
+  const int column = nearest(x) / s, row = nearest(y) / s;
   if (grid_->PentoID(column, row) <= 0) return;
   PentoRef P = grid_->PentoAt(column, row);
   if (Float) Float(P);
@@ -183,8 +184,8 @@ void PENTOWINDOW::pickUp(double x, double y) {
 /// instead.
 void PENTOWINDOW::placeCursor(double x, double y) {
   const QPointF corner = pctFore_->screenCorner() * devicePixelRatioF();
-  basKelvoWinAPI::SetCursorPos(Twips::nearest(x + corner.x() + kBorderStep),
-                               Twips::nearest(y + corner.y() + kBorderStep), *this);
+  basKelvoWinAPI::SetCursorPos(nearest(x + corner.x() + kBorderStep),
+                               nearest(y + corner.y() + kBorderStep), *this);
 }
 
 bool PENTOWINDOW::easyModeAllows(const char* question) {
@@ -224,8 +225,8 @@ void PENTOWINDOW::txtKey_Change() {
 
 void PENTOWINDOW::layDown(double x, double y) {
   const int s = atlas_.tileWidth();
-  const int column = Twips::nearest(x - GrabX_ + s / 2.0) / s;
-  const int row = Twips::nearest(y - GrabY_ + s / 2.0) / s;
+  const int column = nearest(x - GrabX_ + s / 2.0) / s;
+  const int row = nearest(y - GrabY_ + s / 2.0) / s;
   if (!grid_->AddPento(FloatingPento_, column, row)) {
     raise(DropError);
     return;

@@ -1,7 +1,7 @@
 #include <stdexcept>
 
 #include "board/PENTOWINDOW.h"
-#include "platform/Twips.h"
+#include "drawing/Rounding.h"
 
 namespace {
 
@@ -25,8 +25,8 @@ PENTOWINDOW::PENTOWINDOW(QWidget* parent)
     : PointerSurface(parent),
       pctFore_(new PictureBox(this)),
       txtKey_(makeKeyBox(this)),
-      atlas_(Twips::nearest(kAtlasDesign.width() / kDesignUnit),
-             Twips::nearest(kAtlasDesign.height() / kDesignUnit)) {
+      atlas_(nearest(kAtlasDesign.width() / kDesignUnit),
+             nearest(kAtlasDesign.height() / kDesignUnit)) {
   pctFore_->setObjectName("pctFore");
   pctFore_->Paint = [this] { pctFore_Paint(); };
   pctFore_->MouseMove = [this](double x, double y) { pctFore_MouseMove(x, y); };

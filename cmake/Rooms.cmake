@@ -2,7 +2,6 @@
 
 add_library(quinzolith_flags INTERFACE)
 target_compile_features(quinzolith_flags INTERFACE cxx_std_20)
-target_include_directories(quinzolith_flags INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_definitions(quinzolith_flags INTERFACE
   QUINZOLITH_VERSION_MAJOR=${PROJECT_VERSION_MAJOR}
   QUINZOLITH_VERSION_MINOR=${PROJECT_VERSION_MINOR}
@@ -25,11 +24,39 @@ target_compile_options(quinzolith_warnings INTERFACE
   # GCC 12 sees overlapping copies in "text" + string at -O2 where there are none (its bug 105651).
   $<$<AND:$<CXX_COMPILER_ID:GNU>,$<VERSION_LESS:$<CXX_COMPILER_VERSION>,13>>:-Wno-restrict>)
 
-# quinzolith_room(NAME SOURCES ... [LINKS ...]): a static library named after its folder.
+# quinzolith_include_root(TARGET FOLDER): lets TARGET, and what links it, include "FOLDER/...". The root
+# is a folder in the build tree that holds one link, named like FOLDER, so it shows nothing else.
+function(quinzolith_include_root target folder)
+  set(root ${PROJECT_BINARY_DIR}/roots/${folder})
+  file(MAKE_DIRECTORY ${root})
+  file(CREATE_LINK ${PROJECT_SOURCE_DIR}/${folder} ${root}/${folder} SYMBOLIC)
+  target_include_directories(${target} PUBLIC ${root})
+endfunction()
+
+# quinzolith_room(NAME SOURCES ... [LINKS ...]): a static library named after its folder. Its link line
+# is the arrow: it sees what it links and what that links, and the compiler finds no other header.
 function(quinzolith_room name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
   add_library(${name} STATIC ${ARG_SOURCES})
   target_link_libraries(${name} PUBLIC quinzolith_flags ${ARG_LINKS} PRIVATE quinzolith_warnings)
+  quinzolith_include_root(${name} ${name})
+  set_property(GLOBAL APPEND PROPERTY QUINZOLITH_ROOMS ${name})
+  set_property(GLOBAL PROPERTY QUINZOLITH_LINKS_OF_${name} ${ARG_LINKS})
+endfunction()
+
+# quinzolith_seen(ROOM RESULT): the rooms to which link lines lead from a room.
+function(quinzolith_seen room result)
+  get_property(rooms GLOBAL PROPERTY QUINZOLITH_ROOMS)
+  get_property(links GLOBAL PROPERTY QUINZOLITH_LINKS_OF_${room})
+  set(seen)
+  foreach(link ${links})
+    if(link IN_LIST rooms)
+      quinzolith_seen(${link} further)
+      list(APPEND seen ${link} ${further})
+    endif()
+  endforeach()
+  list(REMOVE_DUPLICATES seen)
+  set(${result} ${seen} PARENT_SCOPE)
 endfunction()
 
 # quinzolith_program(NAME SOURCES ... [LINKS ...]): an executable that ships, built into the tree.
@@ -60,6 +87,7 @@ function(quinzolith_test name)
   endif()
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE quinzolith_flags quinzolith_warnings ${ARG_LINKS})
+  quinzolith_include_root(${name} tests)
   target_compile_definitions(${name} PRIVATE
     QUINZOLITH_SOURCE_DIR="${PROJECT_SOURCE_DIR}" QUINZOLITH_TREE="${QUINZOLITH_TREE}")
   add_test(NAME ${name} COMMAND ${name})

@@ -4,7 +4,7 @@
 #include <QStylePainter>
 #include <utility>
 
-#include "platform/Twips.h"
+#include "drawing/Rounding.h"
 
 namespace {
 
@@ -53,8 +53,8 @@ void PictureButton::paintEvent(QPaintEvent*) {
   const QImage& picture = pictureFor(ratio);
   const QPointF corner = QPointF(mapTo(window(), QPoint(0, 0))) * ratio;
   const QPointF middle = corner + QPointF(width(), height()) * ratio / 2;
-  QPoint at(Twips::nearest(middle.x() - picture.width() / 2.0),
-            Twips::nearest(middle.y() - picture.height() / 2.0));
+  QPoint at(nearest(middle.x() - picture.width() / 2.0),
+            nearest(middle.y() - picture.height() / 2.0));
   if (isDown()) at += QPoint(kSunken, kSunken);
   painter.scale(1 / ratio, 1 / ratio);  // from here on device pixels
   painter.drawImage(QPointF(at) - corner, picture);

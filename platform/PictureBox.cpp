@@ -4,7 +4,7 @@
 #include <QPainter>
 #include <cmath>
 
-#include "platform/Twips.h"
+#include "drawing/Rounding.h"
 
 namespace {
 
@@ -42,8 +42,8 @@ void PictureBox::fitPicture() {
 void PictureBox::layOut() {
   ratio_ = devicePixelRatioF();
   const QPointF parentCorner = deviceCorner(*parentWidget());
-  const QPointF corner(Twips::nearest(parentCorner.x() + wanted_.x()),
-                       Twips::nearest(parentCorner.y() + wanted_.y()));
+  const QPointF corner(nearest(parentCorner.x() + wanted_.x()),
+                       nearest(parentCorner.y() + wanted_.y()));
   const QPointF first = (corner - parentCorner) / ratio_;
   const QPointF last = first + QPointF(outer_.width(), outer_.height()) / ratio_;
   constexpr double slack = 1e-6;  // a whole number that division made a little larger

@@ -3,8 +3,8 @@
 #include <QPointer>
 #include <functional>
 
+#include "drawing/Surface.h"
 #include "platform/PointerSurface.h"
-#include "platform/Surface.h"
 
 /// A picture surface on the screen: pixels that stay as drawn, inside a border, at a whole device
 /// pixel of its window, so that it is sharp at every scale.

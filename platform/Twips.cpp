@@ -1,6 +1,6 @@
 #include "platform/Twips.h"
 
-#include <cmath>
+#include "drawing/Rounding.h"
 
 namespace Twips {
 
@@ -9,10 +9,6 @@ namespace {
 constexpr double kPerInch = 1440;
 
 }  // namespace
-
-int nearest(double value) {
-  return static_cast<int>(std::nearbyint(value));  // the default rounding mode: halves to even
-}
 
 double perPixel(const QWidget& widget) {
   return kPerInch / widget.logicalDpiX();

@@ -9,10 +9,6 @@
 /// an inch.
 namespace Twips {
 
-/// The nearest whole number, halves to the even neighbour. All rounding of the program happens
-/// here.
-int nearest(double value);
-
 /// Twips per logical pixel of the widget's screen: 15 at 96 dots per inch.
 double perPixel(const QWidget& widget);
 

@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <utility>
 
+#include "drawing/Rounding.h"
 #include "pictures/HotSpots.h"
 #include "platform/DensePicture.h"
 #include "platform/Form.h"
@@ -43,7 +44,7 @@ Option::Option(QWidget* parent, const QString& name, const QString& caption, con
 
 void Option::placePicture(double left, double top) {
   const double unit = Twips::perPixel(*this);
-  setGeometry(Twips::nearest(left / unit), Twips::nearest(top / unit), kSize, kSize);
+  setGeometry(nearest(left / unit), nearest(top / unit), kSize, kSize);
 }
 
 void Option::placeLabel(double left, double top, double width, double height) {
@@ -53,8 +54,8 @@ void Option::placeLabel(double left, double top, double width, double height) {
 void Option::centreLabel(double top) {
   label_->setWordWrap(false);
   const QSize size = label_->sizeHint() + QSize(2 * kLabelMargin, 0);
-  label_->setGeometry(x() + width() / 2 - size.width() / 2,
-                      Twips::nearest(top / Twips::perPixel(*this)), size.width(), size.height());
+  label_->setGeometry(x() + width() / 2 - size.width() / 2, nearest(top / Twips::perPixel(*this)),
+                      size.width(), size.height());
 }
 
 void Option::say(const QString& caption, const QString& hint) {

@@ -10,8 +10,8 @@
 #include "model/PENTOGRID.h"
 #include "platform/Dialogs.h"
 #include "platform/Form.h"
-#include "platform/TunePlayer.h"
 #include "play/PlayWindows.h"
+#include "sound/TunePlayer.h"
 
 /// The play window: the tray with the loose pieces on the left, the board with the puzzle on the
 /// right. It owns both grids, hands a carried piece from one control to the other, and notices when

@@ -6,9 +6,9 @@
 #include "platform/PendingEvents.h"
 #include "platform/Program.h"
 #include "platform/Settings.h"
-#include "platform/TunePlayer.h"
 #include "services/BooleanText.h"
 #include "services/basKelvoWinAPI.h"
+#include "sound/TunePlayer.h"
 
 namespace fs = std::filesystem;
 

@@ -2,10 +2,10 @@
 
 #include <cmath>
 
+#include "drawing/Rounding.h"
 #include "platform/Form.h"
 #include "platform/Pointer.h"
 #include "platform/Screen.h"
-#include "platform/Twips.h"
 
 namespace basKelvoWinAPI {
 
@@ -28,9 +28,9 @@ void SetCursorPos(int x, int y, const QWidget& context) {
 RECT GetWindowRect(const QWidget& widget) {
   const double ratio = widget.devicePixelRatioF();
   const QPointF corner = QPointF(widget.mapToGlobal(QPoint(0, 0))) * ratio;
-  const int left = Twips::nearest(corner.x()), top = Twips::nearest(corner.y());
-  return {left, top, left + Twips::nearest(widget.width() * ratio),
-          top + Twips::nearest(widget.height() * ratio)};
+  const int left = nearest(corner.x()), top = nearest(corner.y());
+  return {left, top, left + nearest(widget.width() * ratio),
+          top + nearest(widget.height() * ratio)};
 }
 
 QWidget* GetActiveWindow() {

@@ -4,7 +4,7 @@
 
 #include <QCoreApplication>
 
-#include "tour/Script.h"
+#include "script/Script.h"
 
 // After Qt's headers, since its macros would change them.
 #include <X11/Xlib.h>

@@ -1,5 +1,5 @@
 #include "tour/Hands.h"
-#include "tour/Script.h"
+#include "script/Script.h"
 
 #include <QListWidget>
 #include <QMenuBar>

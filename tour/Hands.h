@@ -4,11 +4,11 @@
 #include <functional>
 #include <vector>
 
-#include "Wiring.h"
 #include "catalogue/Catalogue.h"
 #include "model/PuzzleFormat.h"
 #include "platform/PictureBox.h"
 #include "tour/Robot.h"
+#include "wiring/Wiring.h"
 
 /// Playing with a Robot: finds the windows' controls on the screen and carries pieces to the places
 /// that a puzzle file names.

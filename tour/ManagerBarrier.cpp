@@ -3,7 +3,7 @@
 #include <QElapsedTimer>
 #include <QThread>
 
-#include "tour/Script.h"
+#include "script/Script.h"
 
 // After Qt's headers, since its macros would change them.
 #include <X11/Xatom.h>

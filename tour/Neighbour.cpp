@@ -1,6 +1,6 @@
 #include "tour/Neighbour.h"
 
-#include "tour/Script.h"
+#include "script/Script.h"
 
 // After Qt's headers, since its macros would change them.
 #include <X11/Xlib.h>

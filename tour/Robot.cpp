@@ -6,7 +6,7 @@
 #include <QThread>
 #include <cmath>
 
-#include "tour/Script.h"
+#include "script/Script.h"
 
 // After Qt's headers, since its macros would change them.
 #include <X11/Xlib.h>

@@ -5,8 +5,8 @@
 
 #include "model/basTiles.h"
 #include "platform/Program.h"
+#include "script/Script.h"
 #include "services/basKelvoMusic.h"
-#include "tour/Script.h"
 
 namespace {
 

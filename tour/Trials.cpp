@@ -5,9 +5,9 @@
 #include <optional>
 
 #include "platform/PictureBox.h"
+#include "script/Script.h"
 #include "services/basKelvoMusic.h"
 #include "tour/Neighbour.h"
-#include "tour/Script.h"
 
 namespace {
 

@@ -11,10 +11,10 @@
 #include "platform/PendingEvents.h"
 #include "platform/Program.h"
 #include "platform/Settings.h"
-#include "platform/SoundDevice.h"
+#include "script/Script.h"
+#include "sound/SoundDevice.h"
 #include "tour/DisplayErrors.h"
 #include "tour/Hands.h"
-#include "tour/Script.h"
 #include "tour/Soak.h"
 
 namespace {

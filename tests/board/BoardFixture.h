@@ -12,7 +12,7 @@
 #include "board/PENTOWINDOW.h"
 #include "platform/Pointer.h"
 #include "platform/Twips.h"
-#include "tests/board/TestAtlas.h"
+#include "tests/drawing/TestAtlas.h"
 #include "tests/model/Pieces.h"
 
 /// Two board controls side by side in an active window, wired as a play window wires them: a board

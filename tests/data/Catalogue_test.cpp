@@ -9,11 +9,11 @@
 #include <set>
 #include <sstream>
 
+#include "drafts/Drawing.h"
 #include "model/PuzzleFormat.h"
 #include "solver/Solver.h"
+#include "tests/files/FileBytes.h"
 #include "tests/model/BareTarget.h"
-#include "tests/platform/FileBytes.h"
-#include "tools/puzzle/Drawing.h"
 
 namespace {
 

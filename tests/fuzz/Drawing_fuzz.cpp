@@ -2,10 +2,10 @@
 // and what it shows is a drawing that it shows again in the same way.
 #include <sstream>
 
+#include "drafts/Drawing.h"
+#include "drafts/PuzzleFile.h"
 #include "tests/fuzz/Claims.h"
-#include "tools/puzzle/CommandLine.h"
-#include "tools/puzzle/Drawing.h"
-#include "tools/puzzle/PuzzleFile.h"
+#include "tool/CommandLine.h"
 
 namespace {
 

@@ -2,15 +2,15 @@
 // agree on what a file holds, and what is sound comes back from a save as it was.
 #include <sstream>
 
+#include "drafts/Drawing.h"
+#include "drafts/PuzzleFile.h"
 #include "model/PuzzleFormat.h"
 #include "model/basTiles.h"
 #include "tests/fuzz/Claims.h"
 #include "tests/model/BareTarget.h"
 #include "tests/model/GridCheck.h"
 #include "tests/model/MemoryStore.h"
-#include "tools/puzzle/CommandLine.h"
-#include "tools/puzzle/Drawing.h"
-#include "tools/puzzle/PuzzleFile.h"
+#include "tool/CommandLine.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 #include <QTemporaryDir>
 
 #include "edit/KSRecent.h"
+#include "files/SafeFile.h"
 #include "model/basTiles.h"
-#include "platform/SafeFile.h"
 #include "platform/Settings.h"
 #include "services/BooleanText.h"
 #include "tests/fuzz/Claims.h"

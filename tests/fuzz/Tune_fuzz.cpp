@@ -1,5 +1,5 @@
 // Feeds damaged MIDI files to the one who tells how long they play: an hour at most.
-#include "platform/TuneFile.h"
+#include "sound/TuneFile.h"
 #include "tests/fuzz/Claims.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

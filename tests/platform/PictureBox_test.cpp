@@ -5,7 +5,7 @@
 
 #include <QtTest/QTest>
 
-#include "platform/Twips.h"
+#include "drawing/Rounding.h"
 
 namespace {
 
@@ -37,8 +37,7 @@ class PictureBoxTest : public ::testing::Test {
 
   /// Where the box's outer corner stands in the window, device pixels.
   QPoint corner(const QPointF& place) const {
-    return {Twips::nearest(kParent.x() * ratio_ + place.x()),
-            Twips::nearest(kParent.y() * ratio_ + place.y())};
+    return {nearest(kParent.x() * ratio_ + place.x()), nearest(kParent.y() * ratio_ + place.y())};
   }
 
   void expectPattern(const QPoint& outer) {
@@ -81,7 +80,7 @@ TEST_F(PictureBoxTest, ItStaysSharpWhenItsParentHasMoved) {
   parent_.move(kParent + QPoint(1, 2));
   box_.layOut();
   const QPointF moved = QPointF(kParent + QPoint(1, 2)) * ratio_ + QPointF(20, 10);
-  expectPattern(QPoint(Twips::nearest(moved.x()), Twips::nearest(moved.y())));
+  expectPattern(QPoint(nearest(moved.x()), nearest(moved.y())));
 }
 
 TEST_F(PictureBoxTest, PositionsStartInsideTheBorderInDevicePixels) {

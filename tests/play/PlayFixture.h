@@ -12,7 +12,6 @@
 #include <QtTest/QTest>
 #include <memory>
 
-#include "Wiring.h"
 #include "catalogue/Catalogue.h"
 #include "model/PuzzleFormat.h"
 #include "model/basTiles.h"
@@ -21,9 +20,10 @@
 #include "platform/Screen.h"
 #include "platform/Settings.h"
 #include "play/basStartup.h"
+#include "script/Script.h"
+#include "tests/files/FileBytes.h"
 #include "tests/model/Pieces.h"
-#include "tests/platform/FileBytes.h"
-#include "tour/Script.h"
+#include "wiring/Wiring.h"
 
 namespace fs = std::filesystem;
 

@@ -12,9 +12,9 @@
 #include "platform/PendingEvents.h"
 #include "platform/Program.h"
 #include "platform/Settings.h"
-#include "platform/Synthesizer.h"
-#include "platform/TunePlayer.h"
-#include "tests/platform/FileBytes.h"
+#include "sound/Synthesizer.h"
+#include "sound/TunePlayer.h"
+#include "tests/files/FileBytes.h"
 
 namespace fs = std::filesystem;
 namespace music = basKelvoMusic;

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "BruteForce.h"
+#include "tests/solver/BruteForce.h"
 
 namespace {
 

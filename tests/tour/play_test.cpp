@@ -11,8 +11,8 @@
 #include "platform/Program.h"
 #include "platform/Settings.h"
 #include "play/basStartup.h"
+#include "script/Script.h"
 #include "tour/Hands.h"
-#include "tour/Script.h"
 
 namespace {
 

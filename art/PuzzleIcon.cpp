@@ -1,0 +1,164 @@
+#include <algorithm>
+#include <cmath>
+#include <fstream>
+#include <iterator>
+#include <map>
+
+#include "art/Color.h"
+#include "art/Drawings.h"
+#include "art/Materials.h"
+#include "art/PuzzleIcons.h"
+#include "art/Shape.h"
+#include "catalogue/Catalogue.h"
+#include "drafts/Drawing.h"
+
+namespace pictures {
+namespace {
+
+constexpr QRgb kMask = qRgb(192, 192, 192);
+constexpr int kEdge = 32;
+
+/// An icon's colours: one above and one below a height, which is a part of the shape's own.
+struct Tint {
+  Lab upper, lower;
+  double border = 1;
+};
+
+Tint plain(const Lab& color) {
+  return {color, color, 1};
+}
+
+Tint tintOf(const std::string& iconKey) {
+  static const std::map<std::string, Tint> tints{
+      {"bluecircle", plain(lch(48, 58, 275))},
+      {"critter", plain(lch(62, 58, 130))},
+      {"ten", plain(lch(60, 62, 50))},
+      {"plus", plain(lch(50, 66, 28))},
+      {"smile", plain(lch(84, 70, 88))},
+      {"coffee", plain(lch(42, 34, 58))},
+      {"tinytriangle", plain(lch(62, 38, 190))},
+      {"tinybox", plain(lch(48, 48, 310))},
+      {"donut", plain(lch(65, 42, 0))},
+      {"triangle", plain(lch(68, 60, 65))},
+      {"smallbox", plain(lch(56, 44, 165))},
+      {"arrow", plain(lch(52, 52, 265))},
+      {"q", plain(lch(46, 56, 300))},
+      {"o", plain(lch(52, 52, 345))},
+      {"largebox", plain(lch(55, 42, 62))},
+      {"face", plain(lch(72, 36, 62))},
+      {"rocket", plain(lch(50, 60, 30))},
+      {"eight", plain(lch(36, 12, 280))},
+      {"largetriangle", plain(lch(56, 50, 145))},
+      {"square", plain(lch(58, 36, 245))},
+      {"plane", plain(lch(66, 30, 240))},
+      {"question", plain(lch(46, 60, 20))},
+      {"christmas", {lch(48, 46, 150), lch(38, 34, 55), 0.86}},
+      {"house", {lch(45, 52, 32), lch(80, 22, 85), 0.4}},
+      {"pento", plain(lch(46, 52, 290))}};
+  const auto found = tints.find(iconKey);
+  if (found != tints.end()) return found->second;
+  if (iconKey.starts_with("pento"))
+    return plain(meanColor(std::stoi(iconKey.substr(5)) - 1));  // "pento01" is of type 0
+  return plain(lch(52, 50, 265));
+}
+
+/// The cells of a puzzle's drawing.
+Cells drawnIn(const std::filesystem::path& file) {
+  std::ifstream in(file, std::ios::binary);
+  const std::string text{std::istreambuf_iterator<char>(in), {}};
+  Cells cells;
+  for (const Cell cell : puzzle::readDrawing(text).shape.cells())
+    cells.emplace_back(cell.x, cell.y);
+  return cells;
+}
+
+Cells shapeOf(const std::string& iconKey, const std::filesystem::path& puzzles) {
+  const auto& entries = iconEntries();
+  const auto entry = std::find_if(entries.begin(), entries.end(),
+                                  [&](const IconEntry& e) { return e.icon == iconKey; });
+  if (entry->puzzle.empty()) return cellsOf({".##", "##.", ".#."}, '#');
+  return drawnIn(puzzles / (entry->puzzle + ".txt"));
+}
+
+/// A shape on an icon's pixels, and how each of them is lit. Edges are hard, for the mask.
+class Relief {
+ public:
+  Relief(const Cells& cells, int scale)
+      : cells_(cells), box_(bounds(cells)), line_(scale), edge_(kEdge * scale) {
+    constexpr int kLargestCell = 9;
+    cell_ =
+        std::min(kLargestCell * scale, (edge_ - 2 * line_) / std::max(box_.width(), box_.height()));
+    origin_ = QPoint(edge_ - cell_ * box_.width(), edge_ - cell_ * box_.height()) / 2;
+  }
+
+  int edge() const { return edge_; }
+
+  bool inside(int x, int y) const {
+    if (x < origin_.x() || y < origin_.y()) return false;
+    const QPoint at((x - origin_.x()) / cell_ + box_.left(),
+                    (y - origin_.y()) / cell_ + box_.top());
+    return std::find(cells_.begin(), cells_.end(), at) != cells_.end();
+  }
+
+  bool onContour(int x, int y) const {
+    const int reach = line_ * line_ + line_ / 2;
+    for (int dy = -line_; dy <= line_; ++dy)
+      for (int dx = -line_; dx <= line_; ++dx)
+        if (dx * dx + dy * dy <= reach && inside(x + dx, y + dy)) return true;
+    return false;
+  }
+
+  /// How much lighter than the plain colour, in L.
+  double lightAt(int x, int y) const {
+    if (!inside(x, y - line_) || !inside(x - line_, y)) return 14;
+    if (!inside(x, y + line_) || !inside(x + line_, y)) return -13;
+    const bool onGrid = (x - origin_.x()) % cell_ < line_ || (y - origin_.y()) % cell_ < line_;
+    return cell_ >= 4 * line_ && onGrid ? -6 : 0;
+  }
+
+  /// 0 at the shape's top, 1 at its bottom.
+  double heightAt(int y) const {
+    return static_cast<double>(y - origin_.y()) / (cell_ * box_.height());
+  }
+
+ private:
+  Cells cells_;
+  QRect box_;
+  int line_, edge_, cell_ = 1;
+  QPoint origin_;
+};
+
+}  // namespace
+
+const std::vector<IconEntry>& iconEntries() {
+  static const std::vector<IconEntry> entries = [] {
+    std::vector<IconEntry> all;
+    for (const Catalogue::Entry& entry : Catalogue::entries())
+      all.push_back({std::string(entry.icon), std::string(entry.key)});
+    all.push_back({"pento", ""});
+    return all;
+  }();
+  return entries;
+}
+
+QImage puzzleIcon(const std::string& iconKey, const std::filesystem::path& puzzles, int scale) {
+  const Relief relief(shapeOf(iconKey, puzzles), scale);
+  const Tint tint = tintOf(iconKey);
+  QImage picture(relief.edge(), relief.edge(), QImage::Format_RGB32);
+  picture.fill(kMask);
+  for (int y = 0; y < relief.edge(); ++y) {
+    const double height = relief.heightAt(y);
+    const Lab color = height < tint.border ? tint.upper : tint.lower;
+    for (int x = 0; x < relief.edge(); ++x) {
+      if (relief.inside(x, y)) {
+        picture.setPixel(x, y, toRgb(color + Lab{relief.lightAt(x, y) + 5 - 10 * height, 0, 0}));
+      } else if (relief.onContour(x, y)) {
+        picture.setPixel(x, y,
+                         toRgb({std::min(color.L * 0.35, 24.0), color.a * 0.4, color.b * 0.4}));
+      }
+    }
+  }
+  return picture;
+}
+
+}  // namespace pictures

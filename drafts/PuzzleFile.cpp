@@ -1,0 +1,153 @@
+#include "drafts/PuzzleFile.h"
+
+#include <algorithm>
+
+#include "drafts/Refusal.h"
+
+namespace puzzle {
+
+namespace {
+
+constexpr PuzzleFormat::Version kVersion{QUINZOLITH_VERSION_MAJOR, QUINZOLITH_VERSION_MINOR,
+                                         QUINZOLITH_VERSION_REVISION};
+
+bool isSoundRecord(const PuzzleFormat::PieceRecord& record) {
+  return record.type >= 0 && record.type < PENTO::kTypes && record.rotations >= 0 &&
+         record.rotations < 4 && (record.flips == 0 || record.flips == 1);
+}
+
+/// Collects what is wrong with the pieces and marks the cells that they cover.
+void checkPiece(const PuzzleFormat::PieceRecord& record, std::size_t number, Shape& covered,
+                std::vector<std::string>& problems) {
+  const std::string name = "Piece " + std::to_string(number);
+  if (!isSoundRecord(record)) {
+    problems.push_back(name + " has an unknown type or orientation.");
+    return;
+  }
+  const std::string piece = name + " (" + pentominoLetter(record.type) + ")";
+  bool overlaps = false, outside = false;
+  for (const Cell cell :
+       cellsOf({record.type, record.x, record.y, record.rotations, record.flips})) {
+    const bool inArea = cell.x >= 1 && cell.x <= kArea && cell.y >= 1 && cell.y <= kArea;
+    outside = outside || !inArea;
+    overlaps = overlaps || covered.contains(cell);
+    if (inArea) covered.set(cell);
+  }
+  if (outside) problems.push_back(piece + " reaches out of the playing area.");
+  if (overlaps) problems.push_back(piece + " overlaps an earlier piece.");
+}
+
+void checkFlags(const PuzzleFile& file, const Shape& covered, std::vector<std::string>& problems) {
+  if (std::ranges::any_of(file.flags, [](int flag) { return flag != 0 && flag != -1; }))
+    problems.push_back("A cell has a flag other than 0 and -1.");
+  const Shape shape = file.shape();
+  int disagreeing = 0;
+  for (int x = 0; x < kBoard; ++x)
+    for (int y = 0; y < kBoard; ++y)
+      disagreeing += shape.contains({x, y}) != covered.contains({x, y});
+  if (disagreeing > 0)
+    problems.push_back("The cells and the pieces disagree at " + std::to_string(disagreeing) +
+                       (disagreeing == 1 ? " place." : " places."));
+}
+
+std::vector<std::string> problemsOf(const PuzzleFile& file) {
+  std::vector<std::string> problems;
+  if (file.lockFlag != PuzzleFormat::kLocked && file.lockFlag != PuzzleFormat::kUnlocked)
+    problems.push_back("The lock flag is neither U nor L.");
+  if (file.pieces.empty()) problems.push_back("The puzzle has no pieces.");
+  if (file.pieces.size() > kMostPieces)
+    problems.push_back("The puzzle has " + std::to_string(file.pieces.size()) +
+                       " pieces; it may have at most " + std::to_string(kMostPieces) + ".");
+  Shape covered(kBoard, kBoard);
+  for (std::size_t i = 0; i < file.pieces.size(); ++i)
+    checkPiece(file.pieces[i], i + 1, covered, problems);
+  checkFlags(file, covered, problems);
+  return problems;
+}
+
+}  // namespace
+
+Shape PuzzleFile::shape() const {
+  Shape shape(kBoard, kBoard);
+  for (int x = 0; x < kBoard; ++x)
+    for (int y = 0; y < kBoard; ++y)
+      if (flags.at(static_cast<std::size_t>(x * kBoard + y)) == 0) shape.set({x, y});
+  return shape;
+}
+
+Solution PuzzleFile::solution() const {
+  Solution solution;
+  for (const auto& record : pieces)
+    solution.push_back({record.type, record.x, record.y, record.rotations, record.flips});
+  return solution;
+}
+
+bool isPuzzleFile(std::string_view bytes) {
+  return bytes.starts_with(PuzzleFormat::kSignature);
+}
+
+PuzzleFile readPuzzleFile(std::string_view bytes) {
+  PuzzleFormat::Reader reader(bytes);
+  if (reader.text(PuzzleFormat::kSignature.size()) != PuzzleFormat::kSignature)
+    throw Refusal("This is no Quinzolith puzzle file: its first 26 bytes are not the signature.");
+  PuzzleFile file;
+  file.version.major = reader.int32();
+  file.version.minor = reader.int32();
+  file.version.revision = reader.int32();
+  file.lockFlag = reader.text(1).front();
+  for (int i = 0; i < kBoard * kBoard; ++i) file.flags.push_back(reader.int16());
+  const std::int32_t count = reader.int32();
+  if (count < 0 || count > PuzzleFormat::kMostPieces)
+    throw Refusal("The file names an impossible number of pieces: " + std::to_string(count) + ".");
+  for (std::int32_t i = 0; i < count; ++i) file.pieces.push_back(reader.piece());
+  return file;
+}
+
+std::vector<std::string> problemsOf(std::string_view bytes) {
+  try {
+    return problemsOf(readPuzzleFile(bytes));
+  } catch (const std::runtime_error& error) {
+    return {error.what()};
+  }
+}
+
+std::string makePuzzleFile(Solution solution, char lockFlag) {
+  Shape box(kBoard, kBoard);
+  int right = 0, bottom = 0, left = kBoard * kBoard, top = left;
+  for (const Placement& placement : solution)
+    for (const Cell cell : cellsOf(placement)) {
+      left = std::min(left, cell.x);
+      top = std::min(top, cell.y);
+      right = std::max(right, cell.x);
+      bottom = std::max(bottom, cell.y);
+    }
+  const int width = right - left + 1, height = bottom - top + 1;
+  if (width > kArea || height > kArea)
+    throw Refusal("The shape is " + std::to_string(width) + " x " + std::to_string(height) +
+                  " cells; the area has room for 12 x 12.");
+  for (Placement& placement : solution) {
+    placement.x += 1 + (kArea - width) / 2 - left;
+    placement.y += 1 + (kArea - height) / 2 - top;
+    for (const Cell cell : cellsOf(placement)) box.set(cell);
+  }
+  return PuzzleFormat::write(boardWith(box, solution), kVersion, lockFlag);
+}
+
+PENTOGRID boardWith(const Shape& shape, const Solution& solution) {
+  PENTOGRID grid;
+  grid.SetGridSize(static_cast<std::int16_t>(shape.width()),
+                   static_cast<std::int16_t>(shape.height()));
+  for (int x = 0; x < shape.width(); ++x)
+    for (int y = 0; y < shape.height(); ++y)
+      if (!shape.contains({x, y})) grid.SetGridBackground(x, y);
+  for (const Placement& placement : solution) {
+    const auto piece = std::make_shared<PENTO>();
+    piece->PentoType(static_cast<std::int16_t>(placement.type));
+    for (int i = 0; i < placement.rotations; ++i) piece->Rotate();
+    for (int i = 0; i < placement.flips; ++i) piece->Flip();
+    grid.AddPento(piece, placement.x, placement.y);
+  }
+  return grid;
+}
+
+}  // namespace puzzle

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+
+#include "sound/Synthesizer.h"
+
+/// Opens the machine's sound device and lets the synthesizer sound on it, from a thread of
+/// FluidSynth's own, until the result is destroyed: PulseAudio, which PipeWire answers for too,
+/// else ALSA; where the system has neither, whatever FluidSynth was made for. Null if there is
+/// none. May take a while: not for the user-interface thread. Prints nothing.
+Fluid<fluid_audio_driver_t> openSoundDevice(const Synthesizer& synthesizer);
+
+/// Writes the sound to this file instead, as raw 16-bit stereo at 44100 Hz, in the time it would
+/// take to hear it: for tests. Empty: the device again. Set it while no tune plays.
+void useSoundFile(const std::string& file);

@@ -1,0 +1,110 @@
+#pragma once
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <filesystem>
+#include <functional>
+#include <set>
+#include <string>
+
+#include "files/SafeFile.h"
+#include "tests/files/FileBytes.h"
+
+/// The system's own disk calls, counted, small in their transfers, and with a hook in front. The
+/// system's own are back when it goes.
+class TestDisk {
+ public:
+  /// Called before each call with its number (from 1) and name ("create" for the opening that makes
+  /// a new file); an error number makes it fail.
+  std::function<int(int number, const std::string& name)> before;
+  int calls = 0;
+
+  TestDisk() {
+    DiskCalls& disk = SafeFile::disk;
+    disk.read = [](int file, void* to, std::size_t size) {
+      return DiskCalls{}.read(file, to, std::min<std::size_t>(size, 200));
+    };
+    disk.write = [](int file, const void* from, std::size_t size, off_t offset) {
+      return DiskCalls{}.write(file, from, std::min<std::size_t>(size, 150), offset);
+    };
+    disk.open = [this](const char* file, int flags, mode_t mode) {
+      const bool allowed = allows((flags & O_EXCL) != 0 ? "create" : "open");
+      return allowed ? DiskCalls{}.open(file, flags, mode) : -1;
+    };
+    count(disk.close, "close");
+    count(disk.read, "read");
+    count(disk.write, "write");
+    count(disk.sync, "sync");
+    count(disk.truncate, "truncate");
+    count(disk.setMode, "setMode");
+    count(disk.setOwner, "setOwner");
+    count(disk.statusOfOpen, "statusOfOpen");
+    count(disk.status, "status");
+    count(disk.statusOfLink, "statusOfLink");
+    count(disk.readLink, "readLink");
+    count(disk.mayAccess, "mayAccess");
+    count(disk.rename, "rename");
+    count(disk.remove, "remove");
+  }
+  TestDisk(const TestDisk&) = delete;
+  TestDisk& operator=(const TestDisk&) = delete;
+  ~TestDisk() { SafeFile::disk = DiskCalls{}; }
+
+ private:
+  bool allows(const std::string& name) {
+    ++calls;
+    const int error = before ? before(calls, name) : 0;
+    if (error != 0) errno = error;
+    return error == 0;
+  }
+
+  template <typename Result, typename... Arguments>
+  void count(std::function<Result(Arguments...)>& call, const std::string& name) {
+    call = [this, name, real = call](Arguments... arguments) -> Result {
+      if (allows(name)) return real(arguments...);
+      const int error = errno;
+      if (name == "close") real(arguments...);  // as the system does: closed, whatever it says
+      errno = error;
+      return -1;
+    };
+  }
+};
+
+/// A folder of its own for a test, empty at the start.
+class TestFolder {
+ public:
+  explicit TestFolder(const std::string& name)
+      : path(std::filesystem::temp_directory_path() /
+             ("quinzolith-" + name + "-" + std::to_string(::getpid()))) {
+    std::filesystem::remove_all(path);
+    std::filesystem::create_directories(path);
+  }
+  TestFolder(const TestFolder&) = delete;
+  TestFolder& operator=(const TestFolder&) = delete;
+  ~TestFolder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path, ignored);
+  }
+
+  std::set<std::string> names() const {
+    std::set<std::string> result;
+    for (const auto& entry : std::filesystem::directory_iterator(path))
+      result.insert(entry.path().filename().string());
+    return result;
+  }
+
+  const std::filesystem::path path;
+};
+
+/// The words of the exception that `action` throws; empty when it throws none.
+inline std::string reasonOf(const std::function<void()>& action) {
+  try {
+    action();
+  } catch (const std::exception& error) {
+    return error.what();
+  }
+  return {};
+}

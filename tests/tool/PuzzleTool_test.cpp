@@ -1,0 +1,213 @@
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <sstream>
+
+#include "drafts/Drawing.h"
+#include "drafts/PuzzleFile.h"
+#include "solver/Placement.h"
+#include "tests/files/FileBytes.h"
+#include "tool/Board.h"
+#include "tool/CommandLine.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr const char* kHolder = "title: Holder\npieces: LPWY\n\n#####\n#####\n#####\n#####\n";
+
+/// Runs the tool in-process, its files in a folder of the test's own.
+class PuzzleTool : public testing::Test {
+ protected:
+  void SetUp() override { fs::create_directories(folder_); }
+  void TearDown() override { fs::remove_all(folder_); }
+
+  int run(const std::vector<std::string>& words, const std::string& input = {}) {
+    std::istringstream in(input);
+    std::ostringstream out, err;
+    puzzle::Surroundings surroundings{in, out, err, QUINZOLITH_SOURCE_DIR};
+    const int result = puzzle::run(words, surroundings);
+    out_ = out.str();
+    err_ = err.str();
+    return result;
+  }
+  std::string path(const std::string& name) const { return (folder_ / name).string(); }
+  /// A sound puzzle file of the 6 x 10 box.
+  std::string soundFile() {
+    std::string drawing = "\n";
+    for (int row = 0; row < 6; ++row) drawing += "##########\n";
+    EXPECT_EQ(run({"make", "-", path("sound.qzl")}, drawing), puzzle::kDone) << err_;
+    return bytesOf(path("sound.qzl"));
+  }
+
+  fs::path folder_ =
+      fs::temp_directory_path() /
+      (std::string("puzzle-tool-") + testing::UnitTest::GetInstance()->current_test_info()->name());
+  std::string out_, err_;
+};
+
+}  // namespace
+
+TEST_F(PuzzleTool, MakesAFileThatIsSoundCentredAndUnlocked) {
+  const std::string bytes = soundFile();
+  EXPECT_EQ(bytes.size(), 435u + 120u);
+  const puzzle::PuzzleFile file = puzzle::readPuzzleFile(bytes);
+  EXPECT_EQ(file.lockFlag, 'U');
+  EXPECT_EQ(file.version.revision, QUINZOLITH_VERSION_REVISION);
+  EXPECT_EQ(file.shape().trimmed(), Shape::rectangle(10, 6));
+  EXPECT_TRUE(file.shape().contains({2, 4}));   // 12 - 10 = 2 free columns, one each side
+  EXPECT_TRUE(file.shape().contains({11, 9}));  // 12 - 6 = 6 free rows, three each side
+  EXPECT_EQ(puzzle::piecesOf(file.solution()), PieceSet::ofEach(1));
+  EXPECT_EQ(run({"check", path("sound.qzl")}), puzzle::kDone);
+  EXPECT_EQ(out_, "");
+  EXPECT_EQ(run({"make", "--locked", "-", "-"}, "#####\n"), puzzle::kDone);
+  EXPECT_EQ(puzzle::readPuzzleFile(out_).lockFlag, 'L');
+}
+
+TEST_F(PuzzleTool, WritesThroughLinksAndLeavesNothingBesideWhatItCannotWrite) {
+  // Seen: a device or a link gave its name up to a new file, and a full disk kept half of one.
+  fs::create_symlink("/dev/full", path("full"));
+  fs::create_symlink(path("real.qzl"), path("link.qzl"));
+  fs::create_directory(path("folder"));
+  for (const char* name : {"full", "folder"}) {
+    EXPECT_EQ(run({"make", "-", path(name)}, kHolder), puzzle::kNo);
+    EXPECT_NE(err_.find(path(name) + ": The file cannot be written."), std::string::npos) << err_;
+  }
+  EXPECT_EQ(run({"make", "-", path("link.qzl")}, kHolder), puzzle::kDone) << err_;
+  EXPECT_EQ(run({"check", path("real.qzl")}), puzzle::kDone) << out_;
+  EXPECT_TRUE(fs::is_symlink(path("full")) && fs::is_symlink(path("link.qzl")));
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder_), {}), 4);
+}
+
+TEST_F(PuzzleTool, KeepsToTheLettersOfADrawing) {
+  const std::string drawing = "pieces: FIILPPX\n\nPPPPP\nPPPPP\nIIIII\nIIIII\n";
+  ASSERT_EQ(run({"make", "-", path("letters.qzl")}, drawing), puzzle::kDone) << err_;
+  ASSERT_EQ(run({"show", path("letters.qzl")}), puzzle::kDone);
+  EXPECT_EQ(out_, "pieces: IIPP\n\nPPPPP\nPPPPP\nIIIII\nIIIII\n");
+  const std::string shown = out_;
+  ASSERT_EQ(run({"show", "-"}, shown), puzzle::kDone) << "what show draws is a drawing";
+  EXPECT_EQ(out_, shown);
+  ASSERT_EQ(run({"solve", "-"}, "pieces: IL\n\n#####\nIIIII\n"), puzzle::kNo);
+  ASSERT_EQ(run({"show", "--json", path("letters.qzl")}), puzzle::kDone);
+  EXPECT_NE(out_.find("{\"letter\": \"I\", \"x\": 4, \"y\": 7, \"rotations\": 0"),
+            std::string::npos)
+      << out_;
+}
+
+TEST_F(PuzzleTool, SaysWhyAShapeIsNoPuzzle) {
+  const std::string sixty(60, '#');
+  for (const auto& [drawing, reason] : std::vector<std::pair<std::string, std::string>>{
+           {"####\n", "4 cells"},
+           {"#?###\n", "column 2"},
+           {"\n\n", "no cells"},
+           {"pieces: X\n\n#####\n", "pieces X"},
+           {"pieces: XB\n\n#####\n", "'B'"},
+           {sixty + "\n" + sixty, "24 pieces"},
+           {"LLLL........\nL...\n" + std::string(13, '\n') + "#####\n", "12 x 12"}}) {
+    EXPECT_EQ(run({"make", "-", path("none.qzl")}, drawing), puzzle::kNo);
+    EXPECT_FALSE(fs::exists(path("none.qzl")));
+    EXPECT_NE(err_.find(reason), std::string::npos) << err_;
+  }
+}
+
+TEST_F(PuzzleTool, FindsEachKindOfDamage) {
+  const std::string sound = soundFile();
+  struct Damage {
+    std::size_t offset;
+    std::string bytes;
+    const char* problem;
+  };
+  for (const Damage& damage : {Damage{0, "q", "signature"},
+                               {38, "u", "lock flag"},
+                               {39, std::string(1, '\0'), "other than 0"},
+                               {434, "\1", "impossible number"},
+                               {431, "\13", "disagree"},
+                               {435, "\14", "unknown type"},
+                               {438, "\177", "out of the playing area"},
+                               {435, sound.substr(445, 10), "overlaps"}}) {
+    std::string bytes = sound;
+    bytes.replace(damage.offset, damage.bytes.size(), damage.bytes);
+    EXPECT_EQ(run({"check", "-"}, bytes), puzzle::kNo) << damage.problem;
+    EXPECT_NE(out_.find(damage.problem), std::string::npos) << out_;
+  }
+  for (std::size_t length = 0; length < sound.size(); ++length)
+    ASSERT_EQ(run({"check", "-"}, sound.substr(0, length)), puzzle::kNo) << length;
+}
+
+TEST_F(PuzzleTool, SolvesAndCounts) {
+  const std::string row = std::string(20, '#') + "\n", narrow = row + row + row;
+  EXPECT_EQ(run({"solve", "--count", "--up-to-symmetry", "-"}, narrow), puzzle::kDone);
+  EXPECT_TRUE(out_.starts_with("2 solutions, ")) << out_;
+  ASSERT_EQ(run({"solve", "-"}, kHolder), puzzle::kDone) << err_;
+  EXPECT_EQ(puzzle::readDrawing(out_).headers.at("pieces"), "LPWY");
+  EXPECT_EQ(run({"solve", "--pieces=XXXX", "-"}, kHolder), puzzle::kNo);
+  EXPECT_EQ(run({"prove", "-"}, "pieces: all\n\n" + narrow), puzzle::kDone);
+  EXPECT_NE(out_.find("| - | 12 FILNPTUVWXYZ | 2 |"), std::string::npos) << out_;
+}
+
+TEST_F(PuzzleTool, GeneratesWhatIsAskedForAndRepeatsASeed) {
+  const std::vector<std::string> words{"generate",  "--number=5", "--unique", "--symmetric",
+                                       "--width=7", "--height=6", "--seed=3"};
+  ASSERT_EQ(run(words), puzzle::kDone) << err_;
+  const std::string first = out_;
+  const puzzle::Drawing drawing = puzzle::readDrawing(first);
+  EXPECT_EQ(drawing.shape.area(), 25);
+  const Shape shape = drawing.shape.trimmed();
+  EXPECT_EQ(shape.transformed({0, true}), shape);
+  EXPECT_LE(shape.width(), 7);
+  EXPECT_LE(shape.height(), 6);
+  EXPECT_EQ(run({"solve", "--count", "--up-to-symmetry", "-"}, first), puzzle::kDone);
+  EXPECT_TRUE(out_.starts_with("1 solutions")) << out_;
+  ASSERT_EQ(run(words), puzzle::kDone);
+  EXPECT_EQ(out_, first);
+  EXPECT_EQ(run({"generate", "--number=15", "--width=5"}), puzzle::kWrongUse);
+}
+
+TEST_F(PuzzleTool, PaintsTexturesAndWhiteLines) {
+  ASSERT_EQ(run({"render", "--tile=64", "-", path("board.png")}, "IIIII\nPPPPP\nPPPPP\n"),
+            puzzle::kDone)
+      << err_;
+  const QImage image(QString::fromStdString(path("board.png")));
+  ASSERT_EQ(image.size(), QSize(5 * 64, 3 * 64));
+  const QImage atlas(
+      QString::fromStdString(std::string(QUINZOLITH_SOURCE_DIR) + "/tiles/tiles.jpg"));
+  EXPECT_EQ(image.pixelColor(10, 20), atlas.pixelColor(64 + 10, 20));                     // I is 1
+  EXPECT_EQ(image.pixelColor(4 * 64 + 9, 2 * 64 + 9), atlas.pixelColor(64 + 9, 64 + 9));  // P is 5
+  EXPECT_EQ(image.pixelColor(30, 64), QColor(Qt::white));      // between the pieces
+  EXPECT_EQ(image.pixelColor(30, 64 - 1), QColor(Qt::white));  // on both sides
+  EXPECT_NE(image.pixelColor(64, 30), QColor(Qt::white));      // but not within one
+  EXPECT_EQ(image.pixelColor(30, 0), QColor(Qt::white));       // and along the shape's edge
+}
+
+TEST_F(PuzzleTool, TellsWrongUse) {
+  for (const std::vector<std::string>& words :
+       std::vector<std::vector<std::string>>{{},
+                                             {"fly"},
+                                             {"solve"},
+                                             {"solve", "--fast", "-"},
+                                             {"solve", "-", "-"},
+                                             {"solve", "--limit=many", "-"},
+                                             {"solve", "--count=1", "-"},
+                                             {"make", "--pieces"}}) {
+    EXPECT_EQ(run(words, "#####\n"), puzzle::kWrongUse);
+    EXPECT_EQ(out_, "");
+    EXPECT_NE(err_, "");
+  }
+  putBytes(path("--odd"), "#####\n");
+  const fs::path before = fs::current_path();
+  fs::current_path(folder_);
+  EXPECT_EQ(run({"solve", "--", "--odd"}), puzzle::kDone) << err_;
+  fs::current_path(before);
+  EXPECT_EQ(run({"solve", path("missing.txt")}), puzzle::kNo);
+}
+
+TEST_F(PuzzleTool, HelpAndManualNameEveryOption) {
+  ASSERT_EQ(run({"--man"}), puzzle::kDone);
+  const std::string manual = out_;
+  for (const puzzle::Command& command : puzzle::commands()) {
+    ASSERT_EQ(run({std::string(command.name), "--help"}), puzzle::kDone);
+    EXPECT_NE(manual.find(".SS \"" + std::string(command.name)), std::string::npos);
+    for (const puzzle::Option& option : command.options)
+      EXPECT_NE(out_.find(option.text), std::string::npos) << option.name;
+  }
+}

@@ -1,0 +1,190 @@
+#include "tool/CommandLine.h"
+
+#include <algorithm>
+#include <cctype>
+#include <charconv>
+#include <ostream>
+#include <sstream>
+
+namespace puzzle {
+
+namespace {
+
+constexpr std::string_view kProgram = "quinzolith-puzzle";
+constexpr std::string_view kPurpose = "makes, shows, checks and solves pentomino puzzles";
+constexpr std::string_view kGeneral =
+    "COMMAND --help tells its options. --help, --version and --man stand alone. The file name -\n"
+    "is standard input or output. -- ends the options.";
+constexpr std::string_view kExitCodes[] = {
+    "0  done", "1  the answer is no: no solution, a file refused", "2  wrong use"};
+
+std::string version() {
+  return std::to_string(QUINZOLITH_VERSION_MAJOR) + "." + std::to_string(QUINZOLITH_VERSION_MINOR) +
+         "." + std::to_string(QUINZOLITH_VERSION_REVISION);
+}
+
+std::string dashed(std::string_view name) {
+  return std::string("--").append(name);
+}
+
+std::string shown(const Option& option) {
+  std::string result = dashed(option.name);
+  if (!option.value.empty()) result.append("=").append(option.value);
+  return result;
+}
+
+const Option& optionNamed(const Command& command, std::string_view name) {
+  const auto found = std::ranges::find(command.options, name, &Option::name);
+  if (found == command.options.end())
+    throw UsageError(std::string(command.name) + " has no option " + dashed(name) + ".");
+  return *found;
+}
+
+const Command& commandNamed(std::string_view name) {
+  const auto found = std::ranges::find(commands(), name, &Command::name);
+  if (found == commands().end()) throw UsageError("There is no command " + std::string(name) + ".");
+  return *found;
+}
+
+/// A dash that troff does not turn into a hyphen; each sentence on a line of its own.
+std::string troff(std::string_view text) {
+  std::string result;
+  for (const char c : text) {
+    if (c == '-') result += '\\';
+    result += c;
+    if (c == ' ' && result.ends_with(". ")) result.back() = '\n';
+  }
+  return result;
+}
+
+/// What a command does, as sentences of their own.
+std::string paragraph(const Command& command) {
+  std::string text = std::string(command.summary) + ". " + std::string(command.text);
+  text.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(text.front())));
+  return text;
+}
+
+int dispatch(const std::vector<std::string>& words, Surroundings& surroundings) {
+  const std::string first = words.empty() ? "" : words.front();
+  if (first.empty()) throw UsageError("No command is given.");
+  if (first == "--help") surroundings.out << helpText();
+  if (first == "--version") surroundings.out << kProgram << " " << version() << "\n";
+  if (first == "--man") surroundings.out << manualPage();
+  if (first == "--help" || first == "--version" || first == "--man") return kDone;
+  const Command& command = commandNamed(first);
+  const Given given = parse(command, {words.begin() + 1, words.end()});
+  if (given.has("help")) {
+    surroundings.out << helpText(command);
+    return kDone;
+  }
+  return command.run(given, surroundings);
+}
+
+}  // namespace
+
+std::string Given::text(std::string_view option, std::string_view otherwise) const {
+  const auto found = options.find(option);
+  return found == options.end() ? std::string(otherwise) : found->second;
+}
+
+long long Given::number(std::string_view option, long long otherwise, long long least,
+                        long long most) const {
+  if (!has(option)) return otherwise;
+  const std::string value = text(option);
+  long long result = 0;
+  const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), result);
+  if (error != std::errc{} || end != value.data() + value.size() || result < least || result > most)
+    throw UsageError(dashed(option) + " wants a whole number from " + std::to_string(least) +
+                     " to " + std::to_string(most) + ".");
+  return result;
+}
+
+Given parse(const Command& command, const std::vector<std::string>& words) {
+  Given given;
+  bool optionsEnded = false;
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    const std::string& word = words[i];
+    if (optionsEnded || word == "-" || !word.starts_with("-")) {
+      given.arguments.push_back(word);
+    } else if (word == "--") {
+      optionsEnded = true;
+    } else if (word == "--help") {
+      given.options["help"];
+      return given;
+    } else {
+      const std::size_t equals = word.find('=');
+      const std::string name = word.starts_with("--") ? word.substr(2, equals - 2) : word;
+      const Option& option = optionNamed(command, name);
+      if (option.value.empty() && equals != std::string::npos)
+        throw UsageError(dashed(name) + " takes no value.");
+      if (!option.value.empty() && equals == std::string::npos && ++i == words.size())
+        throw UsageError(dashed(name) + " wants a value.");
+      const bool apart = !option.value.empty() && equals == std::string::npos;
+      given.options[name] = apart                         ? words[i]
+                            : equals == std::string::npos ? ""
+                                                          : word.substr(equals + 1);
+    }
+  }
+  if (given.arguments.size() < command.fewest || given.arguments.size() > command.most)
+    throw UsageError(std::string(command.name) +
+                     " wants the arguments: " + std::string(command.arguments));
+  return given;
+}
+
+std::string helpText() {
+  std::ostringstream out;
+  out << "Usage: " << kProgram << " COMMAND [OPTIONS] ARGUMENTS\n"
+      << kProgram << " " << kPurpose << ".\n\nCommands:\n";
+  for (const Command& command : commands())
+    out << "  " << command.name << std::string(10 - command.name.size(), ' ') << command.summary
+        << "\n";
+  out << "\n" << kGeneral << "\n\nExit codes:\n";
+  for (const std::string_view line : kExitCodes) out << "  " << line << "\n";
+  return out.str();
+}
+
+std::string helpText(const Command& command) {
+  std::ostringstream out;
+  out << "Usage: " << kProgram << " " << command.name << " [OPTIONS] " << command.arguments << "\n"
+      << command.summary << ". " << command.text << "\n";
+  if (!command.options.empty()) out << "\nOptions:\n";
+  for (const Option& option : command.options) {
+    const std::string name = shown(option);
+    out << "  " << name << std::string(name.size() < 22 ? 22 - name.size() : 1, ' ') << option.text
+        << "\n";
+  }
+  return out.str();
+}
+
+std::string manualPage() {
+  std::ostringstream out;
+  out << ".TH QUINZOLITH\\-PUZZLE 1 " << QUINZOLITH_RELEASED << " \"Quinzolith " << version()
+      << "\"\n.SH NAME\n"
+      << troff(kProgram) << " \\- " << kPurpose << "\n.SH SYNOPSIS\n.B " << troff(kProgram)
+      << "\n.I COMMAND\n[OPTIONS] ARGUMENTS\n.SH DESCRIPTION\n"
+      << troff(kGeneral) << "\n.SH COMMANDS\n";
+  for (const Command& command : commands()) {
+    out << ".SS \"" << command.name << " [OPTIONS] " << troff(command.arguments) << "\"\n"
+        << troff(paragraph(command)) << "\n";
+    for (const Option& option : command.options)
+      out << ".TP\n.B " << troff(shown(option)) << "\n" << troff(option.text) << "\n";
+  }
+  out << ".SH EXIT STATUS\n.nf\n";
+  for (const std::string_view line : kExitCodes) out << line << "\n";
+  out << ".fi\n.SH SEE ALSO\n.BR quinzolith (6)\n";
+  return out.str();
+}
+
+int run(const std::vector<std::string>& words, Surroundings& surroundings) {
+  try {
+    return dispatch(words, surroundings);
+  } catch (const UsageError& error) {
+    surroundings.err << kProgram << ": " << error.what() << "\nTry " << kProgram << " --help.\n";
+    return kWrongUse;
+  } catch (const std::exception& error) {
+    surroundings.err << kProgram << ": " << error.what() << "\n";
+    return kNo;
+  }
+}
+
+}  // namespace puzzle

@@ -1,0 +1,175 @@
+#include "tool/Subject.h"
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <ostream>
+#include <set>
+
+#include "drafts/Drawing.h"
+#include "drafts/PuzzleFile.h"
+
+namespace fs = std::filesystem;
+
+namespace puzzle {
+
+namespace {
+
+Subject subjectOf(const PuzzleFile& file) {
+  Subject subject;
+  subject.shape = file.shape();
+  subject.solution = file.solution();
+  subject.supply = piecesOf(subject.solution);
+  return subject;
+}
+
+Subject subjectOf(const Drawing& drawing) {
+  Subject subject;
+  subject.shape = drawing.shape;
+  subject.types = drawing.types;
+  const auto pieces = drawing.headers.find("pieces");
+  if (pieces != drawing.headers.end()) subject.supply = readPieces(pieces->second);
+  return subject;
+}
+
+Subject readBytes(const std::string& bytes) {
+  if (!isPuzzleFile(bytes)) return subjectOf(readDrawing(bytes));
+  const std::vector<std::string> problems = problemsOf(bytes);
+  if (!problems.empty()) throw Refusal(problems.front());
+  return subjectOf(readPuzzleFile(bytes));
+}
+
+/// The cells drawn with the letter of one type, as a shape of their own.
+Shape cellsOfType(const Subject& subject, int type) {
+  Shape shape(subject.shape.width(), subject.shape.height());
+  for (const auto& [cell, drawn] : subject.types)
+    if (drawn == type) shape.set(cell);
+  return shape;
+}
+
+void add(Solver::Answer& whole, const Solver::Answer& part) {
+  whole.work.nodes += part.work.nodes;
+  whole.work.complete = whole.work.complete && part.work.complete;
+  if (!part.solution) {
+    whole.solution.reset();
+  } else if (whole.solution) {
+    whole.solution->insert(whole.solution->end(), part.solution->begin(), part.solution->end());
+    std::ranges::sort(*whole.solution);
+  }
+}
+
+}  // namespace
+
+std::string readAll(const std::string& file, Surroundings& surroundings) {
+  std::ifstream opened;
+  if (file != "-") {
+    opened.open(file, std::ios::binary);
+    if (!opened || fs::is_directory(file)) throw Refusal(file + ": The file cannot be read.");
+  }
+  std::istream& in = file == "-" ? surroundings.in : opened;
+  return {std::istreambuf_iterator<char>(in), {}};
+}
+
+void writeAll(const std::string& file, const std::string& bytes, Surroundings& surroundings) {
+  if (file == "-") {
+    surroundings.out << bytes;
+    return;
+  }
+  std::error_code failure, ignored;
+  const fs::path target = fs::weakly_canonical(file, ignored);  // a link stays one
+  const fs::path named = ignored ? fs::path(file) : target;
+  const fs::file_type type = fs::symlink_status(named, ignored).type();
+  // A device, or what a link to nothing yet names, is written in place.
+  const bool beside = type == fs::file_type::regular || type == fs::file_type::not_found;
+  const fs::path written = beside ? fs::path(named.string() + ".new") : named;
+  {
+    std::ofstream out(written, std::ios::binary | std::ios::trunc);
+    out << bytes;
+    out.close();
+    if (!out) failure = std::make_error_code(std::errc::io_error);
+  }
+  if (beside && !failure) fs::rename(written, named, failure);
+  if (!failure) return;
+  if (beside) fs::remove(written, ignored);
+  throw Refusal(file + ": The file cannot be written.");
+}
+
+Subject readSubject(const std::string& file, Surroundings& surroundings) {
+  const std::string bytes = readAll(file, surroundings);
+  try {
+    Subject subject = readBytes(bytes);
+    subject.name = file == "-" ? file : fs::path(file).stem().string();
+    return subject;
+  } catch (const std::runtime_error& error) {
+    throw Refusal(file + ": " + error.what());
+  }
+}
+
+PieceSet supplyFor(const Subject& subject, const Given& given) {
+  if (given.has("pieces")) return readPieces(given.text("pieces"));
+  if (subject.supply) return *subject.supply;
+  const int pieces = subject.shape.area() / PENTO::kCells;
+  if (given.has("repeats")) return PieceSet::ofEach(std::max(pieces, 1));
+  return PieceSet::ofEach(std::max(1, (pieces + PENTO::kTypes - 1) / PENTO::kTypes));
+}
+
+std::string objection(const Shape& shape, const PieceSet& supply) {
+  const int area = shape.area();
+  if (area % PENTO::kCells != 0)
+    return "The shape has " + std::to_string(area) + " cells, which is no multiple of 5.";
+  if (area / PENTO::kCells > supply.total())
+    return "The shape takes " + std::to_string(area / PENTO::kCells) + " pieces, and there are " +
+           std::to_string(supply.total()) + ".";
+  return {};
+}
+
+Limits limitsFrom(const Given& given, Surroundings& surroundings) {
+  Limits limits;
+  limits.nodes = static_cast<std::uint64_t>(
+      given.number("limit", -1, 1, std::numeric_limits<long long>::max()));
+  if (!given.has("quiet")) {
+    limits.reportEvery = std::uint64_t{1} << 27;  // some seconds
+    limits.progress = [&err = surroundings.err](const Work& work) {
+      err << "... " << work.nodes << " nodes, " << work.solutions << " solutions so far\n";
+    };
+  }
+  return limits;
+}
+
+Solver::Answer solve(const Subject& subject, const PieceSet& supply, const Limits& limits,
+                     const TypeOrder& order) {
+  Solver::Problem rest{subject.shape, supply};
+  Solver::Answer whole{Solution{}, {}};
+  std::set<int> drawn;
+  for (const auto& [cell, type] : subject.types) {
+    drawn.insert(type);
+    rest.shape.set(cell, false);
+  }
+  for (const int type : drawn) {
+    PieceSet only;
+    only[type] = supply[type];
+    const Solver::Problem part{cellsOfType(subject, type), only};
+    rest.supply[type] -= part.shape.area() / PENTO::kCells;
+    add(whole, Solver::findSolution(part, limits, order));
+    if (!whole.solution) return whole;
+  }
+  add(whole, Solver::findSolution(rest, limits, order));
+  whole.work.solutions = whole.solution.has_value();
+  return whole;
+}
+
+Solution solutionOf(const Subject& subject, const PieceSet& supply, const Limits& limits,
+                    const TypeOrder& order) {
+  if (!subject.solution.empty()) return subject.solution;
+  if (const std::string reason = objection(subject.shape, supply); !reason.empty())
+    throw Refusal(reason);
+  const Solver::Answer answer = solve(subject, supply, limits, order);
+  if (answer.solution) return *answer.solution;
+  const std::string pieces = pieceLetters(supply);
+  if (!answer.work.complete)
+    throw Refusal("No tiling by " + pieces + " was found within the limit.");
+  throw Refusal("The shape cannot be tiled by the pieces " + pieces + " (proved with " +
+                std::to_string(answer.work.nodes) + " nodes).");
+}
+
+}  // namespace puzzle

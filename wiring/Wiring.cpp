@@ -1,0 +1,98 @@
+#include "wiring/Wiring.h"
+
+#include <QApplication>
+#include <QIcon>
+#include <QPixmapCache>
+#include <functional>
+
+#include "files/SafeFile.h"
+#include "model/basTiles.h"
+#include "platform/Pointer.h"
+#include "platform/Program.h"
+#include "play/basStartup.h"
+#include "services/basHTMLHelp.h"
+
+namespace {
+
+constexpr int kPixmapCache = 512;  // KiB
+
+QIcon programIcon() {
+  QIcon icon;
+  for (int size : {16, 22, 24, 32, 48, 64, 128, 256})
+    icon.addFile(QString(":/pictures/quinzolith-%1.png").arg(size), QSize(size, size));
+  return icon;
+}
+
+/// Calls once, when a first window has been painted: for what costs time and is not missed before.
+class AfterFirstPaint : public QObject {
+ public:
+  explicit AfterFirstPaint(std::function<void()> work) : QObject(qApp), work_(std::move(work)) {
+    qApp->installEventFilter(this);
+  }
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::Paint) {
+      qApp->removeEventFilter(this);
+      QMetaObject::invokeMethod(this, work_, Qt::QueuedConnection);
+    }
+    return false;
+  }
+
+ private:
+  std::function<void()> work_;
+};
+
+/// As long as it lives, pictures are read without plugins. The toolkit asks every plugin before its
+/// own reader of PNGs, and to load them all takes longer than to read the splash window's pictures.
+class WithoutPlugins {
+ public:
+  WithoutPlugins() { QCoreApplication::setLibraryPaths({}); }
+  ~WithoutPlugins() { QCoreApplication::setLibraryPaths(paths_); }
+  WithoutPlugins(const WithoutPlugins&) = delete;
+  WithoutPlugins& operator=(const WithoutPlugins&) = delete;
+
+ private:
+  const QStringList paths_ = QCoreApplication::libraryPaths();
+};
+
+void showHelp(QWidget* window, int command, int topic) {
+  basHTMLHelp::HtmlHelpA(window, Program::HelpFile, command, topic);
+}
+
+void wireModel() {
+  basTiles::store = {SafeFile::exists, SafeFile::read, SafeFile::write};
+  basTiles::Random = [] { return Program::Random(); };
+}
+
+}  // namespace
+
+Wiring::Wiring() {
+  wireModel();
+  // Each chooser makes its icons anew; of those of former ones the toolkit would keep 10 MiB.
+  QPixmapCache::setCacheLimit(kPixmapCache);
+  // Reading eight pictures and handing them to the display server takes longer than the window.
+  new AfterFirstPaint([] { QApplication::setWindowIcon(programIcon()); });
+  Pointer::listen();
+  Form::ShowHelp = [](QWidget* window, int topic) {
+    showHelp(window, basHTMLHelp::HH_HELP_CONTEXT, topic);
+  };
+
+  windows.Splash = &splash;
+  windows.Main = &main;
+  windows.Open = &open;
+  windows.Finished = &finished;
+  windows.ShowEditor = [this] { edit.Show(); };
+
+  edit.ShowPlay = [this] { main.Show(); };
+  edit.ShowAbout = [this](Form& owner) { splash.ShowModal(&owner); };
+  edit.SetChooserEdit = [this](bool on) { open.fEdit = on; };
+  edit.ShowHelp = [this](int command, int topic) { showHelp(edit.Window(), command, topic); };
+}
+
+Wiring::~Wiring() {
+  Form::ShowHelp = nullptr;
+}
+
+void Wiring::start() {
+  const WithoutPlugins quick;
+  basStartup::Main([this] { splash.Show(); });
+}

@@ -1,0 +1,28 @@
+#include <QApplication>
+
+#include "platform/PendingEvents.h"
+#include "wiring/Wiring.h"
+
+namespace {
+
+/// Placing the cursor is possible under X11 only, so it comes first where both are there.
+void preferX11() {
+  const bool chosen = !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+  if (!chosen && !qEnvironmentVariableIsEmpty("DISPLAY")) qputenv("QT_QPA_PLATFORM", "xcb");
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  preferX11();
+  QApplication application(argc, argv);
+  QApplication::setQuitOnLastWindowClosed(false);
+  QApplication::setDesktopFileName("quinzolith");
+
+  Wiring program;
+  program.start();
+  if (Form::Count() == 0) return 1;
+  const int code = QApplication::exec();
+  finishFirstLevelWork();
+  return code;
+}
