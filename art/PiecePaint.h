@@ -2,7 +2,7 @@
 
 #include <QPainter>
 
-#include "art/Shape.h"
+#include "art/Outline.h"
 
 namespace pictures {
 

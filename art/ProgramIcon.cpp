@@ -5,7 +5,7 @@
 #include "art/Canvas.h"
 #include "art/Color.h"
 #include "art/Drawings.h"
-#include "art/Shape.h"
+#include "art/Outline.h"
 
 namespace pictures {
 namespace {

@@ -7,8 +7,8 @@
 #include "art/Color.h"
 #include "art/Drawings.h"
 #include "art/Materials.h"
+#include "art/Outline.h"
 #include "art/PuzzleIcons.h"
-#include "art/Shape.h"
 #include "catalogue/Catalogue.h"
 #include "drafts/Drawing.h"
 
@@ -67,7 +67,7 @@ Cells drawnIn(const std::filesystem::path& file) {
   std::ifstream in(file, std::ios::binary);
   const std::string text{std::istreambuf_iterator<char>(in), {}};
   Cells cells;
-  for (const Cell cell : puzzle::readDrawing(text).shape.cells())
+  for (const solver::Cell cell : puzzle::readDrawing(text).shape.cells())
     cells.emplace_back(cell.x, cell.y);
   return cells;
 }

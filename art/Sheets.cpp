@@ -3,8 +3,8 @@
 
 #include "art/Drawings.h"
 #include "art/Materials.h"
+#include "art/Outline.h"
 #include "art/PuzzleIcons.h"
-#include "art/Shape.h"
 
 namespace pictures {
 namespace {

@@ -5,6 +5,8 @@
 
 #include "solver/Solver.h"
 
+namespace solver {
+
 /// The plain solver that others are measured against: lowest free cell first, for each cell and
 /// type the masks of the placements whose lowest cell it is, no pruning. A node is a piece laid.
 template <class Bits>
@@ -70,3 +72,5 @@ class Baseline {
   Bits full_ = 0;
   Work work_;
 };
+
+}  // namespace solver

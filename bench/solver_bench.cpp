@@ -10,8 +10,7 @@
 
 namespace {
 
-using Solver::Problem;
-using Solver::Road;
+using namespace solver;
 
 /// Processor time of this process: other programs' turns do not count.
 double milliseconds() {
@@ -58,18 +57,18 @@ void benchAllSolutions(const char* name, const Shape& shape) {
         .countAll();
   });
   row(name, "plain", plain, plain.ms);
-  const auto road = [&](const char* way, Road which, const Deliver& deliver) {
-    const Measured measured = best(
-        15, [&] { return Solver::forEachSolution(problem, Counting::All, deliver, {}, which); });
+  const auto strategy = [&](const char* way, Strategy which, const Deliver& deliver) {
+    const Measured measured =
+        best(15, [&] { return forEachSolution(problem, Counting::All, deliver, {}, which); });
     row(name, way, measured, plain.ms);
     if (measured.work.solutions != plain.work.solutions) std::puts("THE COUNTS DIFFER");
   };
-  road("scan", Road::Scan, {});
-  road("pinned", Road::Pinned, {});
-  road("best, counted", Road::Best, {});
-  road("meeting, counted", Road::Meeting, {});
+  strategy("scan", Strategy::Scan, {});
+  strategy("branch", Strategy::Branch, {});
+  strategy("best, counted", Strategy::Best, {});
+  strategy("meeting, counted", Strategy::Meet, {});
   std::size_t pieces = 0;
-  road("best, each delivered", Road::Best, [&](const Solution& solution) {
+  strategy("best, each delivered", Strategy::Best, [&](const Solution& solution) {
     pieces += solution.size();
     return true;
   });
@@ -149,7 +148,7 @@ void benchFirst(const char* kind, const std::vector<Problem>& problems) {
   for (const Problem& problem : problems) {
     Work work;
     ours.add(best(3, [&] {
-      const Solver::Answer answer = Solver::findSolution(problem);
+      const Answer answer = findSolution(problem);
       work = answer.work;
       return answer.work;
     }));
@@ -177,7 +176,7 @@ std::vector<Problem> unsolvable(std::mt19937_64& random, int pieces, std::size_t
   std::vector<Problem> problems;
   while (problems.size() < count) {
     const Problem problem = spoiled(randomPuzzle(random, pieces), random);
-    if (!Solver::findSolution(problem).solution) problems.push_back(problem);
+    if (!findSolution(problem).solution) problems.push_back(problem);
   }
   return problems;
 }
@@ -186,7 +185,7 @@ std::vector<Problem> unsolvable(std::mt19937_64& random, int pieces, std::size_t
 
 int main() {
   const double start = milliseconds();
-  Solver::countSolutions({Shape::rectangle(10, 6)}, Counting::All);
+  countSolutions({Shape::rectangle(10, 6)}, Counting::All);
   std::printf("First count of 6 x 10 in this process, tables included: %.2f ms\n\n",
               milliseconds() - start);
   std::puts("| shape | way | solutions | nodes | ms | ratio |\n|---|---|---|---|---|---|");

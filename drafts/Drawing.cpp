@@ -34,7 +34,7 @@ std::vector<std::string> linesOf(std::string_view text) {
 
 constexpr std::size_t kLargestSide = 1000;  // beyond it a file is no drawing
 
-void readCell(Drawing& drawing, char c, Cell cell, std::size_t line) {
+void readCell(Drawing& drawing, char c, solver::Cell cell, std::size_t line) {
   if (c == '.' || c == ' ') return;
   const int type = pentominoType(c);
   if (c != '#' && type < 0)
@@ -60,7 +60,7 @@ Drawing readDrawing(std::string_view text) {
   for (std::size_t i = first; i < lines.size(); ++i) width = std::max(width, lines[i].size());
   if (width > kLargestSide || lines.size() > kLargestSide)
     throw Refusal("The drawing is larger than any shape may be.");
-  drawing.shape = Shape(static_cast<int>(width), static_cast<int>(lines.size() - first));
+  drawing.shape = solver::Shape(static_cast<int>(width), static_cast<int>(lines.size() - first));
   for (std::size_t i = first; i < lines.size(); ++i)
     for (std::size_t x = 0; x < lines[i].size(); ++x)
       readCell(drawing, lines[i][x], {static_cast<int>(x), static_cast<int>(i - first)}, i + 1);
@@ -68,9 +68,9 @@ Drawing readDrawing(std::string_view text) {
   return drawing;
 }
 
-PieceSet readPieces(std::string_view letters) {
-  if (letters == "all") return PieceSet::ofEach(1);
-  PieceSet pieces;
+solver::PieceSet readPieces(std::string_view letters) {
+  if (letters == "all") return solver::PieceSet::ofEach(1);
+  solver::PieceSet pieces;
   for (const char c : letters) {
     if (c == ' ' || c == ',') continue;
     const int type = pentominoType(c);
@@ -80,7 +80,7 @@ PieceSet readPieces(std::string_view letters) {
   return pieces;
 }
 
-std::string pieceLetters(const PieceSet& pieces) {
+std::string pieceLetters(const solver::PieceSet& pieces) {
   std::string letters;
   for (int type = 0; type < PENTO::kTypes; ++type)
     letters.append(static_cast<std::size_t>(pieces[type]), pentominoLetter(type));
@@ -88,21 +88,21 @@ std::string pieceLetters(const PieceSet& pieces) {
   return letters;
 }
 
-PieceSet piecesOf(const Solution& solution) {
-  PieceSet pieces;
-  for (const Placement& placement : solution) ++pieces[placement.type];
+solver::PieceSet piecesOf(const solver::Solution& solution) {
+  solver::PieceSet pieces;
+  for (const solver::Placement& placement : solution) ++pieces[placement.type];
   return pieces;
 }
 
-std::string picture(const Shape& shape, const Solution& solution) {
+std::string picture(const solver::Shape& shape, const solver::Solution& solution) {
   std::vector<std::string> rows(static_cast<std::size_t>(shape.height()),
                                 std::string(static_cast<std::size_t>(shape.width()), '.'));
-  const auto at = [&](Cell cell) -> char& {
+  const auto at = [&](solver::Cell cell) -> char& {
     return rows.at(static_cast<std::size_t>(cell.y)).at(static_cast<std::size_t>(cell.x));
   };
-  for (const Cell cell : shape.cells()) at(cell) = '#';
-  for (const Placement& placement : solution)
-    for (const Cell cell : cellsOf(placement)) at(cell) = pentominoLetter(placement.type);
+  for (const solver::Cell cell : shape.cells()) at(cell) = '#';
+  for (const solver::Placement& placement : solution)
+    for (const solver::Cell cell : cellsOf(placement)) at(cell) = pentominoLetter(placement.type);
   std::string result;
   for (const std::string& row : rows) result += row + "\n";
   return result;

@@ -13,8 +13,8 @@ namespace puzzle {
 
 struct Drawing {
   std::map<std::string, std::string> headers;  ///< by lower-case name: title, pieces, ...
-  Shape shape;                                 ///< as wide as the longest line
-  std::map<Cell, int> types;                   ///< the piece type of each cell drawn as a letter
+  solver::Shape shape;                         ///< as wide as the longest line
+  std::map<solver::Cell, int> types;           ///< the piece type of each cell drawn as a letter
 };
 
 /// Errors: Refusal with the line and what is wrong there.
@@ -22,13 +22,13 @@ Drawing readDrawing(std::string_view text);
 
 /// The supply that "FFILP" or "all" names; blanks and commas do not count.
 /// Errors: Refusal for a letter that is no pentomino.
-PieceSet readPieces(std::string_view letters);
+solver::PieceSet readPieces(std::string_view letters);
 
 /// The letters of the pieces of a set, or of a solution, in alphabetical order.
-std::string pieceLetters(const PieceSet& pieces);
-PieceSet piecesOf(const Solution& solution);
+std::string pieceLetters(const solver::PieceSet& pieces);
+solver::PieceSet piecesOf(const solver::Solution& solution);
 
 /// The picture: '.' outside, '#' for uncovered cells, letters for the pieces; ends with a newline.
-std::string picture(const Shape& shape, const Solution& solution);
+std::string picture(const solver::Shape& shape, const solver::Solution& solution);
 
 }  // namespace puzzle

@@ -17,7 +17,7 @@ bool isSoundRecord(const PuzzleFormat::PieceRecord& record) {
 }
 
 /// Collects what is wrong with the pieces and marks the cells that they cover.
-void checkPiece(const PuzzleFormat::PieceRecord& record, std::size_t number, Shape& covered,
+void checkPiece(const PuzzleFormat::PieceRecord& record, std::size_t number, solver::Shape& covered,
                 std::vector<std::string>& problems) {
   const std::string name = "Piece " + std::to_string(number);
   if (!isSoundRecord(record)) {
@@ -26,8 +26,8 @@ void checkPiece(const PuzzleFormat::PieceRecord& record, std::size_t number, Sha
   }
   const std::string piece = name + " (" + pentominoLetter(record.type) + ")";
   bool overlaps = false, outside = false;
-  for (const Cell cell :
-       cellsOf({record.type, record.x, record.y, record.rotations, record.flips})) {
+  for (const solver::Cell cell :
+       solver::cellsOf({record.type, record.x, record.y, record.rotations, record.flips})) {
     const bool inArea = cell.x >= 1 && cell.x <= kArea && cell.y >= 1 && cell.y <= kArea;
     outside = outside || !inArea;
     overlaps = overlaps || covered.contains(cell);
@@ -37,10 +37,11 @@ void checkPiece(const PuzzleFormat::PieceRecord& record, std::size_t number, Sha
   if (overlaps) problems.push_back(piece + " overlaps an earlier piece.");
 }
 
-void checkFlags(const PuzzleFile& file, const Shape& covered, std::vector<std::string>& problems) {
+void checkFlags(const PuzzleFile& file, const solver::Shape& covered,
+                std::vector<std::string>& problems) {
   if (std::ranges::any_of(file.flags, [](int flag) { return flag != 0 && flag != -1; }))
     problems.push_back("A cell has a flag other than 0 and -1.");
-  const Shape shape = file.shape();
+  const solver::Shape shape = file.shape();
   int disagreeing = 0;
   for (int x = 0; x < kBoard; ++x)
     for (int y = 0; y < kBoard; ++y)
@@ -58,7 +59,7 @@ std::vector<std::string> problemsOf(const PuzzleFile& file) {
   if (file.pieces.size() > kMostPieces)
     problems.push_back("The puzzle has " + std::to_string(file.pieces.size()) +
                        " pieces; it may have at most " + std::to_string(kMostPieces) + ".");
-  Shape covered(kBoard, kBoard);
+  solver::Shape covered(kBoard, kBoard);
   for (std::size_t i = 0; i < file.pieces.size(); ++i)
     checkPiece(file.pieces[i], i + 1, covered, problems);
   checkFlags(file, covered, problems);
@@ -67,16 +68,16 @@ std::vector<std::string> problemsOf(const PuzzleFile& file) {
 
 }  // namespace
 
-Shape PuzzleFile::shape() const {
-  Shape shape(kBoard, kBoard);
+solver::Shape PuzzleFile::shape() const {
+  solver::Shape shape(kBoard, kBoard);
   for (int x = 0; x < kBoard; ++x)
     for (int y = 0; y < kBoard; ++y)
       if (flags.at(static_cast<std::size_t>(x * kBoard + y)) == 0) shape.set({x, y});
   return shape;
 }
 
-Solution PuzzleFile::solution() const {
-  Solution solution;
+solver::Solution PuzzleFile::solution() const {
+  solver::Solution solution;
   for (const auto& record : pieces)
     solution.push_back({record.type, record.x, record.y, record.rotations, record.flips});
   return solution;
@@ -111,11 +112,11 @@ std::vector<std::string> problemsOf(std::string_view bytes) {
   }
 }
 
-std::string makePuzzleFile(Solution solution, char lockFlag) {
-  Shape box(kBoard, kBoard);
+std::string makePuzzleFile(solver::Solution solution, char lockFlag) {
+  solver::Shape box(kBoard, kBoard);
   int right = 0, bottom = 0, left = kBoard * kBoard, top = left;
-  for (const Placement& placement : solution)
-    for (const Cell cell : cellsOf(placement)) {
+  for (const solver::Placement& placement : solution)
+    for (const solver::Cell cell : cellsOf(placement)) {
       left = std::min(left, cell.x);
       top = std::min(top, cell.y);
       right = std::max(right, cell.x);
@@ -125,22 +126,22 @@ std::string makePuzzleFile(Solution solution, char lockFlag) {
   if (width > kArea || height > kArea)
     throw Refusal("The shape is " + std::to_string(width) + " x " + std::to_string(height) +
                   " cells; the area has room for 12 x 12.");
-  for (Placement& placement : solution) {
+  for (solver::Placement& placement : solution) {
     placement.x += 1 + (kArea - width) / 2 - left;
     placement.y += 1 + (kArea - height) / 2 - top;
-    for (const Cell cell : cellsOf(placement)) box.set(cell);
+    for (const solver::Cell cell : cellsOf(placement)) box.set(cell);
   }
   return PuzzleFormat::write(boardWith(box, solution), kVersion, lockFlag);
 }
 
-PENTOGRID boardWith(const Shape& shape, const Solution& solution) {
+PENTOGRID boardWith(const solver::Shape& shape, const solver::Solution& solution) {
   PENTOGRID grid;
   grid.SetGridSize(static_cast<std::int16_t>(shape.width()),
                    static_cast<std::int16_t>(shape.height()));
   for (int x = 0; x < shape.width(); ++x)
     for (int y = 0; y < shape.height(); ++y)
       if (!shape.contains({x, y})) grid.SetGridBackground(x, y);
-  for (const Placement& placement : solution) {
+  for (const solver::Placement& placement : solution) {
     const auto piece = std::make_shared<PENTO>();
     piece->PentoType(static_cast<std::int16_t>(placement.type));
     for (int i = 0; i < placement.rotations; ++i) piece->Rotate();

@@ -19,8 +19,8 @@ struct PuzzleFile {
   std::vector<std::int16_t> flags;  ///< column by column
   std::vector<PuzzleFormat::PieceRecord> pieces;
 
-  Shape shape() const;        ///< the cells whose flag is 0, in the board's coordinates
-  Solution solution() const;  ///< the records, as they stand
+  solver::Shape shape() const;        ///< the cells whose flag is 0, in the board's coordinates
+  solver::Solution solution() const;  ///< the records, as they stand
 };
 
 bool isPuzzleFile(std::string_view bytes);
@@ -33,10 +33,10 @@ std::vector<std::string> problemsOf(std::string_view bytes);
 
 /// The bytes of a puzzle whose solution is centred on the inner area, to within half a cell.
 /// Errors: Refusal when it does not fit there.
-std::string makePuzzleFile(Solution solution, char lockFlag);
+std::string makePuzzleFile(solver::Solution solution, char lockFlag);
 
 /// A grid of the board's size with the shape's cells empty, all others background, and the pieces
 /// of the solution laid down as far as they fit.
-PENTOGRID boardWith(const Shape& shape, const Solution& solution);
+PENTOGRID boardWith(const solver::Shape& shape, const solver::Solution& solution);
 
 }  // namespace puzzle

@@ -5,16 +5,18 @@
 #include "solver/Scan.h"
 #include "solver/Solver.h"
 
+namespace solver {
+
 /// The first solution, sought from all corners of the shape in turn: one scan may be hopeless where
 /// another is lucky. The scans are interrupted and go on where they stopped; every second turn is
 /// given to the one that seems nearest to its end, the others go round.
 template <class Bits, class Left>
 class CornerRace {
  public:
-  CornerRace(const Solver::Problem& problem, const TypeOrder& order)
+  CornerRace(const Problem& problem, const TypeOrder& order)
       : problem_(problem), tables_(WindowTables<Bits>::of(order)) {}
 
-  Solver::Answer run(const Limits& limits) {
+  Answer run(const Limits& limits) {
     // A corner is made ready when its turn comes: most shapes are solved from the first one.
     for (const Symmetry symmetry : kSymmetries) {
       const Frame frame(problem_.shape, symmetry);
@@ -72,8 +74,10 @@ class CornerRace {
       limits.progress({0, answer_.work.nodes, false});
   }
 
-  const Solver::Problem& problem_;
+  const Problem& problem_;
   const std::shared_ptr<const WindowTables<Bits>> tables_;
   std::deque<Runner> runners_;  // they stay where they are: searches refer to their scans
-  Solver::Answer answer_;
+  Answer answer_;
 };
+
+}  // namespace solver

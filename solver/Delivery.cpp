@@ -2,10 +2,12 @@
 
 #include <algorithm>
 
-Harvest plainHarvest(const Shape& shape, Counting counting) {
-  Harvest harvest{{}, {Symmetry{}}};
-  if (counting == Counting::UpToSymmetry) harvest.smallestUnder = symmetriesOf(shape);
-  return harvest;
+namespace solver {
+
+SymmetryBreaking plainBreaking(const Shape& shape, Counting counting) {
+  SymmetryBreaking breaking{{}, {Symmetry{}}};
+  if (counting == Counting::UpToSymmetry) breaking.smallestUnder = symmetriesOf(shape);
+  return breaking;
 }
 
 Frame::Frame(const Shape& shape, Symmetry symmetry)
@@ -41,10 +43,10 @@ bool Delivery::isSmallest(const Solution& solution, const std::vector<Symmetry>&
   });
 }
 
-bool Delivery::takeBuilt(const Harvest& harvest, const Solution& solution) {
+bool Delivery::takeBuilt(const SymmetryBreaking& breaking, const Solution& solution) {
   const int width = frame_.shape().width(), height = frame_.shape().height();
-  if (!isSmallest(solution, harvest.smallestUnder)) return true;
-  for (const Symmetry symmetry : harvest.images) {
+  if (!isSmallest(solution, breaking.smallestUnder)) return true;
+  for (const Symmetry symmetry : breaking.images) {
     if (deliver_) {
       image_ = solution;
       if (symmetry != Symmetry{})
@@ -57,3 +59,5 @@ bool Delivery::takeBuilt(const Harvest& harvest, const Solution& solution) {
   }
   return true;
 }
+
+}  // namespace solver

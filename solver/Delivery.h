@@ -6,6 +6,8 @@
 #include "solver/Placement.h"
 #include "solver/Work.h"
 
+namespace solver {
+
 /// Which solutions count: all, or one of each set of solutions that the symmetries of the shape lay
 /// onto each other.
 enum class Counting { All, UpToSymmetry };
@@ -14,13 +16,13 @@ enum class Counting { All, UpToSymmetry };
 using Deliver = std::function<bool(const Solution&)>;
 
 /// How the solutions of a search are turned into those that are wanted.
-struct Harvest {
+struct SymmetryBreaking {
   std::vector<Symmetry> smallestUnder;  ///< keep a solution only if none of these makes it smaller
   std::vector<Symmetry> images;         ///< deliver what these make of it
 };
 
 /// Every symmetry kept by a search without tricks.
-Harvest plainHarvest(const Shape& shape, Counting counting);
+SymmetryBreaking plainBreaking(const Shape& shape, Counting counting);
 
 /// The frame in which a search works: the shape trimmed and turned so that its columns are short.
 class Frame {
@@ -49,18 +51,20 @@ class Delivery {
 
   /// Takes one solution; `make` builds it when it is needed at all. False ends the search.
   template <class Make>
-  bool take(const Harvest& harvest, Make&& make) {
-    if (!deliver_ && harvest.smallestUnder.size() <= 1)
-      return meter_.solutions(harvest.images.size());
-    return takeBuilt(harvest, make());
+  bool take(const SymmetryBreaking& breaking, Make&& make) {
+    if (!deliver_ && breaking.smallestUnder.size() <= 1)
+      return meter_.solutions(breaking.images.size());
+    return takeBuilt(breaking, make());
   }
 
  private:
   bool isSmallest(const Solution& solution, const std::vector<Symmetry>& symmetries) const;
-  bool takeBuilt(const Harvest& harvest, const Solution& solution);
+  bool takeBuilt(const SymmetryBreaking& breaking, const Solution& solution);
 
   const Frame& frame_;
   const Deliver& deliver_;
   WorkMeter& meter_;
   Solution image_;  // kept, so that delivering allocates nothing
 };
+
+}  // namespace solver

@@ -5,6 +5,8 @@
 
 #include "model/PENTO.h"
 
+namespace solver {
+
 /// How many pieces of each type may be used: a supply. A shape of 5 n cells takes n of them, so a
 /// supply of exactly n pieces is used up by every solution.
 struct PieceSet {
@@ -21,3 +23,5 @@ struct PieceSet {
   int total() const { return std::accumulate(count.begin(), count.end(), 0); }
   bool operator==(const PieceSet&) const = default;
 };
+
+}  // namespace solver

@@ -5,6 +5,8 @@
 #include "solver/PieceSet.h"
 #include "solver/Window.h"
 
+namespace solver {
+
 /// What a scan may still lay, when no type may be used more than once.
 class OneEach {
  public:
@@ -59,3 +61,5 @@ class CountedPieces {
   OrientationSet allowed_ = 0;
   Counts counts_;
 };
+
+}  // namespace solver

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <stdexcept>
 
+namespace solver {
+
 namespace {
 
 using Cells = std::array<Cell, PENTO::kCells>;
@@ -130,3 +132,5 @@ Solution transformed(const Solution& solution, Symmetry symmetry, int width, int
     result.push_back(transformed(placement, symmetry, width, height));
   return result;
 }
+
+}  // namespace solver

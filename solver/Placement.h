@@ -6,6 +6,8 @@
 #include "model/PENTO.h"
 #include "solver/Shape.h"
 
+namespace solver {
+
 /// One way to turn and mirror a piece type, with the counters of a PENTO that give it.
 ///
 /// Shape: five cells in column order (x first), the smallest x and y being 0.
@@ -44,3 +46,5 @@ Placement placementCovering(std::array<Cell, PENTO::kCells> cells);
 Placement transformed(const Placement& placement, Symmetry symmetry, int width, int height);
 /// The same for a tiling; its placements keep their order.
 Solution transformed(const Solution& solution, Symmetry symmetry, int width, int height);
+
+}  // namespace solver

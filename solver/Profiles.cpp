@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace solver {
+
 namespace {
 
 constexpr int kBitsInWord = 6;  ///< pieces told within a word; the others number the word
@@ -140,3 +142,5 @@ bool Profiles::canFinish(Id profile, Pieces pieces) const {
   const auto before = static_cast<std::uint32_t>(std::popcount(node.words & (word - 1)));
   return storage_.words[node.firstWord + before] >> (pieces & 63) & 1;
 }
+
+}  // namespace solver

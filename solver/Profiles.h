@@ -6,11 +6,13 @@
 
 #include "solver/ScanSearch.h"
 
+namespace solver {
+
 /// What lies ahead of partial tilings, without looking at which pieces they used: a graph of
 /// profiles, and for each of them the sets of pieces that can finish the shape.
 ///
 /// A profile is a position and a window, the state of a scan. An edge lays one piece. Many partial
-/// tilings share a profile, and from profile to profile the roads grow together again, so the graph
+/// tilings share a profile, and from profile to profile the ways grow together again, so the graph
 /// stays small where a search would walk a tree. A set of pieces is a number of up to 12 bits; the
 /// sets that finish a profile are a bit set of 4096 bits, of which only the words that are not zero
 /// are kept: adding a piece to all of them is a shift, or a change of the word's number.
@@ -30,7 +32,7 @@ class Profiles {
   Id idOf(Bits64 window, int position);
   /// Growing is given up beyond so many profiles: they are to fit into memory.
   static constexpr Id kMost = 4'000'000;
-  /// Follows every road from the profiles known so far. Each edge is a node of the meter. False
+  /// Follows every way from the profiles known so far. Each edge is a node of the meter. False
   /// when the meter ended it.
   bool grow(WorkMeter& meter);
   /// Finds the finishing sets of all profiles, from the end backwards.
@@ -99,3 +101,5 @@ bool Profiles::walk(Id profile, Pieces pieces, std::vector<Step>& steps, Found&&
   }
   return true;
 }
+
+}  // namespace solver

@@ -2,6 +2,8 @@
 
 #include "solver/ScanSearch.h"
 
+namespace solver {
+
 /// Tables and layout of one shape whose columns are at most kTallestColumn cells high.
 template <class Bits>
 struct Scan {
@@ -15,8 +17,8 @@ struct Scan {
 
   Placement placementOf(const Step& step) const {
     const Orientation& orientation = tables.model(step.orientation);
-    return ::placementOf(orientation, step.position / kStride<Bits>,
-                         step.position % kStride<Bits> - orientation.cells[0].y);
+    return solver::placementOf(orientation, step.position / kStride<Bits>,
+                               step.position % kStride<Bits> - orientation.cells[0].y);
   }
   Solution solutionOf(std::span<const Step> steps) const {
     Solution solution;
@@ -25,3 +27,5 @@ struct Scan {
     return solution;
   }
 };
+
+}  // namespace solver

@@ -9,6 +9,8 @@
 #include "solver/Window.h"
 #include "solver/Work.h"
 
+namespace solver {
+
 /// One piece of a scan: the orientation's index in the tables, the position of its first cell.
 struct Step {
   int orientation = 0, position = 0;
@@ -156,3 +158,5 @@ bool scanAll(const WindowTables<Bits>& tables, const ScanShape<Bits>& shape, con
     return ScanSearch<Bits, Left>(tables, shape, supply).run(goal, meter, found);
   });
 }
+
+}  // namespace solver

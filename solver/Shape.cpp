@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <stdexcept>
 
+namespace solver {
+
 Cell Symmetry::apply(Cell cell, int width, int height) const {
   for (int i = 0; i < turns; ++i) {
     cell = {height - 1 - cell.y, cell.x};
@@ -71,3 +73,5 @@ std::vector<Symmetry> symmetriesOf(const Shape& shape) {
                        [&](Symmetry symmetry) { return shape.transformed(symmetry) == shape; });
   return result;
 }
+
+}  // namespace solver

@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <vector>
 
+namespace solver {
+
 /// One cell of a shape; (0, 0) is the top left, x grows to the right, y downward.
 struct Cell {
   int x = 0, y = 0;
@@ -64,3 +66,5 @@ class Shape {
 /// The symmetries that lay the shape onto itself when its box is laid onto itself; the identity
 /// comes first. Trim the shape before asking.
 std::vector<Symmetry> symmetriesOf(const Shape& shape);
+
+}  // namespace solver

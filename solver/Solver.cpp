@@ -3,9 +3,9 @@
 #include <stdexcept>
 
 #include "solver/CornerRace.h"
-#include "solver/Roads.h"
+#include "solver/Strategies.h"
 
-namespace Solver {
+namespace solver {
 
 namespace {
 
@@ -30,45 +30,46 @@ void withWindow(const Frame& frame, Search&& search) {
 }
 
 template <class Bits>
-void scan(const Problem& problem, const Frame& frame, const Harvest& harvest, Delivery& delivery,
-          WorkMeter& meter) {
+void scan(const Problem& problem, const Frame& frame, const SymmetryBreaking& breaking,
+          Delivery& delivery, WorkMeter& meter) {
   const Scan<Bits> scan(frame.shape());
   scanAll(scan.tables, scan.layout, problem.supply, scan.layout.end(), meter,
           [&](std::span<const Step> steps, Bits, int) {
-            return delivery.take(harvest, [&] { return scan.solutionOf(steps); });
+            return delivery.take(breaking, [&] { return scan.solutionOf(steps); });
           });
 }
 
-/// Takes one of the roads that need more than a scan. False when none is wanted or serves.
-bool takeFastRoad(const Problem& problem, Counting counting, const Frame& frame, Delivery& delivery,
-                  WorkMeter& meter, Road road) {
+/// Takes one of the strategies that need more than a scan. False when none is wanted or serves.
+bool takeFastStrategy(const Problem& problem, Counting counting, const Frame& frame,
+                      Delivery& delivery, WorkMeter& meter, Strategy strategy) {
   const Shape& shape = frame.shape();
-  if (road == Road::Scan || shape.height() > kTallestColumn<Bits64>) return false;
-  const std::optional<Pin> pin = choosePin(shape, problem.supply, counting);
-  // With all eight symmetries the pin leaves so little that profiles cost more.
-  const bool pinSuffices = road == Road::Best && pin && symmetriesOf(shape).size() == 8;
-  if (road != Road::Pinned && !pinSuffices && Roads::canMeet(shape, problem.supply) &&
-      Roads::meeting(shape, problem.supply, counting, pin, delivery, meter))
+  if (strategy == Strategy::Scan || shape.height() > kTallestColumn<Bits64>) return false;
+  const std::optional<Branching> branching = chooseBranching(shape, problem.supply, counting);
+  // With all eight symmetries the branching leaves so little that profiles cost more.
+  const bool branchingSuffices =
+      strategy == Strategy::Best && branching && symmetriesOf(shape).size() == 8;
+  if (strategy != Strategy::Branch && !branchingSuffices && canMeet(shape, problem.supply) &&
+      meetInTheMiddle(shape, problem.supply, counting, branching, delivery, meter))
     return true;
-  if (!pin) return false;
-  Roads::pinned(shape, problem.supply, *pin, delivery, meter);
+  if (!branching) return false;
+  branchAndScan(shape, problem.supply, *branching, delivery, meter);
   return true;
 }
 
 }  // namespace
 
 Work forEachSolution(const Problem& problem, Counting counting, const Deliver& deliver,
-                     const Limits& limits, Road road) {
+                     const Limits& limits, Strategy strategy) {
   WorkMeter meter(limits);
   const Frame frame = Frame::shortColumns(problem.shape);
   Delivery delivery(frame, deliver, meter);
-  const Harvest harvest = plainHarvest(frame.shape(), counting);
+  const SymmetryBreaking breaking = plainBreaking(frame.shape(), counting);
   if (const auto answer = obvious(problem)) {
-    if (*answer) delivery.take(harvest, [] { return Solution{}; });
+    if (*answer) delivery.take(breaking, [] { return Solution{}; });
     return meter.work;
   }
-  if (!takeFastRoad(problem, counting, frame, delivery, meter, road))
-    withWindow(frame, [&]<class Bits>() { scan<Bits>(problem, frame, harvest, delivery, meter); });
+  if (!takeFastStrategy(problem, counting, frame, delivery, meter, strategy))
+    withWindow(frame, [&]<class Bits>() { scan<Bits>(problem, frame, breaking, delivery, meter); });
   return meter.work;
 }
 
@@ -86,4 +87,4 @@ Answer findSolution(const Problem& problem, const Limits& limits, const TypeOrde
   return answer;
 }
 
-}  // namespace Solver
+}  // namespace solver

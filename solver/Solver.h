@@ -15,7 +15,7 @@
 /// that is found out without a search. The empty shape has one solution, of no pieces.
 /// Every search is deterministic: the same call delivers the same solutions in the same order and
 /// counts the same nodes.
-namespace Solver {
+namespace solver {
 
 struct Problem {
   Shape shape;
@@ -23,21 +23,21 @@ struct Problem {
 };
 
 /// How all solutions are found. Each way finds the same ones, in an order of its own.
-enum class Road {
-  Best,     ///< the fastest for the problem
-  Scan,     ///< the general search: lowest free cell first
-  Pinned,   ///< one piece is laid first, on one of each set of places that symmetry makes equal
-  Meeting,  ///< half the shape is searched, the other half is a graph of profiles
+enum class Strategy {
+  Best,    ///< the fastest for the problem
+  Scan,    ///< the general search: lowest free cell first
+  Branch,  ///< one piece is laid first, on one of each set of places that symmetry makes equal
+  Meet,    ///< half the shape is searched, the other half is a graph of profiles
 };
 
 /// Delivers every solution, its placements in no particular order, until `deliver` returns false.
 /// With an empty `deliver` the solutions are only counted.
 Work forEachSolution(const Problem& problem, Counting counting, const Deliver& deliver,
-                     const Limits& limits = {}, Road road = Road::Best);
+                     const Limits& limits = {}, Strategy strategy = Strategy::Best);
 
 inline Work countSolutions(const Problem& problem, Counting counting, const Limits& limits = {},
-                           Road road = Road::Best) {
-  return forEachSolution(problem, counting, {}, limits, road);
+                           Strategy strategy = Strategy::Best) {
+  return forEachSolution(problem, counting, {}, limits, strategy);
 }
 
 struct Answer {
@@ -50,4 +50,4 @@ struct Answer {
 Answer findSolution(const Problem& problem, const Limits& limits = {},
                     const TypeOrder& order = kAwkwardFirst);
 
-}  // namespace Solver
+}  // namespace solver

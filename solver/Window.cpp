@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <optional>
 
+namespace solver {
+
 namespace {
 
 /// How the reach of a piece is gathered into table indices: the bits of one column each.
@@ -143,3 +145,5 @@ template class WindowTables<Bits64>;
 template class WindowTables<Bits128>;
 template class ScanShape<Bits64>;
 template class ScanShape<Bits128>;
+
+}  // namespace solver

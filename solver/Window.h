@@ -8,6 +8,8 @@
 
 #include "solver/Placement.h"
 
+namespace solver {
+
 /// The rolling window: how the scanning search sees a shape.
 ///
 /// A shape is scanned column by column, top to bottom. Cell (x, y) has the position
@@ -154,3 +156,5 @@ class ScanShape {
   int end_;
   std::vector<Bits> taken_;
 };
+
+}  // namespace solver

@@ -4,6 +4,8 @@
 #include <functional>
 #include <limits>
 
+namespace solver {
+
 /// What a search has done. The numbers are the same in every run of the same search.
 struct Work {
   std::uint64_t solutions = 0;  ///< delivered or counted
@@ -55,3 +57,5 @@ class WorkMeter {
   const Limits& limits_;
   std::uint64_t pause_ = 0;
 };
+
+}  // namespace solver

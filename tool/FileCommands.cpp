@@ -24,13 +24,13 @@ std::mt19937_64 generatorFrom(const Given& given, Surroundings& surroundings) {
 
 /// The shape and solution moved into the smallest box, with `ring` empty cells around it.
 void trim(Subject& subject, int ring) {
-  const std::vector<Cell> cells = subject.shape.cells();
-  const int left = std::ranges::min(cells, {}, &Cell::x).x - ring;
-  const int top = std::ranges::min(cells, {}, &Cell::y).y - ring;
-  const Shape trimmed = subject.shape.trimmed();
-  subject.shape = Shape(trimmed.width() + 2 * ring, trimmed.height() + 2 * ring);
-  for (const Cell cell : trimmed.cells()) subject.shape.set({cell.x + ring, cell.y + ring});
-  for (Placement& placement : subject.solution) {
+  const std::vector<solver::Cell> cells = subject.shape.cells();
+  const int left = std::ranges::min(cells, {}, &solver::Cell::x).x - ring;
+  const int top = std::ranges::min(cells, {}, &solver::Cell::y).y - ring;
+  const solver::Shape trimmed = subject.shape.trimmed();
+  subject.shape = solver::Shape(trimmed.width() + 2 * ring, trimmed.height() + 2 * ring);
+  for (const solver::Cell cell : trimmed.cells()) subject.shape.set({cell.x + ring, cell.y + ring});
+  for (solver::Placement& placement : subject.solution) {
     placement.x -= left;
     placement.y -= top;
   }
@@ -40,7 +40,7 @@ void trim(Subject& subject, int ring) {
 void readLetters(Subject& subject) {
   if (subject.solution.empty() && !subject.types.empty() &&
       static_cast<int>(subject.types.size()) == subject.shape.area())
-    subject.solution = solutionOf(subject, PieceSet::ofEach(subject.shape.area()), {});
+    subject.solution = solutionOf(subject, solver::PieceSet::ofEach(subject.shape.area()), {});
 }
 
 std::string json(const Subject& subject) {
@@ -48,7 +48,7 @@ std::string json(const Subject& subject) {
                      ", \"height\": " + std::to_string(subject.shape.height()) +
                      ", \"cells\": " + std::to_string(subject.shape.area()) + ", \"pieces\": [";
   const char* separator = "";
-  for (const Placement& placement : subject.solution) {
+  for (const solver::Placement& placement : subject.solution) {
     text += separator + ("{\"letter\": \"" + std::string(1, pentominoLetter(placement.type))) +
             "\", \"x\": " + std::to_string(placement.x) +
             ", \"y\": " + std::to_string(placement.y) +
@@ -83,12 +83,12 @@ int makeCommand(const Given& given, Surroundings& surroundings) {
   if (pieces > kMostPieces)
     throw Refusal("The shape takes " + std::to_string(pieces) + " pieces; a puzzle has at most " +
                   std::to_string(kMostPieces) + ".");
-  TypeOrder order = kAwkwardFirst;
+  solver::TypeOrder order = solver::kAwkwardFirst;
   if (given.has("seed")) {
     std::mt19937_64 random = generatorFrom(given, surroundings);
     order = randomOrder(random);
   }
-  const Solution solution =
+  const solver::Solution solution =
       solutionOf(subject, supplyFor(subject, given), limitsFrom(given, surroundings), order);
   writeAll(given.arguments[1],
            makePuzzleFile(solution,

@@ -15,21 +15,21 @@ int below(std::mt19937_64& random, int limit) {
   return static_cast<int>(random() % static_cast<std::uint64_t>(limit));
 }
 
-int neighboursOf(const Shape& shape, Cell cell) {
+int neighboursOf(const solver::Shape& shape, solver::Cell cell) {
   return shape.contains({cell.x - 1, cell.y}) + shape.contains({cell.x + 1, cell.y}) +
          shape.contains({cell.x, cell.y - 1}) + shape.contains({cell.x, cell.y + 1});
 }
 
 /// Grows from the middle, by cells that touch the shape, more often where they touch it twice.
-std::optional<Shape> randomShape(const Wanted& wanted, std::mt19937_64& random) {
+std::optional<solver::Shape> randomShape(const Wanted& wanted, std::mt19937_64& random) {
   const int cells = wanted.pieces * PENTO::kCells;
   const bool needsAxis = wanted.symmetric && cells % 2 != 0;  // of single cells: the width is odd
   const int width = wanted.width - (needsAxis && wanted.width % 2 == 0 ? 1 : 0);
-  Shape shape(width, wanted.height);
+  solver::Shape shape(width, wanted.height);
   constexpr int kPatience = 100;
   for (int tries = 0; shape.area() < cells && tries < kPatience * cells; ++tries) {
-    const Cell cell{below(random, width), below(random, wanted.height)};
-    const Cell twin{wanted.symmetric ? width - 1 - cell.x : cell.x, cell.y};
+    const solver::Cell cell{below(random, width), below(random, wanted.height)};
+    const solver::Cell twin{wanted.symmetric ? width - 1 - cell.x : cell.x, cell.y};
     const bool starts = shape.area() == 0 && cell.x == (width - 1) / 2;
     const int neighbours = neighboursOf(shape, cell);
     if (shape.contains(cell) || (!starts && neighbours == 0)) continue;
@@ -43,18 +43,18 @@ std::optional<Shape> randomShape(const Wanted& wanted, std::mt19937_64& random) 
 }
 
 bool isUnique(const Generated& puzzle) {
-  Limits limits;
+  solver::Limits limits;
   limits.nodes = kNodesToCount;
   limits.solutions = 2;
-  const Work work = Solver::countSolutions({puzzle.shape, piecesOf(puzzle.solution)},
-                                           Counting::UpToSymmetry, limits);
+  const solver::Work work = solver::countSolutions({puzzle.shape, piecesOf(puzzle.solution)},
+                                                   solver::Counting::UpToSymmetry, limits);
   return work.complete && work.solutions == 1;
 }
 
 }  // namespace
 
-TypeOrder randomOrder(std::mt19937_64& random) {
-  TypeOrder order = kAwkwardFirst;
+solver::TypeOrder randomOrder(std::mt19937_64& random) {
+  solver::TypeOrder order = solver::kAwkwardFirst;
   for (int i = PENTO::kTypes - 1; i > 0; --i)
     std::swap(order[static_cast<std::size_t>(i)],
               order[static_cast<std::size_t>(below(random, i + 1))]);
@@ -63,13 +63,13 @@ TypeOrder randomOrder(std::mt19937_64& random) {
 
 std::optional<Generated> generatePuzzle(const Wanted& wanted, std::mt19937_64& random,
                                         std::uint64_t tries) {
-  Limits limits;
+  solver::Limits limits;
   limits.nodes = kNodesPerTry;
-  const PieceSet supply = PieceSet::ofEach(1 + (wanted.pieces - 1) / PENTO::kTypes);
+  const solver::PieceSet supply = solver::PieceSet::ofEach(1 + (wanted.pieces - 1) / PENTO::kTypes);
   for (std::uint64_t i = 0; i < tries; ++i) {
-    const std::optional<Shape> shape = randomShape(wanted, random);
+    const std::optional<solver::Shape> shape = randomShape(wanted, random);
     if (!shape) continue;
-    const auto answer = Solver::findSolution({*shape, supply}, limits, randomOrder(random));
+    const auto answer = solver::findSolution({*shape, supply}, limits, randomOrder(random));
     if (!answer.solution) continue;
     const Generated puzzle{*shape, *answer.solution};
     if (!wanted.unique || isUnique(puzzle)) return puzzle;

@@ -17,8 +17,8 @@ struct Wanted {
 };
 
 struct Generated {
-  Shape shape;
-  Solution solution;
+  solver::Shape shape;
+  solver::Solution solution;
 };
 
 /// Grows random shapes until one can be tiled by different pieces (from the thirteenth on, by two
@@ -28,6 +28,6 @@ std::optional<Generated> generatePuzzle(const Wanted& wanted, std::mt19937_64& r
                                         std::uint64_t tries);
 
 /// The twelve types in a random order.
-TypeOrder randomOrder(std::mt19937_64& random);
+solver::TypeOrder randomOrder(std::mt19937_64& random);
 
 }  // namespace puzzle

@@ -27,19 +27,20 @@ class Stopwatch {
   std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
 };
 
-int solveAll(const Subject& subject, const PieceSet& supply, const Given& given,
+int solveAll(const Subject& subject, const solver::PieceSet& supply, const Given& given,
              Surroundings& surroundings) {
   if (!subject.types.empty() && static_cast<int>(subject.types.size()) != subject.shape.area())
     throw Refusal("A drawing that mixes letters and '#' is solved, not counted.");
-  const Counting counting = given.has("up-to-symmetry") ? Counting::UpToSymmetry : Counting::All;
-  Deliver deliver;
+  const solver::Counting counting =
+      given.has("up-to-symmetry") ? solver::Counting::UpToSymmetry : solver::Counting::All;
+  solver::Deliver deliver;
   if (given.has("all"))
-    deliver = [&](const Solution& solution) {
+    deliver = [&](const solver::Solution& solution) {
       surroundings.out << picture(subject.shape, solution) << "\n";
       return true;
     };
-  const Work work = Solver::forEachSolution({subject.shape, supply}, counting, deliver,
-                                            limitsFrom(given, surroundings));
+  const solver::Work work = solver::forEachSolution({subject.shape, supply}, counting, deliver,
+                                                    limitsFrom(given, surroundings));
   surroundings.out << (work.complete ? "" : "at least ") << work.solutions << " solutions, "
                    << work.nodes << " nodes\n";
   if (!work.complete) surroundings.err << "The limit was reached.\n";
@@ -51,12 +52,12 @@ int solveAll(const Subject& subject, const PieceSet& supply, const Given& given,
 int solveCommand(const Given& given, Surroundings& surroundings) {
   Subject subject = readSubject(given.arguments[0], surroundings);
   subject.solution.clear();  // it is to be found, not read
-  const PieceSet supply = supplyFor(subject, given);
+  const solver::PieceSet supply = supplyFor(subject, given);
   if (const std::string reason = objection(subject.shape, supply); !reason.empty())
     throw Refusal(reason);
   const Stopwatch stopwatch(surroundings.err);
   if (given.has("count") || given.has("all")) return solveAll(subject, supply, given, surroundings);
-  const Solution solution = solutionOf(subject, supply, limitsFrom(given, surroundings));
+  const solver::Solution solution = solutionOf(subject, supply, limitsFrom(given, surroundings));
   surroundings.out << "pieces: " << pieceLetters(piecesOf(solution)) << "\n\n"
                    << picture(subject.shape, solution);
   return kDone;
@@ -67,11 +68,12 @@ int proveCommand(const Given& given, Surroundings& surroundings) {
   surroundings.out << "| puzzle | pieces | solutions | nodes |\n|---|---|---|---|\n";
   for (const std::string& file : given.arguments) {
     const Subject subject = readSubject(file, surroundings);
-    const PieceSet supply = subject.supply
-                                ? *subject.supply
-                                : piecesOf(solutionOf(subject, supplyFor(subject, given), {}));
-    const Work work = Solver::countSolutions({subject.shape, supply}, Counting::UpToSymmetry,
-                                             limitsFrom(given, surroundings), Solver::Road::Scan);
+    const solver::PieceSet supply =
+        subject.supply ? *subject.supply
+                       : piecesOf(solutionOf(subject, supplyFor(subject, given), {}));
+    const solver::Work work =
+        solver::countSolutions({subject.shape, supply}, solver::Counting::UpToSymmetry,
+                               limitsFrom(given, surroundings), solver::Strategy::Scan);
     const char* atLeast = work.complete ? "" : "≥ ";
     surroundings.out << "| " << subject.name << " | " << supply.total() << " "
                      << pieceLetters(supply) << " | " << atLeast << work.solutions << " | "

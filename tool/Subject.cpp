@@ -40,14 +40,14 @@ Subject readBytes(const std::string& bytes) {
 }
 
 /// The cells drawn with the letter of one type, as a shape of their own.
-Shape cellsOfType(const Subject& subject, int type) {
-  Shape shape(subject.shape.width(), subject.shape.height());
+solver::Shape cellsOfType(const Subject& subject, int type) {
+  solver::Shape shape(subject.shape.width(), subject.shape.height());
   for (const auto& [cell, drawn] : subject.types)
     if (drawn == type) shape.set(cell);
   return shape;
 }
 
-void add(Solver::Answer& whole, const Solver::Answer& part) {
+void add(solver::Answer& whole, const solver::Answer& part) {
   whole.work.nodes += part.work.nodes;
   whole.work.complete = whole.work.complete && part.work.complete;
   if (!part.solution) {
@@ -105,15 +105,15 @@ Subject readSubject(const std::string& file, Surroundings& surroundings) {
   }
 }
 
-PieceSet supplyFor(const Subject& subject, const Given& given) {
+solver::PieceSet supplyFor(const Subject& subject, const Given& given) {
   if (given.has("pieces")) return readPieces(given.text("pieces"));
   if (subject.supply) return *subject.supply;
   const int pieces = subject.shape.area() / PENTO::kCells;
-  if (given.has("repeats")) return PieceSet::ofEach(std::max(pieces, 1));
-  return PieceSet::ofEach(std::max(1, (pieces + PENTO::kTypes - 1) / PENTO::kTypes));
+  if (given.has("repeats")) return solver::PieceSet::ofEach(std::max(pieces, 1));
+  return solver::PieceSet::ofEach(std::max(1, (pieces + PENTO::kTypes - 1) / PENTO::kTypes));
 }
 
-std::string objection(const Shape& shape, const PieceSet& supply) {
+std::string objection(const solver::Shape& shape, const solver::PieceSet& supply) {
   const int area = shape.area();
   if (area % PENTO::kCells != 0)
     return "The shape has " + std::to_string(area) + " cells, which is no multiple of 5.";
@@ -123,47 +123,47 @@ std::string objection(const Shape& shape, const PieceSet& supply) {
   return {};
 }
 
-Limits limitsFrom(const Given& given, Surroundings& surroundings) {
-  Limits limits;
+solver::Limits limitsFrom(const Given& given, Surroundings& surroundings) {
+  solver::Limits limits;
   limits.nodes = static_cast<std::uint64_t>(
       given.number("limit", -1, 1, std::numeric_limits<long long>::max()));
   if (!given.has("quiet")) {
     limits.reportEvery = std::uint64_t{1} << 27;  // some seconds
-    limits.progress = [&err = surroundings.err](const Work& work) {
+    limits.progress = [&err = surroundings.err](const solver::Work& work) {
       err << "... " << work.nodes << " nodes, " << work.solutions << " solutions so far\n";
     };
   }
   return limits;
 }
 
-Solver::Answer solve(const Subject& subject, const PieceSet& supply, const Limits& limits,
-                     const TypeOrder& order) {
-  Solver::Problem rest{subject.shape, supply};
-  Solver::Answer whole{Solution{}, {}};
+solver::Answer solve(const Subject& subject, const solver::PieceSet& supply,
+                     const solver::Limits& limits, const solver::TypeOrder& order) {
+  solver::Problem rest{subject.shape, supply};
+  solver::Answer whole{solver::Solution{}, {}};
   std::set<int> drawn;
   for (const auto& [cell, type] : subject.types) {
     drawn.insert(type);
     rest.shape.set(cell, false);
   }
   for (const int type : drawn) {
-    PieceSet only;
+    solver::PieceSet only;
     only[type] = supply[type];
-    const Solver::Problem part{cellsOfType(subject, type), only};
+    const solver::Problem part{cellsOfType(subject, type), only};
     rest.supply[type] -= part.shape.area() / PENTO::kCells;
-    add(whole, Solver::findSolution(part, limits, order));
+    add(whole, solver::findSolution(part, limits, order));
     if (!whole.solution) return whole;
   }
-  add(whole, Solver::findSolution(rest, limits, order));
+  add(whole, solver::findSolution(rest, limits, order));
   whole.work.solutions = whole.solution.has_value();
   return whole;
 }
 
-Solution solutionOf(const Subject& subject, const PieceSet& supply, const Limits& limits,
-                    const TypeOrder& order) {
+solver::Solution solutionOf(const Subject& subject, const solver::PieceSet& supply,
+                            const solver::Limits& limits, const solver::TypeOrder& order) {
   if (!subject.solution.empty()) return subject.solution;
   if (const std::string reason = objection(subject.shape, supply); !reason.empty())
     throw Refusal(reason);
-  const Solver::Answer answer = solve(subject, supply, limits, order);
+  const solver::Answer answer = solve(subject, supply, limits, order);
   if (answer.solution) return *answer.solution;
   const std::string pieces = pieceLetters(supply);
   if (!answer.work.complete)

@@ -8,10 +8,11 @@ namespace puzzle {
 /// What a drawing or a puzzle file says.
 struct Subject {
   std::string name;  ///< the file's name without folder and extension
-  Shape shape;
-  Solution solution;               ///< empty when a drawing shows only the shape
-  std::map<Cell, int> types;       ///< cells of a drawing that belong to a piece of a certain type
-  std::optional<PieceSet> supply;  ///< the pieces that the file names
+  solver::Shape shape;
+  solver::Solution solution;  ///< empty when a drawing shows only the shape
+  std::map<solver::Cell, int>
+      types;  ///< cells of a drawing that belong to a piece of a certain type
+  std::optional<solver::PieceSet> supply;  ///< the pieces that the file names
 };
 
 /// The whole file, or standard input for "-". Errors: Refusal.
@@ -26,21 +27,23 @@ Subject readSubject(const std::string& file, Surroundings& surroundings);
 
 /// The pieces to solve with: --pieces, else what the file names, else all different ones as long as
 /// there are enough (with --repeats: any).
-PieceSet supplyFor(const Subject& subject, const Given& given);
+solver::PieceSet supplyFor(const Subject& subject, const Given& given);
 
 /// Why the shape is no puzzle or cannot be solved with the supply; empty when it may be.
-std::string objection(const Shape& shape, const PieceSet& supply);
+std::string objection(const solver::Shape& shape, const solver::PieceSet& supply);
 
 /// Limits from --limit, with a line of progress on `err` now and then.
-Limits limitsFrom(const Given& given, Surroundings& surroundings);
+solver::Limits limitsFrom(const Given& given, Surroundings& surroundings);
 
 /// A tiling of the subject that keeps to the letters drawn.
-Solver::Answer solve(const Subject& subject, const PieceSet& supply, const Limits& limits,
-                     const TypeOrder& order = kAwkwardFirst);
+solver::Answer solve(const Subject& subject, const solver::PieceSet& supply,
+                     const solver::Limits& limits,
+                     const solver::TypeOrder& order = solver::kAwkwardFirst);
 
 /// The solution that the subject shows, or a found one.
 /// Errors: Refusal that says what cannot be tiled by which pieces.
-Solution solutionOf(const Subject& subject, const PieceSet& supply, const Limits& limits,
-                    const TypeOrder& order = kAwkwardFirst);
+solver::Solution solutionOf(const Subject& subject, const solver::PieceSet& supply,
+                            const solver::Limits& limits,
+                            const solver::TypeOrder& order = solver::kAwkwardFirst);
 
 }  // namespace puzzle

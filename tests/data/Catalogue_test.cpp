@@ -30,7 +30,7 @@ puzzle::Drawing drawingOf(std::string_view key) {
   return puzzle::readDrawing(bytesOf(fileOf(key, ".txt")));
 }
 
-Solver::Problem problemOf(std::string_view key) {
+solver::Problem problemOf(std::string_view key) {
   const puzzle::Drawing drawing = drawingOf(key);
   return {drawing.shape, puzzle::readPieces(drawing.headers.at("pieces"))};
 }
@@ -40,14 +40,14 @@ class CataloguePuzzles : public testing::Test {
  protected:
   void SetUp() override { basTiles::fDeveloperVersion = true; }
 
-  Shape arrangement() const {
-    Shape covered(kBoard, kBoard);
+  solver::Shape arrangement() const {
+    solver::Shape covered(kBoard, kBoard);
     for (int x = 0; x < kBoard; ++x)
       for (int y = 0; y < kBoard; ++y) covered.set({x, y}, editor.PentoID(x, y) > 0);
     return covered;
   }
-  PieceSet pieces() const {
-    PieceSet set = PieceSet::ofEach(0);
+  solver::PieceSet pieces() const {
+    solver::PieceSet set = solver::PieceSet::ofEach(0);
     for (const auto& [id, piece] : editor.PentoCollection()) ++set[piece->PentoType()];
     return set;
   }
@@ -58,19 +58,19 @@ class CataloguePuzzles : public testing::Test {
 
 /// The shape's cells in whichever of its eight positions comes first, so that equal shapes are
 /// equal however they lie.
-std::vector<Cell> canonical(const Shape& shape) {
-  std::vector<Cell> first;
-  for (const Symmetry symmetry : kSymmetries) {
-    std::vector<Cell> cells = shape.trimmed().transformed(symmetry).trimmed().cells();
+std::vector<solver::Cell> canonical(const solver::Shape& shape) {
+  std::vector<solver::Cell> first;
+  for (const solver::Symmetry symmetry : solver::kSymmetries) {
+    std::vector<solver::Cell> cells = shape.trimmed().transformed(symmetry).trimmed().cells();
     if (first.empty() || cells < first) first = std::move(cells);
   }
   return first;
 }
 
-Shape enlarged(int type, int times) {
+solver::Shape enlarged(int type, int times) {
   PENTO piece;
   piece.PentoType(static_cast<std::int16_t>(type));
-  Shape shape(piece.Width() * times, piece.Height() * times);
+  solver::Shape shape(piece.Width() * times, piece.Height() * times);
   for (int cell = 0; cell < PENTO::kCells; ++cell)
     for (int x = 0; x < times; ++x)
       for (int y = 0; y < times; ++y)
@@ -78,9 +78,9 @@ Shape enlarged(int type, int times) {
   return shape;
 }
 
-bool isCentred(const Shape& onBoard) {
+bool isCentred(const solver::Shape& onBoard) {
   int left = kBoard, right = -1, top = kBoard, bottom = -1;
-  for (const Cell cell : onBoard.cells()) {
+  for (const solver::Cell cell : onBoard.cells()) {
     left = std::min(left, cell.x);
     right = std::max(right, cell.x);
     top = std::min(top, cell.y);
@@ -116,7 +116,7 @@ TEST(Catalogue, GrowsFromTabToTabAndRepeatsNoPieceBeforeItMust) {
                                                             {Catalogue::kExpert, {9, 15}}};
   for (const Catalogue::Entry& entry : Catalogue::entries()) {
     SCOPED_TRACE(entry.key);
-    const PieceSet supply = problemOf(entry.key).supply;
+    const solver::PieceSet supply = problemOf(entry.key).supply;
     EXPECT_GE(supply.total(), sizes.at(entry.tab).first);
     EXPECT_LE(supply.total(), sizes.at(entry.tab).second);
     const int mostOfOne = *std::max_element(supply.count.begin(), supply.count.end());
@@ -125,7 +125,7 @@ TEST(Catalogue, GrowsFromTabToTabAndRepeatsNoPieceBeforeItMust) {
 }
 
 TEST(Catalogue, HasNoShapeTwice) {
-  std::map<std::vector<Cell>, std::string_view> seen;
+  std::map<std::vector<solver::Cell>, std::string_view> seen;
   for (const Catalogue::Entry& entry : Catalogue::entries()) {
     const auto [other, isNew] = seen.emplace(canonical(problemOf(entry.key).shape), entry.key);
     EXPECT_TRUE(isNew) << entry.key << " is " << other->second;
@@ -149,7 +149,7 @@ TEST_F(CataloguePuzzles, RebuildTheirDrawings) {
   for (const Catalogue::Entry& entry : Catalogue::entries()) {
     SCOPED_TRACE(entry.key);
     ASSERT_TRUE(basTiles::LoadPuzzle(fileOf(entry.key, ".qzl"), true)) << basTiles::LastFileError;
-    const Solver::Problem problem = problemOf(entry.key);
+    const solver::Problem problem = problemOf(entry.key);
     EXPECT_EQ(arrangement().trimmed(), problem.shape.trimmed());
     EXPECT_TRUE(isCentred(arrangement()));
     EXPECT_EQ(pieces(), problem.supply);
@@ -161,12 +161,12 @@ TEST_F(CataloguePuzzles, RebuildTheirDrawings) {
 TEST(Catalogue, IsSolvedFromShapesAndPiecesAlone) {
   for (const Catalogue::Entry& entry : Catalogue::entries()) {
     SCOPED_TRACE(entry.key);
-    const Solver::Problem problem = problemOf(entry.key);
-    const auto answer = Solver::findSolution(problem);
+    const solver::Problem problem = problemOf(entry.key);
+    const auto answer = solver::findSolution(problem);
     ASSERT_TRUE(answer.solution);
-    Shape covered(problem.shape.width(), problem.shape.height());
-    for (const Placement& placement : *answer.solution) {
-      for (const Cell cell : cellsOf(placement)) {
+    solver::Shape covered(problem.shape.width(), problem.shape.height());
+    for (const solver::Placement& placement : *answer.solution) {
+      for (const solver::Cell cell : cellsOf(placement)) {
         EXPECT_FALSE(covered.contains(cell));
         covered.set(cell);
       }
@@ -175,7 +175,7 @@ TEST(Catalogue, IsSolvedFromShapesAndPiecesAlone) {
   }
 }
 
-// The table was made by the plain search; the count here takes the fastest road.
+// The table was made by the plain search; the count here takes the fastest strategy.
 TEST(Catalogue, HasAsManySolutionsAsItsProofSays) {
   std::ifstream proof(kSource / "puzzles/PROOF.md");
   std::map<std::string, std::uint64_t> proved;
@@ -188,7 +188,8 @@ TEST(Catalogue, HasAsManySolutionsAsItsProofSays) {
   }
   for (const Catalogue::Entry& entry : Catalogue::entries()) {
     SCOPED_TRACE(entry.key);
-    const Work work = Solver::countSolutions(problemOf(entry.key), Counting::UpToSymmetry);
+    const solver::Work work =
+        solver::countSolutions(problemOf(entry.key), solver::Counting::UpToSymmetry);
     EXPECT_EQ(work.solutions, proved[std::string(entry.key)]);
   }
 }

@@ -22,7 +22,7 @@ std::optional<std::string> outputOf(const std::vector<std::string>& words,
   return {};
 }
 
-std::vector<Cell> shapeOf(const std::string& drawing) {
+std::vector<solver::Cell> shapeOf(const std::string& drawing) {
   return puzzle::readDrawing(drawing).shape.trimmed().cells();
 }
 

@@ -7,11 +7,13 @@
 #include "model/PENTOGRID.h"
 #include "solver/Solver.h"
 
+namespace solver {
+
 /// The slow and obvious way: lay the model's own pieces onto the model's own grid, wherever
 /// AddPento lets them cover the first empty cell. Shares nothing with the solver but its types.
 class BruteForce {
  public:
-  explicit BruteForce(const Solver::Problem& problem) : left_(problem.supply) {
+  explicit BruteForce(const Problem& problem) : left_(problem.supply) {
     const Shape& shape = problem.shape;
     grid_.SetGridSize(static_cast<std::int16_t>(shape.width()),
                       static_cast<std::int16_t>(shape.height()));
@@ -98,3 +100,5 @@ inline PieceSet randomSupply(std::mt19937& random) {
   for (int& count : supply.count) count = static_cast<int>(random() % 4);
   return supply;
 }
+
+}  // namespace solver

@@ -4,6 +4,8 @@
 
 #include "solver/Placement.h"
 
+namespace solver {
+
 TEST(Shape, EverySymmetryIsUndoneByItsInverse) {
   Shape shape(4, 3);
   for (const Cell cell : {Cell{0, 0}, Cell{1, 0}, Cell{3, 0}, Cell{1, 2}}) shape.set(cell);
@@ -58,3 +60,5 @@ TEST(Placement, IsFoundBackFromItsCellsAndTurnsAsItsCellsDo) {
   EXPECT_THROW(placementCovering({{{0, 0}, {0, 1}, {0, 2}, {0, 3}, {1, 4}}}),
                std::invalid_argument);
 }
+
+}  // namespace solver

@@ -4,9 +4,9 @@
 
 #include "tests/solver/BruteForce.h"
 
-namespace {
+namespace solver {
 
-using Solver::Problem;
+namespace {
 
 Shape holedSquare() {
   Shape shape = Shape::rectangle(8, 8);
@@ -20,10 +20,10 @@ Solution sorted(Solution solution) {
   return solution;
 }
 
-std::set<Solution> allOf(const Problem& problem, Counting counting, Solver::Road road) {
+std::set<Solution> allOf(const Problem& problem, Counting counting, Strategy strategy) {
   std::set<Solution> found;
   const auto keep = [&](const Solution& solution) { return found.insert(sorted(solution)).second; };
-  const Work work = Solver::forEachSolution(problem, counting, keep, {}, road);
+  const Work work = forEachSolution(problem, counting, keep, {}, strategy);
   EXPECT_TRUE(work.complete) << "a solution came twice";
   EXPECT_EQ(work.solutions, found.size());
   return found;
@@ -41,8 +41,8 @@ std::set<Solution> orbitsOf(const std::set<Solution>& solutions, const Shape& sh
   return smallest;
 }
 
-const std::vector<Solver::Road> kRoads{Solver::Road::Scan, Solver::Road::Pinned,
-                                       Solver::Road::Meeting, Solver::Road::Best};
+const std::vector<Strategy> kStrategies{Strategy::Scan, Strategy::Branch, Strategy::Meet,
+                                        Strategy::Best};
 
 struct KnownCount {
   Shape shape;
@@ -58,10 +58,9 @@ TEST(Solver, FindsTheKnownCounts) {
                                       {Shape::rectangle(6, 10), 9356, 2339},
                                       {holedSquare(), 520, 65}};
   for (const KnownCount& entry : known)
-    for (const Solver::Road road : kRoads) {
-      EXPECT_EQ(Solver::countSolutions({entry.shape}, Counting::All, {}, road).solutions,
-                entry.all);
-      EXPECT_EQ(Solver::countSolutions({entry.shape}, Counting::UpToSymmetry, {}, road).solutions,
+    for (const Strategy strategy : kStrategies) {
+      EXPECT_EQ(countSolutions({entry.shape}, Counting::All, {}, strategy).solutions, entry.all);
+      EXPECT_EQ(countSolutions({entry.shape}, Counting::UpToSymmetry, {}, strategy).solutions,
                 entry.upToSymmetry);
     }
 }
@@ -74,15 +73,16 @@ TEST(Solver, FindsExactlyTheSolutionsOfTheSlowWay) {
     const Problem problem{randomShape(random, cells, 4 + round % 3, 8), randomSupply(random)};
     const std::set<Solution> expected = BruteForce(problem).solutions();
     solvable += !expected.empty();
-    for (const Solver::Road road : kRoads)
-      ASSERT_EQ(allOf(problem, Counting::All, road), expected) << "round " << round;
-    EXPECT_EQ(Solver::findSolution(problem).solution.has_value(), !expected.empty());
+    for (const Strategy strategy : kStrategies)
+      ASSERT_EQ(allOf(problem, Counting::All, strategy), expected) << "round " << round;
+    EXPECT_EQ(findSolution(problem).solution.has_value(), !expected.empty());
   }
   EXPECT_GT(solvable, 20u) << "the rounds prove little";
 }
 
-/// What the fast roads ask for: different pieces, all of them used, and now and then a symmetry.
-TEST(Solver, FindsTheSameOnEveryRoadWithDifferentPieces) {
+/// What the fast strategies ask for: different pieces, all of them used, and now and then a
+/// symmetry.
+TEST(Solver, FindsTheSameByEveryStrategyWithDifferentPieces) {
   std::mt19937 random(4711);
   std::size_t solvable = 0;
   for (int round = 0; round < 60; ++round) {
@@ -97,10 +97,10 @@ TEST(Solver, FindsTheSameOnEveryRoadWithDifferentPieces) {
     const std::set<Solution> expected = BruteForce(problem).solutions();
     solvable += !expected.empty();
     const Shape trimmed = problem.shape.trimmed();
-    for (const Solver::Road road : kRoads) {
-      ASSERT_EQ(allOf(problem, Counting::All, road), expected) << "round " << round;
+    for (const Strategy strategy : kStrategies) {
+      ASSERT_EQ(allOf(problem, Counting::All, strategy), expected) << "round " << round;
       if (trimmed == problem.shape) {
-        ASSERT_EQ(orbitsOf(allOf(problem, Counting::UpToSymmetry, road), problem.shape),
+        ASSERT_EQ(orbitsOf(allOf(problem, Counting::UpToSymmetry, strategy), problem.shape),
                   orbitsOf(expected, problem.shape))
             << "round " << round;
       }
@@ -122,8 +122,8 @@ TEST(Solver, DeliversOneSolutionOfEachOrbit) {
     const std::set<Solution> all = BruteForce(problem).solutions();
     const std::set<Solution> expected = orbitsOf(all, problem.shape);
     EXPECT_LT(expected.size(), all.size());
-    for (const Solver::Road road : kRoads) {
-      const std::set<Solution> found = allOf(problem, Counting::UpToSymmetry, road);
+    for (const Strategy strategy : kStrategies) {
+      const std::set<Solution> found = allOf(problem, Counting::UpToSymmetry, strategy);
       EXPECT_EQ(found.size(), expected.size());
       EXPECT_EQ(orbitsOf(found, problem.shape), expected);
     }
@@ -131,12 +131,12 @@ TEST(Solver, DeliversOneSolutionOfEachOrbit) {
 }
 
 TEST(Solver, CountsTheSameWithAndWithoutDelivering) {
-  for (const Solver::Road road : kRoads)
+  for (const Strategy strategy : kStrategies)
     for (const Counting counting : {Counting::All, Counting::UpToSymmetry}) {
       const Problem problem{Shape::rectangle(4, 15)};
-      Work delivered = Solver::forEachSolution(
-          problem, counting, [](const Solution&) { return true; }, {}, road);
-      const Work counted = Solver::countSolutions(problem, counting, {}, road);
+      Work delivered = forEachSolution(
+          problem, counting, [](const Solution&) { return true; }, {}, strategy);
+      const Work counted = countSolutions(problem, counting, {}, strategy);
       EXPECT_EQ(delivered.solutions, counted.solutions);
       EXPECT_EQ(delivered.nodes, counted.nodes) << "two runs, two amounts of work";
     }
@@ -145,7 +145,7 @@ TEST(Solver, CountsTheSameWithAndWithoutDelivering) {
 TEST(Solver, SolvesWideShapesWithManyPiecesOfAType) {
   for (const int side : {14, 15, 20, 30}) {
     const Problem problem{Shape::rectangle(side, 35), PieceSet::ofEach(30)};
-    const Solver::Answer answer = Solver::findSolution(problem);
+    const Answer answer = findSolution(problem);
     ASSERT_TRUE(answer.solution) << side;
     Shape covered(side, 35);
     for (const Placement& placement : *answer.solution)
@@ -155,19 +155,19 @@ TEST(Solver, SolvesWideShapesWithManyPiecesOfAType) {
       }
     EXPECT_EQ(covered, problem.shape);
   }
-  EXPECT_THROW(Solver::findSolution({Shape::rectangle(35, 31), PieceSet::ofEach(99)}),
+  EXPECT_THROW(findSolution({Shape::rectangle(35, 31), PieceSet::ofEach(99)}),
                std::invalid_argument);
 }
 
 TEST(Solver, KnowsWithoutSearchingWhatCannotBeTiled) {
   for (const Problem& problem : {Problem{Shape::rectangle(4, 4)}, Problem{Shape::rectangle(5, 13)},
                                  Problem{Shape::rectangle(5, 2), PieceSet::ofEach(0)}}) {
-    const Work work = Solver::countSolutions(problem, Counting::All);
+    const Work work = countSolutions(problem, Counting::All);
     EXPECT_EQ(work.solutions, 0u);
     EXPECT_EQ(work.nodes, 0u);
     EXPECT_TRUE(work.complete);
   }
-  EXPECT_EQ(Solver::countSolutions({Shape(3, 3)}, Counting::All).solutions, 1u);
+  EXPECT_EQ(countSolutions({Shape(3, 3)}, Counting::All).solutions, 1u);
 }
 
 TEST(Solver, StopsAtItsLimitsAndReportsOnTheWay) {
@@ -177,7 +177,7 @@ TEST(Solver, StopsAtItsLimitsAndReportsOnTheWay) {
   limits.reportEvery = 10000;
   std::vector<std::uint64_t> reports;
   limits.progress = [&](const Work& work) { reports.push_back(work.nodes); };
-  const Work work = Solver::countSolutions(problem, Counting::All, limits, Solver::Road::Scan);
+  const Work work = countSolutions(problem, Counting::All, limits, Strategy::Scan);
   EXPECT_FALSE(work.complete);
   EXPECT_EQ(work.nodes, 100000u);
   ASSERT_EQ(reports.size(), 9u);
@@ -189,7 +189,7 @@ TEST(Solver, StopsAtItsLimitsAndReportsOnTheWay) {
   limits.nodes = 5000;
   limits.reportEvery = 1000;
   reports.clear();
-  const Solver::Answer none = Solver::findSolution(hopeless, limits);
+  const Answer none = findSolution(hopeless, limits);
   EXPECT_FALSE(none.solution);
   EXPECT_FALSE(none.work.complete) << "nothing is proved yet";
   EXPECT_EQ(none.work.nodes, 5000u);
@@ -197,10 +197,12 @@ TEST(Solver, StopsAtItsLimitsAndReportsOnTheWay) {
 
   Limits few;
   few.solutions = 2;
-  for (const Solver::Road road : kRoads) {
-    const Work two = Solver::countSolutions(problem, Counting::All, few, road);
+  for (const Strategy strategy : kStrategies) {
+    const Work two = countSolutions(problem, Counting::All, few, strategy);
     EXPECT_GE(two.solutions, 2u);
     EXPECT_LE(two.solutions, 8u);  // symmetric ones come together
     EXPECT_FALSE(two.complete);
   }
 }
+
+}  // namespace solver

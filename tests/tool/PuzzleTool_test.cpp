@@ -54,10 +54,10 @@ TEST_F(PuzzleTool, MakesAFileThatIsSoundCentredAndUnlocked) {
   const puzzle::PuzzleFile file = puzzle::readPuzzleFile(bytes);
   EXPECT_EQ(file.lockFlag, 'U');
   EXPECT_EQ(file.version.revision, QUINZOLITH_VERSION_REVISION);
-  EXPECT_EQ(file.shape().trimmed(), Shape::rectangle(10, 6));
+  EXPECT_EQ(file.shape().trimmed(), solver::Shape::rectangle(10, 6));
   EXPECT_TRUE(file.shape().contains({2, 4}));   // 12 - 10 = 2 free columns, one each side
   EXPECT_TRUE(file.shape().contains({11, 9}));  // 12 - 6 = 6 free rows, three each side
-  EXPECT_EQ(puzzle::piecesOf(file.solution()), PieceSet::ofEach(1));
+  EXPECT_EQ(puzzle::piecesOf(file.solution()), solver::PieceSet::ofEach(1));
   EXPECT_EQ(run({"check", path("sound.qzl")}), puzzle::kDone);
   EXPECT_EQ(out_, "");
   EXPECT_EQ(run({"make", "--locked", "-", "-"}, "#####\n"), puzzle::kDone);
@@ -152,7 +152,7 @@ TEST_F(PuzzleTool, GeneratesWhatIsAskedForAndRepeatsASeed) {
   const std::string first = out_;
   const puzzle::Drawing drawing = puzzle::readDrawing(first);
   EXPECT_EQ(drawing.shape.area(), 25);
-  const Shape shape = drawing.shape.trimmed();
+  const solver::Shape shape = drawing.shape.trimmed();
   EXPECT_EQ(shape.transformed({0, true}), shape);
   EXPECT_LE(shape.width(), 7);
   EXPECT_LE(shape.height(), 6);

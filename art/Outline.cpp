@@ -1,4 +1,4 @@
-#include "art/Shape.h"
+#include "art/Outline.h"
 
 #include <algorithm>
 #include <array>

@@ -1,19 +1,19 @@
-#include "solver/Roads.h"
 #include "solver/Scan.h"
+#include "solver/Strategies.h"
 
-namespace Roads {
+namespace solver {
 
-void pinned(const Shape& shape, const PieceSet& supply, const Pin& pin, Delivery& delivery,
-            WorkMeter& meter) {
+void branchAndScan(const Shape& shape, const PieceSet& supply, const Branching& branching,
+                   Delivery& delivery, WorkMeter& meter) {
   PieceSet others = supply;
-  --others[pin.type];
+  --others[branching.type];
   Scan<Bits64> scan(shape);
-  for (const PinnedPlace& place : pin.places) {
+  for (const Branch& place : branching.places) {
     Shape rest = shape;
     for (const Cell cell : cellsOf(place.placement)) rest.set(cell, false);
     scan.layout = ScanShape<Bits64>(rest);
     const auto take = [&](std::span<const Step> steps, Bits64, int) {
-      return delivery.take(place.harvest, [&] {
+      return delivery.take(place.breaking, [&] {
         Solution solution = scan.solutionOf(steps);
         solution.push_back(place.placement);
         return solution;
@@ -23,4 +23,4 @@ void pinned(const Shape& shape, const PieceSet& supply, const Pin& pin, Delivery
   }
 }
 
-}  // namespace Roads
+}  // namespace solver

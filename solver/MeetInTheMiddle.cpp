@@ -1,15 +1,15 @@
 #include "solver/Profiles.h"
-#include "solver/Roads.h"
 #include "solver/Scan.h"
+#include "solver/Strategies.h"
 
-namespace Roads {
+namespace solver {
 
 namespace {
 
 constexpr int kFewestPieces = 6;
-/// Where the parts meet, in hundredths of the cells; later only for the sake of the pin.
+/// Where the parts meet, in hundredths of the cells; later only for the sake of the branching.
 constexpr std::size_t kMeetAt = 42, kMeetAtMost = 50;
-/// Steps of all partial tilings beyond which the road is given up.
+/// Steps of all partial tilings beyond which the search gives up.
 constexpr std::size_t kMostSteps = 4'000'000;
 
 /// A partial tiling: its steps lie behind those of the others in one list.
@@ -17,7 +17,7 @@ struct Partial {
   Profiles::Id profile = 0;
   Profiles::Pieces used = 0;
   std::uint32_t firstStep = 0, steps = 0;
-  const PinnedPlace* pinned = nullptr;
+  const Branch* branch = nullptr;
 };
 
 /// What the first part leaves behind. Kept from call to call, as the storage of the profiles is:
@@ -34,22 +34,22 @@ int positionOf(const Shape& shape, std::size_t hundredths) {
   return cell.x * kStride<Bits64> + cell.y;
 }
 
-/// The last position where the pinned piece may have its first cell.
-int lastPosition(const Pin& pin) {
+/// The last position where the piece branched on may have its first cell.
+int lastPosition(const Branching& branching) {
   int last = 0;
-  for (const PinnedPlace& place : pin.places) {
+  for (const Branch& place : branching.places) {
     const Cell first = cellsOf(place.placement)[0];
     last = std::max(last, first.x * kStride<Bits64> + first.y);
   }
   return last;
 }
 
-class Meeting {
+class MeetInTheMiddle {
  public:
-  Meeting(const Shape& shape, const PieceSet& supply, Counting counting,
-          const std::optional<Pin>& pin, WorkMeter& meter, Memory& memory)
+  MeetInTheMiddle(const Shape& shape, const PieceSet& supply, Counting counting,
+                  const std::optional<Branching>& branching, WorkMeter& meter, Memory& memory)
       : shape_(shape),
-        plain_(plainHarvest(shape, counting)),
+        plain_(plainBreaking(shape, counting)),
         scan_(shape),
         meter_(meter),
         memory_(memory),
@@ -59,20 +59,21 @@ class Meeting {
     memory.steps.clear();
     memory.partials.reserve(std::size_t{1} << 16);
     memory.steps.reserve(std::size_t{1} << 18);
-    // A pin that the first part does not always contain is of no use: the profiles do not know it.
-    if (!pin || lastPosition(*pin) >= positionOf(shape, kMeetAtMost)) return;
-    pin_ = &*pin;
-    --others_[pin->type];
-    meetAt_ = std::max(meetAt_, lastPosition(*pin) + 1);
+    // A branching that the first part does not always contain is of no use: the profiles do not
+    // know it.
+    if (!branching || lastPosition(*branching) >= positionOf(shape, kMeetAtMost)) return;
+    branching_ = &*branching;
+    --others_[branching->type];
+    meetAt_ = std::max(meetAt_, lastPosition(*branching) + 1);
   }
 
   /// False when there is too much to hold, or the meter has ended the search.
-  bool search() {
+  bool run() {
     profiles_.emplace(scan_.tables, scan_.layout, others_, memory_.storage);
-    if (!pin_) {
+    if (!branching_) {
       if (!searchFirstPart(scan_.layout, nullptr)) return false;
     } else {
-      for (const PinnedPlace& place : pin_->places) {
+      for (const Branch& place : branching_->places) {
         Shape rest = shape_;
         for (const Cell cell : cellsOf(place.placement)) rest.set(cell, false);
         if (!searchFirstPart(ScanShape<Bits64>(rest), &place)) return false;
@@ -91,7 +92,7 @@ class Meeting {
       const auto first = memory_.steps.begin() + partial.firstStep;
       steps.assign(first, first + partial.steps);
       const auto take = [&](const std::vector<Step>& whole) {
-        return delivery.take(partial.pinned ? partial.pinned->harvest : plain_,
+        return delivery.take(partial.branch ? partial.branch->breaking : plain_,
                              [&] { return solutionOf(whole, partial); });
       };
       if (!profiles_->walk(partial.profile, left, steps, take)) return;
@@ -99,11 +100,11 @@ class Meeting {
   }
 
  private:
-  bool searchFirstPart(const ScanShape<Bits64>& layout, const PinnedPlace* pinned) {
+  bool searchFirstPart(const ScanShape<Bits64>& layout, const Branch* branch) {
     const auto keep = [&](std::span<const Step> steps, Bits64 window, int position) {
       Partial partial{profiles_->idOf(window, position), 0,
                       static_cast<std::uint32_t>(memory_.steps.size()),
-                      static_cast<std::uint32_t>(steps.size()), pinned};
+                      static_cast<std::uint32_t>(steps.size()), branch};
       for (const Step& step : steps)
         partial.used |= profiles_->number(scan_.tables.type(step.orientation));
       memory_.partials.push_back(partial);
@@ -115,18 +116,18 @@ class Meeting {
 
   Solution solutionOf(const std::vector<Step>& steps, const Partial& partial) const {
     Solution solution = scan_.solutionOf(steps);
-    if (partial.pinned) solution.push_back(partial.pinned->placement);
+    if (partial.branch) solution.push_back(partial.branch->placement);
     return solution;
   }
 
   const Shape& shape_;
-  const Harvest plain_;
+  const SymmetryBreaking plain_;
   const Scan<Bits64> scan_;
   WorkMeter& meter_;
   Memory& memory_;
   PieceSet others_;
   int meetAt_;
-  const Pin* pin_ = nullptr;
+  const Branching* branching_ = nullptr;
   std::optional<Profiles> profiles_;
 };
 
@@ -137,13 +138,14 @@ bool canMeet(const Shape& shape, const PieceSet& supply) {
          supply.total() * PENTO::kCells == shape.area();
 }
 
-bool meeting(const Shape& shape, const PieceSet& supply, Counting counting,
-             const std::optional<Pin>& pin, Delivery& delivery, WorkMeter& meter) {
+bool meetInTheMiddle(const Shape& shape, const PieceSet& supply, Counting counting,
+                     const std::optional<Branching>& branching, Delivery& delivery,
+                     WorkMeter& meter) {
   thread_local Memory memory;
-  Meeting road(shape, supply, counting, pin, meter, memory);
-  if (!road.search()) return !meter.work.complete;
-  road.join(delivery);
+  MeetInTheMiddle search(shape, supply, counting, branching, meter, memory);
+  if (!search.run()) return !meter.work.complete;
+  search.join(delivery);
   return true;
 }
 
-}  // namespace Roads
+}  // namespace solver

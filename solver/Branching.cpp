@@ -1,6 +1,8 @@
-#include "solver/Pin.h"
+#include "solver/Branching.h"
 
 #include <algorithm>
+
+namespace solver {
 
 namespace {
 
@@ -22,9 +24,9 @@ std::vector<Placement> placesOf(int type, const Shape& shape) {
 }
 
 /// The place if it is the leftmost of its set.
-std::optional<PinnedPlace> pinned(const Placement& place, const Shape& shape,
-                                  const std::vector<Symmetry>& symmetries, Counting counting) {
-  PinnedPlace result{place, {}};
+std::optional<Branch> branchAt(const Placement& place, const Shape& shape,
+                               const std::vector<Symmetry>& symmetries, Counting counting) {
+  Branch result{place, {}};
   std::vector<Placement> reached;
   std::vector<Symmetry> staying;
   for (const Symmetry symmetry : symmetries) {
@@ -33,15 +35,16 @@ std::optional<PinnedPlace> pinned(const Placement& place, const Shape& shape,
     if (image == place) staying.push_back(symmetry);
     if (std::ranges::find(reached, image) != reached.end()) continue;
     reached.push_back(image);
-    result.harvest.images.push_back(symmetry);
+    result.breaking.images.push_back(symmetry);
   }
-  if (counting == Counting::UpToSymmetry) result.harvest = {staying, {Symmetry{}}};
+  if (counting == Counting::UpToSymmetry) result.breaking = {staying, {Symmetry{}}};
   return result;
 }
 
 }  // namespace
 
-std::optional<Pin> choosePin(const Shape& shape, const PieceSet& supply, Counting counting) {
+std::optional<Branching> chooseBranching(const Shape& shape, const PieceSet& supply,
+                                         Counting counting) {
   const std::vector<Symmetry> symmetries = symmetriesOf(shape);
   const bool allAreUsed = supply.total() * PENTO::kCells == shape.area();
   if (symmetries.size() == 1 || !allAreUsed) return std::nullopt;
@@ -55,8 +58,10 @@ std::optional<Pin> choosePin(const Shape& shape, const PieceSet& supply, Countin
     places = std::move(some);
   }
   if (best < 0) return std::nullopt;
-  Pin pin{best, {}};
+  Branching branching{best, {}};
   for (const Placement& place : places)
-    if (auto kept = pinned(place, shape, symmetries, counting)) pin.places.push_back(*kept);
-  return pin;
+    if (auto kept = branchAt(place, shape, symmetries, counting)) branching.places.push_back(*kept);
+  return branching;
 }
+
+}  // namespace solver
