@@ -1,10 +1,16 @@
 #pragma once
 
 #include <QLineEdit>
-#include <QTimer>
+#include <QPointer>
 #include <functional>
+#include <optional>
 
+#include "board/Hand.h"
+#include "board/Pace.h"
+#include "board/PieceCursor.h"
 #include "board/PropertyBag.h"
+#include "board/RefusalMark.h"
+#include "board/SurfacePlace.h"
 #include "drawing/Composition.h"
 #include "drawing/TextureAtlas.h"
 #include "model/basTiles.h"
@@ -48,6 +54,7 @@ class PENTOWINDOW : public PointerSurface, public PuzzleTarget {
 
   // --- the floating piece ---
   PentoRef FloatingPento() const { return FloatingPento_; }
+  bool Floating() const { return fFloating_; }  ///< a left press lays down instead of picking up
   /// Lets P float here, in place of one that floats already. Paints nothing.
   void FloatingPento(const PentoRef& P);
   void ShowFloatingPento();  ///< paints nothing; the next flush shows the piece
@@ -90,20 +97,31 @@ class PENTOWINDOW : public PointerSurface, public PuzzleTarget {
 
  private:
   enum class CursorShape { Default, Hand, Clear };
+  static constexpr int kBorderStep = 2;  // device pixels from the surface's corner to its picture
 
   // geometry
-  void centreSurface(double width, double height);
+  void centreSurface(const QSizeF& surface);
   void UserControl_Resize();
   void noticeSize();
   PENTOGRID& assignedGrid() const;
-  double innerWidth() const;   // twips
-  double innerHeight() const;  // twips
+  QPointF surfacePoint(const QPoint& pixel) const;
 
   // painting
   void pctFore_Paint();
   void FlushDirty();
   void InvalidateFloating();
+  void redrawFloating();
   DirtyRectangle floatingBox() const;
+  bool showsPiece() const;
+
+  // the floating piece
+  Hand& hand() const;
+  QPoint floatingPlace() const;
+  bool showsStalePicture() const;
+  void showOffSurface();
+  void floats(bool piece);
+  void grabCentre();
+  bool RecenterGrab();  // true when it redrew
 
   // handling
   void pctFore_MouseMove(double x, double y);
@@ -116,18 +134,14 @@ class PENTOWINDOW : public PointerSurface, public PuzzleTarget {
   void turn();
   void mirrorThroughKeyBox();
   bool easyModeAllows(const char* question);
-  void moveFloatingTo(double x, double y);
-  bool RecenterGrab();  // true when it redrew
+  void showRefusal();
   void placeCursor(double x, double y);
   void showCursor(CursorShape shape);
   bool windowIsActive() const;
 
   // tracking
   void TrackCursor();
-  void followOutside(const basKelvoWinAPI::POINT& p, const basKelvoWinAPI::RECT& box);
-  void choosePace();
-  void quicken();
-  void tickEvery(int milliseconds);
+  void followOutside(const basKelvoWinAPI::POINT& p);
   bool nothingToSee() const;
   void raise(const std::function<void()>& event) {
     if (event) event();
@@ -135,7 +149,8 @@ class PENTOWINDOW : public PointerSurface, public PuzzleTarget {
 
   PictureBox* pctFore_;
   QLineEdit* txtKey_;
-  QTimer tmrHideFloat_;
+  RefusalMark* refusal_;
+  Pace pace_;
   TextureAtlas atlas_;
   Composition composition_;
 
@@ -144,8 +159,8 @@ class PENTOWINDOW : public PointerSurface, public PuzzleTarget {
   bool fResizing_ = false;
   QSize handledSize_{-1, -1};
   DirtyRectangle dirty_;
-  double surfaceLeft_ = 0;  // twips
-  double surfaceTop_ = 0;   // twips
+  SurfacePlace place_;
+  std::optional<QPoint> drawnAt_;  // where the surface shows the floating piece
 
   PentoRef FloatingPento_;
   bool fFloating_ = false;
@@ -157,6 +172,8 @@ class PENTOWINDOW : public PointerSurface, public PuzzleTarget {
   std::int16_t LastButton_ = 0;
   basKelvoWinAPI::POINT LastCursor_{0, 0};
   CursorShape cursor_ = CursorShape::Default;
+  PieceCursor pieceCursor_;
+  mutable QPointer<Hand> hand_;
   bool Pickup_ = false;
   bool DisplayHint_ = false;
 };

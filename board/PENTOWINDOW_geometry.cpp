@@ -10,46 +10,35 @@ constexpr double kKeyBoxBelow = 1000;  // twips below the visible area
 
 }  // namespace
 
-double PENTOWINDOW::innerWidth() const {
-  return width() * Twips::perPixel(*this);
-}
-double PENTOWINDOW::innerHeight() const {
-  return height() * Twips::perPixel(*this);
-}
-
 void PENTOWINDOW::TileSize(std::int16_t pixels) {
   if (pixels == 0) return;
   noticeSize();
   const PENTOGRID& grid = assignedGrid();
-  centreSurface(pixels * grid.Width() * Twips::perDevicePixelX(*this),
-                pixels * grid.Height() * Twips::perDevicePixelY(*this));
-  quicken();
+  centreSurface(QSizeF(pixels * grid.Width(), pixels * grid.Height()));
+  pace_.rest(false);
   atlas_.load(textureFile(Program::ColorDepth), pixels);  // last: without a picture it throws
 }
 
-/// Gives the surface a size in twips and stands it in the middle of the control.
-void PENTOWINDOW::centreSurface(double width, double height) {
-  const double unitX = Twips::perDevicePixelX(*this), unitY = Twips::perDevicePixelY(*this);
-  surfaceLeft_ = (innerWidth() - width) / 2;
-  surfaceTop_ = (innerHeight() - height) / 2;
-  pctFore_->setPlace({surfaceLeft_ / unitX, surfaceTop_ / unitY},
-                     {nearest(width / unitX), nearest(height / unitY)});
+/// Gives the surface a size in device pixels and stands it in the middle of the control.
+void PENTOWINDOW::centreSurface(const QSizeF& surface) {
+  place_ = SurfacePlace::centred(QSizeF(size()) * devicePixelRatioF(), surface);
+  pctFore_->setPlace(place_.corner, place_.outer);
 }
 
 void PENTOWINDOW::UserControl_Resize() {
   fResizing_ = true;
-  const double unit = Twips::perPixel(*this);
   if (!grid_) {
-    centreSurface(innerWidth(), innerHeight());
+    centreSurface(QSizeF(size()) * devicePixelRatioF());
   } else {
     // The height of a caption button is a number of pixels; it was always added as one of twips.
     const double margin = 2.0 * basKelvoWinAPI::GetSystemMetrics(basKelvoWinAPI::SM_CYSIZE);
     const int s = atlas_.tileWidth();
-    centreSurface(s * grid_->Width() * Twips::perDevicePixelX(*this) + margin,
-                  s * grid_->Height() * Twips::perDevicePixelY(*this) + margin);
+    centreSurface(QSizeF(s * grid_->Width() + margin / Twips::perDevicePixelX(*this),
+                         s * grid_->Height() + margin / Twips::perDevicePixelY(*this)));
   }
   fResizing_ = false;
-  txtKey_->move(nearest(surfaceLeft_ / unit), nearest((innerHeight() + kKeyBoxBelow) / unit));
+  txtKey_->move(nearest(place_.corner.x() / devicePixelRatioF()),
+                nearest(height() + kKeyBoxBelow / Twips::perPixel(*this)));
   pctFore_Paint();
 }
 

@@ -16,18 +16,7 @@ constexpr const char* kAskRotate =
 constexpr const char* kAskFlip =
     "In easy mode, the pentominoes don't need to be rotated or flipped.  Are you sure you want to "
     "flip?";
-constexpr int kBorderStep = 2;        // from the surface's outer corner to its picture
-constexpr double kCentredEnough = 2;  // pixels by which the grab point may miss the centre
 constexpr int kLongestKeyText = 1000;
-
-std::int16_t nearest16(double value) {
-  return static_cast<std::int16_t>(nearest(value));
-}
-
-/// Half of so many tiles, rounded: the centre of a piece along one side.
-std::int16_t centreOf(int tile, int cells) {
-  return nearest16(tile * cells / 2.0);
-}
 
 const QCursor& imgHand() {
   static const QCursor cursor(QPixmap(":/pictures/hand.png"), pictures::kHand.x, pictures::kHand.y);
@@ -60,39 +49,6 @@ void PENTOWINDOW::showCursor(CursorShape shape) {
   }
 }
 
-void PENTOWINDOW::FloatingPento(const PentoRef& P) {
-  if (!P) return;
-  FloatingPento_ = P;
-  fFloating_ = true;
-  if (!fKeepGrab_) {
-    GrabX_ = centreOf(atlas_.tileWidth(), P->Width());
-    GrabY_ = centreOf(atlas_.tileWidth(), P->Height());
-  }
-  fKeepGrab_ = false;
-  showCursor(CursorShape::Clear);
-  InvalidateFloating();
-  quicken();
-}
-
-void PENTOWINDOW::ShowFloatingPento() {
-  if (!fFloatVisible_) quicken();
-  fFloatVisible_ = true;
-}
-
-void PENTOWINDOW::HideFloatingPento() {
-  if (!fFloating_) return;
-  fFloatVisible_ = false;
-  InvalidateFloating();
-  FlushDirty();
-}
-
-void PENTOWINDOW::RemoveFloatingPento() {
-  fFloating_ = false;
-  FloatingPento_.reset();
-  showCursor(CursorShape::Default);
-  pctFore_Paint();
-}
-
 /// The hand over a piece that can be picked up.
 void PENTOWINDOW::hover(double x, double y) {
   if (fFloating_ || !grid_) return;
@@ -104,7 +60,7 @@ void PENTOWINDOW::hover(double x, double y) {
 }
 
 void PENTOWINDOW::pctFore_MouseMove(double x, double y) {
-  quicken();
+  pace_.rest(false);
   hover(x, y);
   if (!windowIsActive()) {
     HideFloatingPento();
@@ -120,15 +76,13 @@ void PENTOWINDOW::pctFore_MouseMove(double x, double y) {
   fFloatVisible_ = true;
   if (!fFloating_) return;
   if (cursor_ == CursorShape::Default) showCursor(CursorShape::Clear);
-  // Its position may still be the other control's, and would throw the cursor off.
-  moveFloatingTo(x - GrabX_, y - GrabY_);
-  if (RecenterGrab()) moveFloatingTo(x - GrabX_, y - GrabY_);
-  InvalidateFloating();
-  FlushDirty();
+  RecenterGrab();
+  redrawFloating();
 }
 
-void PENTOWINDOW::pointerMove(const QPointF& position) {
-  quicken();
+/// Over the margin round the surface.
+void PENTOWINDOW::pointerMove(const QPointF&) {
+  pace_.rest(false);
   if (!windowIsActive()) {
     HideFloatingPento();
     return;
@@ -137,20 +91,13 @@ void PENTOWINDOW::pointerMove(const QPointF& position) {
   fCaptured_ = true;
   raise(Capture);
   if (Form::Unloaded(this) || !fFloating_) return;
-  const double unit = Twips::perPixel(*this);
-  moveFloatingTo((position.x() * unit - surfaceLeft_) / Twips::perDevicePixelX(*this) - GrabX_,
-                 (position.y() * unit - surfaceTop_) / Twips::perDevicePixelY(*this) - GrabY_);
   RecenterGrab();
-  InvalidateFloating();
-  FlushDirty();
-}
-
-void PENTOWINDOW::moveFloatingTo(double x, double y) {
-  FloatingPento_->SetPosition(nearest16(x), nearest16(y));
+  redrawFloating();
 }
 
 void PENTOWINDOW::pctFore_MouseDown(Button button, double x, double y) {
-  quicken();
+  pace_.rest(false);
+  refusal_->clear();
   LastButton_ = button;
   if (!grid_) return;
   if (!fFloating_) {
@@ -173,15 +120,13 @@ void PENTOWINDOW::pickUp(double x, double y) {
   if (Form::Unloaded(this) || !P) return;
   fKeepGrab_ = true;
   FloatingPento(P);
-  GrabX_ = centreOf(s, P->Width());
-  GrabY_ = centreOf(s, P->Height());
+  grabCentre();
   if (Pickup_) grid_->RemovePento(column, row);
   placeCursor(s * P->Width() / 2.0 + s * P->X(), s * P->Height() / 2.0 + s * P->Y());
 }
 
-/// Puts the screen cursor over a point of the surface's picture. The move that the display server
-/// then reports draws the piece; where it refuses, the next move of the hand centres the piece
-/// instead.
+/// Puts the screen cursor over a point of the surface's picture. The move that follows draws the
+/// piece, wherever the cursor then is.
 void PENTOWINDOW::placeCursor(double x, double y) {
   const QPointF corner = pctFore_->screenCorner() * devicePixelRatioF();
   basKelvoWinAPI::SetCursorPos(nearest(x + corner.x() + kBorderStep),
@@ -199,9 +144,7 @@ bool PENTOWINDOW::easyModeAllows(const char* question) {
 void PENTOWINDOW::turn() {
   if (!easyModeAllows(kAskRotate)) return;
   FloatingPento_->Rotate();
-  if (RecenterGrab()) return;
-  InvalidateFloating();
-  FlushDirty();
+  if (!RecenterGrab()) redrawFloating();
 }
 
 void PENTOWINDOW::mirrorThroughKeyBox() {
@@ -219,8 +162,7 @@ void PENTOWINDOW::txtKey_Change() {
   }
   if (!fFloating_ || !easyModeAllows(kAskFlip)) return;
   FloatingPento_->Flip();
-  InvalidateFloating();
-  FlushDirty();
+  redrawFloating();
 }
 
 void PENTOWINDOW::layDown(double x, double y) {
@@ -229,40 +171,31 @@ void PENTOWINDOW::layDown(double x, double y) {
   const int row = nearest(y - GrabY_ + s / 2.0) / s;
   if (!grid_->AddPento(FloatingPento_, column, row)) {
     raise(DropError);
+    if (!Form::Unloaded(this)) showRefusal();
     return;
   }
-  fFloating_ = false;
+  floats(false);
   raise(Drop);
   if (Form::Unloaded(this)) return;
   showCursor(CursorShape::Default);
   pctFore_Paint();
 }
 
+/// Heard where there is sound, it can be seen everywhere.
+void PENTOWINDOW::showRefusal() {
+  if (!fFloating_ || !drawnAt_) return;
+  const double ratio = devicePixelRatioF();
+  refusal_->mark(*FloatingPento_, surfacePoint(*drawnAt_), atlas_.tileWidth() / ratio);
+}
+
 void PENTOWINDOW::pctFore_DblClick() {
-  quicken();
+  pace_.rest(false);
   if (!fFloating_) return;
   if (LastButton_ == kRight) {
     if (!easyModeAllows(kAskRotate)) return;
     FloatingPento_->Rotate();
-    InvalidateFloating();
-    FlushDirty();
+    redrawFloating();
   } else if (LastButton_ == kMiddle) {
     mirrorThroughKeyBox();
   }
-}
-
-/// Keeps the piece centred on the cursor after a turn: the cursor goes to the old grab point, and
-/// the next move puts the new centre under it.
-bool PENTOWINDOW::RecenterGrab() {
-  const int s = atlas_.tileWidth();
-  const PENTO& piece = *FloatingPento_;
-  if (std::abs(GrabX_ - s * piece.Width() / 2.0) <= kCentredEnough &&
-      std::abs(GrabY_ - s * piece.Height() / 2.0) <= kCentredEnough)
-    return false;
-  placeCursor(piece.X() + GrabX_, piece.Y() + GrabY_);
-  GrabX_ = centreOf(s, piece.Width());
-  GrabY_ = centreOf(s, piece.Height());
-  InvalidateFloating();
-  FlushDirty();
-  return true;
 }

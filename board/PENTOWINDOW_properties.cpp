@@ -25,6 +25,12 @@ PENTOWINDOW::PENTOWINDOW(QWidget* parent)
     : PointerSurface(parent),
       pctFore_(new PictureBox(this)),
       txtKey_(makeKeyBox(this)),
+      refusal_(new RefusalMark(this)),
+      pace_(this,
+            [this] {
+              TrackCursor();
+              pace_.rest(nothingToSee());
+            }),
       atlas_(nearest(kAtlasDesign.width() / kDesignUnit),
              nearest(kAtlasDesign.height() / kDesignUnit)) {
   pctFore_->setObjectName("pctFore");
@@ -34,11 +40,6 @@ PENTOWINDOW::PENTOWINDOW(QWidget* parent)
   pctFore_->DblClick = [this](Button) { pctFore_DblClick(); };
   QObject::connect(txtKey_, &QLineEdit::textChanged, this, [this] { txtKey_Change(); });
   setFocusProxy(txtKey_);
-  tmrHideFloat_.setTimerType(Qt::PreciseTimer);
-  QObject::connect(&tmrHideFloat_, &QTimer::timeout, this, [this] {
-    TrackCursor();
-    choosePace();
-  });
 }
 
 void PENTOWINDOW::ReadProperties(const PropertyBag& bag) {
@@ -47,7 +48,7 @@ void PENTOWINDOW::ReadProperties(const PropertyBag& bag) {
   Redraw = true;
   BorderStyle(bag.ReadProperty("BorderStyle", kSunken));
   Pickup(bag.ReadProperty("Pickup", true));
-  tmrHideFloat_.start(1);
+  pace_.start();
   DisplayHint(bag.ReadProperty("DisplayHint", false));
 }
 
@@ -76,6 +77,7 @@ void PENTOWINDOW::BackTexture(const QImage& picture) {
 void PENTOWINDOW::Grid(PENTOGRID* grid) {
   grid_ = grid;
   fGridSet_ = true;
+  pctFore_->makeStale();
 }
 
 PENTOGRID& PENTOWINDOW::assignedGrid() const {

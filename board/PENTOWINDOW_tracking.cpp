@@ -5,21 +5,17 @@
 
 namespace {
 
-constexpr int kTick = 1;  // milliseconds
-// When a tick would change nothing that anyone can see. The toolkit lets coarse timers meet at
-// multiples of 25, so both controls of a window wake the program once; it takes 20 for precise.
-constexpr int kRestingTick = 25;
 constexpr double kRestAfter = 1;  // seconds without a move of the pointer
 
 }  // namespace
 
 void PENTOWINDOW::showEvent(QShowEvent* event) {
-  tmrHideFloat_.start(kTick);
+  pace_.start();
   PointerSurface::showEvent(event);
 }
 
 void PENTOWINDOW::hideEvent(QHideEvent* event) {
-  tmrHideFloat_.stop();
+  pace_.stop();
   PointerSurface::hideEvent(event);
 }
 
@@ -28,46 +24,30 @@ void PENTOWINDOW::TrackCursor() {
   const basKelvoWinAPI::POINT p = basKelvoWinAPI::GetCursorPos(*this);
   const basKelvoWinAPI::RECT box = basKelvoWinAPI::GetWindowRect(*this);
   if (p.x >= box.left && p.x <= box.right && p.y >= box.top && p.y <= box.bottom) {
-    if (fCaptured_) return;
-    raise(Capture);
-    fCaptured_ = true;
-    fFloatVisible_ = true;
+    if (!fCaptured_) {
+      raise(Capture);
+      fCaptured_ = true;
+      fFloatVisible_ = true;
+    }
+    if (!Form::Unloaded(this) && showsStalePicture()) redrawFloating();  // a move was missed
     return;
   }
   fCaptured_ = false;
   raise(Uncapture);
-  if (!Form::Unloaded(this) && p != LastCursor_) followOutside(p, box);
+  if (!Form::Unloaded(this) && (p != LastCursor_ || showsStalePicture())) followOutside(p);
 }
 
 /// The piece slides off the control's edge as the cursor leaves, instead of freezing there.
-void PENTOWINDOW::followOutside(const basKelvoWinAPI::POINT& p, const basKelvoWinAPI::RECT& box) {
+void PENTOWINDOW::followOutside(const basKelvoWinAPI::POINT& p) {
   LastCursor_ = p;
   if (!fFloating_) return;
-  moveFloatingTo((p.x - box.left) - surfaceLeft_ / Twips::perDevicePixelX(*this) - GrabX_,
-                 (p.y - box.top) - surfaceTop_ / Twips::perDevicePixelY(*this) - GrabY_);
   RecenterGrab();
-  InvalidateFloating();
-  FlushDirty();
+  redrawFloating();
 }
 
 bool PENTOWINDOW::nothingToSee() const {
-  if (!fFloatVisible_) return true;  // whatever shows the piece again also quickens the timer
+  if (!fFloatVisible_) return true;  // whatever shows the piece again also ends the rest
   if (!fFloating_) return Pointer::secondsSinceMove() > kRestAfter;
   const Surface& picture = pctFore_->picture();
   return floatingBox().within(picture.width(), picture.height()).empty();
-}
-
-void PENTOWINDOW::choosePace() {
-  tickEvery(nothingToSee() ? kRestingTick : kTick);
-}
-
-void PENTOWINDOW::quicken() {
-  tickEvery(kTick);
-}
-
-/// A resting timer may be a little early or late, so that those of both controls wake together.
-void PENTOWINDOW::tickEvery(int milliseconds) {
-  if (tmrHideFloat_.interval() == milliseconds) return;
-  tmrHideFloat_.setTimerType(milliseconds == kTick ? Qt::PreciseTimer : Qt::CoarseTimer);
-  tmrHideFloat_.setInterval(milliseconds);
 }

@@ -45,7 +45,8 @@ void Composition::draw(const Scene& scene, const DirtyRectangle& area, Surface& 
 void Composition::drawBand(const Scene& scene, const DirtyRectangle& band, Surface& onto) {
   pctBack_.resize(band.right - band.left, band.bottom - band.top);
   collectSpots(scene, band);
-  const FloatingCover cover(scene.floating, scene.atlas->tileWidth(), band);
+  const bool hides = scene.floating && scene.atlas->holdsWhole(scene.floating->PentoType());
+  const FloatingCover cover(hides ? scene.floating : nullptr, scene.atlas->tileWidth(), band);
   PaintBackground(scene, band, cover);
   PaintCells(scene, cover);
   PaintBorders(scene);
@@ -86,7 +87,7 @@ void Composition::PaintBackground(const Scene& scene, const DirtyRectangle& area
     return;
   }
   for (const Spot& spot : spots_) {
-    if (spot.texture != kNoTexture) continue;
+    if (spot.texture != kNoTexture && scene.atlas->holdsWhole(spot.texture)) continue;
     cover.aroundCell(spot.x, spot.y, [&](int x, int y, int partWidth, int partHeight) {
       fillWithBackground(area, x, y, partWidth, partHeight);
     });

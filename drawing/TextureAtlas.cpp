@@ -34,20 +34,26 @@ void TextureAtlas::load(const std::filesystem::path& file, int tile) {
   if (!picture.isNull()) textures_.load(picture);
   if (textures_.width() == 0) textures_.load(plainColours());
   stretchOnto(atlas_, textures_);
-  plain_ = false;
+  loaded_ = true;
   if (picture.isNull())
     throw std::runtime_error("The texture picture cannot be read: " + file.string());
 }
 
 void TextureAtlas::showUnscaled(const QImage& picture) {
   atlas_.clear(kPlain);
-  plain_ = picture.isNull();
+  given_ = picture;
+  loaded_ = false;
   if (!picture.isNull()) {
     Surface shown;
     shown.load(picture);
     BitBlt(atlas_, 0, 0, shown.width(), shown.height(), shown, 0, 0);
   }
   tile_ = nearest(atlas_.width() / static_cast<double>(AtlasLayout::kColumns));
+}
+
+bool TextureAtlas::holdsWhole(int texture) const {
+  return tile_ * (texture % AtlasLayout::kColumns + 1) <= atlas_.width() &&
+         tile_ * (texture / AtlasLayout::kColumns + 1) <= atlas_.height();
 }
 
 void TextureAtlas::copyPart(int texture, int fromX, int fromY, int width, int height, Surface& to,

@@ -24,8 +24,11 @@ class TextureAtlas {
   void showUnscaled(const QImage& picture);
 
   int tileWidth() const { return tile_; }
-  /// What the atlas shows; null while it is plain.
-  QImage picture() const { return plain_ ? QImage() : atlas_.view().copy(); }
+  /// What the atlas shows: the picture that was given, or the textures that were read, scaled; null
+  /// while it is plain.
+  QImage picture() const { return loaded_ ? atlas_.view().copy() : given_; }
+  /// Whether the atlas, which may be smaller than four by four tiles, holds all of a texture.
+  bool holdsWhole(int texture) const;
   static bool contains(int texture) { return texture >= 0 && texture < AtlasLayout::kTextures; }
 
   /// Copies a texture to (x, y), clipped to the target. A number that is no texture copies nothing.
@@ -40,5 +43,6 @@ class TextureAtlas {
   Surface atlas_;
   Surface textures_;  ///< what was read last, unscaled
   int tile_ = 0;
-  bool plain_ = true;
+  QImage given_;         ///< to be shown unscaled
+  bool loaded_ = false;  ///< the textures were read from a file
 };

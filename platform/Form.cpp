@@ -58,6 +58,10 @@ bool Form::Unloaded(const QWidget* widget) {
   return !widget || widget->window()->property(kUnloadedMark).toBool();
 }
 
+bool Form::Blocked(const QWidget* widget) {
+  return widget->window()->property(kBlockedMark).toBool();
+}
+
 double Form::ClientWidth() const {
   return client_->width() * Twips::perPixel(*client_);
 }
@@ -223,7 +227,7 @@ QWidget* activeWindow() {
 QWidget* topmostForm() {
   for (auto form = openForms().rbegin(); form != openForms().rend(); ++form) {
     QWidget* window = (*form)->Window();
-    if (window && window->isVisible() && !window->property(kBlockedMark).toBool()) return window;
+    if (window && window->isVisible() && !Form::Blocked(window)) return window;
   }
   return nullptr;
 }

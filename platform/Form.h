@@ -60,6 +60,8 @@ class Form {
   static int Count();
   /// True once the form whose window holds the widget has unloaded: do not touch it any more.
   static bool Unloaded(const QWidget* widget);
+  /// True while a dialog keeps input from the form's window that holds the widget.
+  static bool Blocked(const QWidget* widget);
   /// Where F1 goes: the window and its topic.
   static std::function<void(QWidget*, int)> ShowHelp;
   /// The font of controls whose size is fixed: a sans of 8.25 points.

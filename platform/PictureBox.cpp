@@ -89,6 +89,7 @@ void PictureBox::pointerDoubleClick(Button button, const QPointF&) {
 }
 
 void PictureBox::paintEvent(QPaintEvent* event) {
+  if (stale_) requestPaint();
   QPainter painter(this);
   painter.scale(1 / ratio_, 1 / ratio_);  // from here on device pixels, nothing is stretched
   painter.translate(inside_);
@@ -132,7 +133,7 @@ void PictureBox::requestPaint() {
   QMetaObject::invokeMethod(
       this,
       [this] {
-        requested_ = false;
+        requested_ = stale_ = false;
         if (Paint) Paint();
       },
       Qt::QueuedConnection);

@@ -12,7 +12,8 @@
 /// Units:  device pixels. The outer size includes the border; the picture inside is smaller by the
 ///         border on each side, and pointer positions start inside the border.
 /// Repaint: exposure is served from the retained pixels. `Paint` is asked for only when the box is
-///         shown, resized or gets another pixel ratio; such requests are posted and merged.
+///         shown, resized, exposed while it is stale or gets another pixel ratio; such requests are
+///         posted and merged.
 class PictureBox : public PointerSurface {
  public:
   static constexpr int kSunkenBorder = 2;
@@ -34,8 +35,14 @@ class PictureBox : public PointerSurface {
   Surface& picture() { return picture_; }
   void present(const QRect& changed);
 
+  /// What is shown is out of date: the next exposure asks for a repaint.
+  void makeStale() { stale_ = true; }
+
   /// Outer top-left corner on the desktop, logical pixels, fractions kept.
   QPointF screenCorner() const;
+
+  /// The pixel of the picture at a place of the box, logical pixels from its corner.
+  QPointF toPicture(const QPointF& logical) const;
 
   /// The cursor over the box; while a dialog blocks the window the arrow is shown instead.
   void setPictureCursor(const QCursor& cursor);
@@ -55,7 +62,6 @@ class PictureBox : public PointerSurface {
   bool event(QEvent* event) override;
 
  private:
-  QPointF toPicture(const QPointF& logical) const;
   void fitPicture();
   void requestPaint();
   void drawBorder(class QPainter& painter) const;
@@ -70,4 +76,5 @@ class PictureBox : public PointerSurface {
   QCursor cursor_;
   bool blocked_ = false;
   bool requested_ = false;
+  bool stale_ = false;
 };

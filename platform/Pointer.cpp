@@ -5,6 +5,8 @@
 #include <QElapsedTimer>
 #include <QMouseEvent>
 
+#include "platform/FollowingMove.h"
+
 namespace Pointer {
 
 namespace {
@@ -14,14 +16,11 @@ constexpr qint64 kSameMoment = 500'000;  // nanoseconds in which two questions g
 /// Remembers what events told of the pointer.
 class Listener : public QObject {
  public:
-  Listener() {
-    clock_.start();
-    lastMove_ = -1'000'000'000;
-  }
-
   bool eventFilter(QObject*, QEvent* event) override {
     switch (event->type()) {
       case QEvent::MouseMove:
+        FollowingMove::cancel();
+        [[fallthrough]];
       case QEvent::MouseButtonPress:
       case QEvent::MouseButtonDblClick:
         tell(static_cast<QMouseEvent*>(event)->globalPosition());
@@ -38,10 +37,10 @@ class Listener : public QObject {
   }
 
   QPointF position() {
-    const qint64 now = clock_.nsecsElapsed();
+    const qint64 now = server.nanoseconds();
     if (known_ || (asked_ >= 0 && now - asked_ < kSameMoment)) return last_;
     asked_ = now;
-    last_ = QPointF(QCursor::pos());
+    last_ = server.position();
     return last_;
   }
 
@@ -51,38 +50,69 @@ class Listener : public QObject {
   }
 
   double secondsSinceMove() const {
-    return static_cast<double>(clock_.nsecsElapsed() - lastMove_) / 1e9;
+    return static_cast<double>(server.nanoseconds() - lastMove_) / 1e9;
   }
 
  private:
   void tell(const QPointF& position) {
-    if (position != last_) lastMove_ = clock_.nsecsElapsed();
+    if (position != last_) lastMove_ = server.nanoseconds();
     last_ = position;
     known_ = true;
   }
 
-  QElapsedTimer clock_;
   QPointF last_;
   bool known_ = false;
   qint64 asked_ = -1;
-  qint64 lastMove_ = 0;
+  qint64 lastMove_ = -1'000'000'000;
 };
 
 Listener* listener = nullptr;
 
-}  // namespace
-
-QPointF position() {
-  return listener ? listener->position() : QPointF(QCursor::pos());
+/// The server takes whole pixels only. To ask for what it cannot do better than it is done already
+/// would let a pointer at rest drift.
+bool comesCloser(const QPointF& wanted, const QPointF& now) {
+  const QPointF reached = wanted.toPoint();
+  return (reached - wanted).manhattanLength() < (now - wanted).manhattanLength();
 }
 
-void place(const QPointF& position) {
-  QCursor::setPos(position.toPoint());
-  if (listener) listener->forget();
+}  // namespace
+
+Server::Server()
+    : position([] { return QPointF(QCursor::pos()); }),
+      place([](const QPointF& wanted) { QCursor::setPos(wanted.toPoint()); }),
+      nanoseconds([] {
+        static const QElapsedTimer clock = [] {
+          QElapsedTimer started;
+          started.start();
+          return started;
+        }();
+        return clock.nsecsElapsed();
+      }) {}
+
+Server server;
+
+QPointF position() {
+  return listener ? listener->position() : server.position();
+}
+
+void place(const QPointF& wanted, QWidget& window) {
+  if (comesCloser(wanted, position())) {
+    server.place(wanted);
+    forget();
+  }
+  moveFollows(window);
+}
+
+void moveFollows(QWidget& window) {
+  FollowingMove::post(window);
 }
 
 double secondsSinceMove() {
   return listener ? listener->secondsSinceMove() : 0;
+}
+
+void forget() {
+  if (listener) listener->forget();
 }
 
 void listen() {

@@ -22,26 +22,29 @@ PointerSurface::PointerSurface(QWidget* parent) : QWidget(parent) {
   setContextMenuPolicy(Qt::PreventContextMenu);
 }
 
-PointerSurface* PointerSurface::under(const QPointF& global) const {
-  return dynamic_cast<PointerSurface*>(
-      window()->childAt(window()->mapFromGlobal(global).toPoint()));
+PointerSurface* PointerSurface::under(const QWidget& window, const QPointF& global) {
+  return dynamic_cast<PointerSurface*>(window.childAt(window.mapFromGlobal(global).toPoint()));
+}
+
+void PointerSurface::moveUnder(QWidget& window, const QPointF& global) {
+  if (PointerSurface* target = under(window, global))
+    target->pointerMove(target->mapFromGlobal(global));
 }
 
 void PointerSurface::mouseMoveEvent(QMouseEvent* event) {
-  if (PointerSurface* target = under(event->globalPosition()))
-    target->pointerMove(target->mapFromGlobal(event->globalPosition()));
+  moveUnder(*window(), event->globalPosition());
 }
 
 void PointerSurface::mousePressEvent(QMouseEvent* event) {
   const Button button = buttonOf(*event);
-  PointerSurface* target = under(event->globalPosition());
+  PointerSurface* target = under(*window(), event->globalPosition());
   if (target && button != kNone)
     target->pointerDown(button, target->mapFromGlobal(event->globalPosition()));
 }
 
 void PointerSurface::mouseDoubleClickEvent(QMouseEvent* event) {
   const Button button = buttonOf(*event);
-  PointerSurface* target = under(event->globalPosition());
+  PointerSurface* target = under(*window(), event->globalPosition());
   if (target && button != kNone)
     target->pointerDoubleClick(button, target->mapFromGlobal(event->globalPosition()));
 }

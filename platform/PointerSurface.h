@@ -14,6 +14,10 @@ class PointerSurface : public QWidget {
   /// Buttons by their usual numbers; others are not reported.
   enum Button { kNone = 0, kLeft = 1, kRight = 2, kMiddle = 4 };
 
+  /// Lets the surface of a window that is under a point of the desktop (logical pixels) hear of a
+  /// move to it; none may be there.
+  static void moveUnder(QWidget& window, const QPointF& global);
+
  protected:
   /// `position` is in logical pixels of this widget.
   virtual void pointerMove(const QPointF& position) = 0;
@@ -26,5 +30,5 @@ class PointerSurface : public QWidget {
   void mouseReleaseEvent(QMouseEvent*) override {}
 
  private:
-  PointerSurface* under(const QPointF& global) const;
+  static PointerSurface* under(const QWidget& window, const QPointF& global);
 };

@@ -22,7 +22,7 @@ POINT GetCursorPos(const QWidget& context) {
 }
 
 void SetCursorPos(int x, int y, const QWidget& context) {
-  Pointer::place(QPointF(x, y) / context.devicePixelRatioF());
+  Pointer::place(QPointF(x, y) / context.devicePixelRatioF(), *context.window());
 }
 
 RECT GetWindowRect(const QWidget& widget) {

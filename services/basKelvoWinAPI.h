@@ -23,7 +23,8 @@ inline constexpr int SM_CYSIZE = 31;  ///< height of a caption button, device pi
 inline constexpr int BITSPIXEL = 12;  ///< bits per pixel
 
 POINT GetCursorPos(const QWidget& context);
-/// Best effort: some display servers do not let programs place the cursor.
+/// Best effort: some display servers do not let programs place the cursor. In any case a mouse move
+/// follows in the window of `context`, at the place where it then is.
 void SetCursorPos(int x, int y, const QWidget& context);
 RECT GetWindowRect(const QWidget& widget);
 /// The window that the user is working in, or null.

@@ -84,6 +84,11 @@ class BoardFixture : public ::testing::Test {
   }
 
   void move(const QPoint& point) { QTest::mouseMove(window_.windowHandle(), point); }
+  /// Moves the display's own pointer, in one step; its move is told.
+  void jump(const QPoint& point) {
+    QCursor::setPos(window_.mapToGlobal(point));
+    QTest::qWait(0);
+  }
   void press(const QPoint& point, Qt::MouseButton button = Qt::LeftButton) {
     QTest::mousePress(window_.windowHandle(), button, {}, point);
   }

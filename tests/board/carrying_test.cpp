@@ -1,4 +1,6 @@
 // Who shows the carried piece, where it goes beyond the surface, and the cursors on the way.
+#include <utility>
+
 #include "tests/board/BoardFixture.h"
 
 namespace {
@@ -83,7 +85,7 @@ TEST_F(Carrying, APieceTurnedInTheTrayAndSwungOntoTheBoardDoesNotThrowTheCursor)
   click(cell(tray_, 3, 7));
   click(cell(tray_, 3, 7), Qt::RightButton);
   const QPoint to = cell(board_, 9, 4);
-  move(to);  // in one step: the board is entered before any tick has seen the pointer leave
+  jump(to);  // the board is entered before any tick has seen the pointer leave
   EXPECT_EQ(window_.mapFromGlobal(QCursor::pos()), to);
   click(to);
   EXPECT_EQ(boardGrid_.PentoAt(9, 4), bar);
@@ -95,11 +97,91 @@ TEST_F(Carrying, ANewTileSizeDoesNotThrowTheCursorEither) {
   board_.TileSize(20);
   board_.PaintAll();
   const QPoint to = cell(board_, 8, 8);
-  move(to);
+  jump(to);
   EXPECT_EQ(window_.mapFromGlobal(QCursor::pos()), to);
   expectSameAsFullRepaint(board_);
   click(to);
   EXPECT_EQ(boardGrid_.PentoAt(8, 8), piece_);
+}
+
+/// Seen: an L that was turned under a mouse at rest lay down one cell off, and each second turn
+/// threw the pointer a cell away; a piece taken at its very centre still looked laid. X tells of no
+/// move when the cursor is placed where it is.
+TEST_F(Carrying, UnderAPointerAtRestAPieceIsLaidWhereItIsDrawn) {
+  const Pointer::Server real = std::exchange(Pointer::server, {});
+  QPointF pointer;
+  Pointer::server.position = [&] { return pointer; };
+  Pointer::server.place = [&](const QPointF& wanted) { pointer = wanted; };  // and tells of nothing
+  for (int type = 0; type < PENTO::kTypes; ++type) {
+    const PentoRef piece = lay(trayGrid_, type, 2, 6);
+    tray_.PaintAll();
+    pointer = window_.mapToGlobal(cell(tray_, 2 + piece->GridX(0), 6));
+    move(window_.mapFromGlobal(pointer.toPoint()));
+    click(window_.mapFromGlobal(pointer.toPoint()));
+    pointer = window_.mapToGlobal(at(board_, 205, 203));
+    const QPoint here = window_.mapFromGlobal(pointer.toPoint());
+    move(here);
+    for (int turn = 0; turn < 5; ++turn) {
+      click(here, turn == 2 ? Qt::MiddleButton : Qt::RightButton);
+      EXPECT_EQ(window_.mapFromGlobal(pointer.toPoint()), here) << type << " " << turn;
+    }
+    expectSameAsFullRepaint(board_);
+    const int column = (piece->X() + kBoardTile / 2) / kBoardTile;
+    const int row = (piece->Y() + kBoardTile / 2) / kBoardTile;
+    click(here);
+    EXPECT_EQ(piece->X(), column) << type;
+    EXPECT_EQ(piece->Y(), row) << type;
+    boardGrid_.Clear();
+    board_.PaintAll();
+  }
+  Pointer::server = real;
+}
+
+/// Seen: after a jump to the tray and back both controls showed the piece.
+TEST_F(Carrying, AfterAJumpToTheOtherControlAndBackOnlyOnePieceIsSeen) {
+  trayGrid_.RemovePento(3, 3);
+  tray_.PaintAll();
+  const QImage bareTray = shown(tray_);
+  trayGrid_.AddPento(piece_, 2, 2);
+  click(cell(tray_, 3, 3));
+  const QPoint home = cell(board_, 5, 5);
+  for (int jump = 0; jump < 3; ++jump) {
+    move(home);
+    move(cell(tray_, 4 + jump, 4));
+    move(home);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shown(tray_) == bareTray; })) << jump;
+    expectSameAsFullRepaint(board_);
+  }
+}
+
+/// Seen: such a drop could only be heard, and in the tray not even that.
+TEST_F(Carrying, ARefusedDropIsMarkedUntilTheNextPress) {
+  lay(trayGrid_, 1, 2, 7);
+  QWidget* mark = tray_.findChild<QWidget*>("refusal");
+  click(cell(tray_, 3, 3));
+  move(cell(tray_, 4, 7));
+  click(cell(tray_, 4, 7));
+  EXPECT_EQ(events_.back(), "tray DropError");
+  ASSERT_TRUE(mark->isVisible());
+  const QPoint before = mark->pos();
+  move(cell(tray_, 5, 7));
+  EXPECT_EQ(mark->pos(), before + QPoint(kTrayTile, 0)) << "it moves with the piece";
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !mark->isVisible(); })) << "and goes by itself";
+  click(cell(tray_, 5, 7));
+  ASSERT_TRUE(mark->isVisible());
+  click(cell(tray_, 5, 3), Qt::RightButton);
+  EXPECT_FALSE(mark->isVisible());
+}
+
+TEST_F(Carrying, OverTheMarginTheCursorShowsThePiece) {
+  click(cell(tray_, 3, 3));
+  move(QPoint(250, 20));
+  EXPECT_EQ(board_.cursor().pixmap().toImage().size(), QSize(3 * kBoardTile, 3 * kBoardTile));
+  EXPECT_EQ(window_.cursor().shape(), Qt::ClosedHandCursor) << "beside the boards";
+  move(cell(board_, 5, 5));
+  click(cell(board_, 5, 5));
+  EXPECT_EQ(board_.cursor().shape(), Qt::ArrowCursor);
+  EXPECT_EQ(window_.cursor().shape(), Qt::ArrowCursor);
 }
 
 TEST_F(Carrying, MovesOverTheMarginCaptureEveryTimeAndCarryThePiece) {

@@ -30,8 +30,8 @@ TEST_F(Geometry, NothingIsPaintedWhileRedrawIsOffNorByAssigningAGrid) {
   EXPECT_EQ(shown(board_), before);
   board_.Grid(&boardGrid_);
   EXPECT_EQ(shown(board_), before);
-  board_.PaintAll();
-  EXPECT_NE(shown(board_), before);
+  surface(board_).update();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return shown(board_) != before; })) << "the next request does";
 }
 
 TEST_F(Geometry, AFlushThatFailsLeavesThePictureAndAMissingTextureFileIsReported) {
@@ -77,16 +77,14 @@ TEST_F(Geometry, PicturesAreStoredAndReadBack) {
 
   board_.BlockTexture(blocks);
   EXPECT_EQ(board_.TileWidth(), 30) << "a quarter of the atlas, which keeps its size";
-  EXPECT_EQ(board_.BlockTexture().size(), QSize(120, 120));
-  EXPECT_EQ(board_.BlockTexture().pixel(39, 39), qRgb(40, 50, 60));
-  EXPECT_EQ(board_.BlockTexture().pixel(40, 39), qRgb(255, 255, 255));
+  EXPECT_EQ(board_.BlockTexture(), blocks);
 }
 
 TEST_F(Geometry, ShowingAPieceWaitsForTheNextFlushAndHidingErasesItAtOnce) {
   board_.PaintAll();
   const QImage bare = shown(board_);
   const PentoRef piece = makePiece(0);
-  piece->SetPosition(60, 60);
+  jump(cell(board_, 4, 4));
   board_.HideFloatingPento();
   board_.FloatingPento(piece);
   board_.ShowFloatingPento();

@@ -135,4 +135,23 @@ TEST_F(CompositionTest, WithoutAGridOnlyThePlainBackgroundShows) {
     for (int x = 0; x < 300; ++x) ASSERT_EQ(surface.row(y)[x], surface.row(0)[0]);
 }
 
+/// Seen: below the ten rows of it that such an atlas holds, the empty cell showed what was composed
+/// before.
+TEST_F(CompositionTest, WhereTheAtlasEndsTheBackgroundShows) {
+  TextureAtlas atlas(101, 85);
+  PENTOGRID grid;
+  grid.SetGridSize(4, 4);
+  Composition composition;
+  Surface surface;
+  surface.resize(100, 100);
+  QImage loud(10, 10, QImage::Format_RGB32);
+  loud.fill(kUntouched);
+  composition.background(loud);
+  composition.draw({nullptr, &atlas, nullptr}, {0, 0, 100, 100}, surface);
+  composition.background(makeBackground(7, 9));
+  composition.draw({&grid, &atlas, nullptr}, {0, 0, 100, 100}, surface);
+  for (int y = 0; y < 100; ++y)
+    ASSERT_EQ(surface.row(y)[60], y % 25 < 10 ? kWhite : makeBackground(7, 9).pixel(60 % 7, y % 9));
+}
+
 }  // namespace

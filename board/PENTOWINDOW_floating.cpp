@@ -1,0 +1,119 @@
+// The floating piece: who shows it, and where it is drawn.
+#include <cmath>
+
+#include "board/PENTOWINDOW.h"
+#include "drawing/Rounding.h"
+#include "platform/Form.h"
+
+namespace {
+
+constexpr double kCentredEnough = 2;  // pixels by which the grab point may miss the centre
+
+/// Half of so many tiles, rounded: the centre of a piece along one side.
+std::int16_t centreOf(int tile, int cells) {
+  return static_cast<std::int16_t>(nearest(tile * cells / 2.0));
+}
+
+QPoint rounded(const QPointF& point) {
+  return {nearest(point.x()), nearest(point.y())};
+}
+
+}  // namespace
+
+void PENTOWINDOW::FloatingPento(const PentoRef& P) {
+  if (!P) return;
+  FloatingPento_ = P;
+  floats(true);
+  if (!fKeepGrab_) grabCentre();
+  fKeepGrab_ = false;
+  showCursor(CursorShape::Clear);
+  InvalidateFloating();
+  pace_.rest(false);
+}
+
+void PENTOWINDOW::floats(bool piece) {
+  fFloating_ = piece;
+  hand().holds(this, piece);
+  if (piece) return;
+  refusal_->clear();
+  unsetCursor();
+}
+
+void PENTOWINDOW::grabCentre() {
+  GrabX_ = centreOf(atlas_.tileWidth(), FloatingPento_->Width());
+  GrabY_ = centreOf(atlas_.tileWidth(), FloatingPento_->Height());
+}
+
+void PENTOWINDOW::ShowFloatingPento() {
+  if (!fFloatVisible_) pace_.rest(false);
+  fFloatVisible_ = true;
+}
+
+void PENTOWINDOW::HideFloatingPento() {
+  if (!fFloating_) return;
+  fFloatVisible_ = false;
+  redrawFloating();
+}
+
+void PENTOWINDOW::RemoveFloatingPento() {
+  floats(false);
+  FloatingPento_.reset();
+  showCursor(CursorShape::Default);
+  pctFore_Paint();
+}
+
+Hand& PENTOWINDOW::hand() const {
+  if (!hand_ || hand_->parent() != window()) hand_ = &Hand::of(*this);
+  return *hand_;
+}
+
+/// Where the corner of the floating piece stands as it hangs from the hand, in pixels of this
+/// control's surface, wherever the hand is. Over the surface positions count from inside its
+/// border, elsewhere from its outer corner.
+QPoint PENTOWINDOW::floatingPlace() const {
+  const QPointF grab(GrabX_, GrabY_);
+  const QPointF inControl = hand().over(*this);
+  const bool inside = QRectF(rect()).contains(inControl);
+  if (inside && pctFore_->geometry().contains(inControl.toPoint()))
+    return rounded(pctFore_->toPicture(hand().over(*pctFore_)) - grab);
+  if (inside) return rounded(inControl * devicePixelRatioF() - place_.corner - grab);
+  const auto [x, y] = basKelvoWinAPI::GetCursorPos(*this);
+  const basKelvoWinAPI::RECT box = basKelvoWinAPI::GetWindowRect(*this);
+  return rounded(QPointF(x - box.left, y - box.top) - place_.corner - grab);
+}
+
+/// The surface shows the piece elsewhere than in the hand, or it should not show it, or should.
+bool PENTOWINDOW::showsStalePicture() const {
+  return drawnAt_ != (showsPiece() ? std::optional(floatingPlace()) : std::nullopt);
+}
+
+/// A pixel of the surface's picture as a point of the control, logical pixels.
+QPointF PENTOWINDOW::surfacePoint(const QPoint& pixel) const {
+  return (place_.corner + QPointF(kBorderStep, kBorderStep) + pixel) / devicePixelRatioF();
+}
+
+/// What is no part of the surface's picture: over the margin the cursor shows the piece, and the
+/// sign of a refused drop moves with it.
+void PENTOWINDOW::showOffSurface() {
+  if (!drawnAt_) return refusal_->clear();
+  const double ratio = devicePixelRatioF();
+  refusal_->follow(*FloatingPento_, surfacePoint(*drawnAt_), atlas_.tileWidth() / ratio);
+  if (pctFore_->geometry().contains(hand().over(*this).toPoint())) return;
+  setCursor(pieceCursor_.of(*FloatingPento_, atlas_,
+                            QPoint(GrabX_ - kBorderStep, GrabY_ - kBorderStep), ratio));
+}
+
+/// Keeps the piece centred on the hand after a turn: the cursor is placed on the old grab point,
+/// which is where the hand is, and the new one is the piece's centre.
+bool PENTOWINDOW::RecenterGrab() {
+  const int s = atlas_.tileWidth();
+  const PENTO& piece = *FloatingPento_;
+  if (std::abs(GrabX_ - s * piece.Width() / 2.0) <= kCentredEnough &&
+      std::abs(GrabY_ - s * piece.Height() / 2.0) <= kCentredEnough)
+    return false;
+  const auto [x, y] = basKelvoWinAPI::GetCursorPos(*this);
+  basKelvoWinAPI::SetCursorPos(x, y, *this);
+  grabCentre();
+  redrawFloating();
+  return true;
+}
