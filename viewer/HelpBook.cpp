@@ -16,6 +16,12 @@ bool isPage(const QString& path) {
   return path.endsWith(".html", Qt::CaseInsensitive) || path.endsWith(".htm", Qt::CaseInsensitive);
 }
 
+/// A table that is named but cannot be read would look like one without the topic.
+bool tablesAreReadable(const HelpFile& file) {
+  const auto isWhole = [&](const char* name) { return !file.contains(name) || file.read(name); };
+  return isWhole("/#SYSTEM") && isWhole("/#IVB") && isWhole("/#STRINGS");
+}
+
 }  // namespace
 
 HelpBook::HelpBook(std::unique_ptr<HelpFile> file) : file_(std::move(file)) {
@@ -30,7 +36,8 @@ HelpBook::HelpBook(std::unique_ptr<HelpFile> file) : file_(std::move(file)) {
 
 std::unique_ptr<HelpBook> HelpBook::open(std::unique_ptr<QIODevice> device) {
   std::unique_ptr<HelpFile> file = HelpFile::open(std::move(device));
-  return file ? std::unique_ptr<HelpBook>(new HelpBook(std::move(file))) : nullptr;
+  if (!file || !tablesAreReadable(*file)) return nullptr;
+  return std::unique_ptr<HelpBook>(new HelpBook(std::move(file)));
 }
 
 QList<SiteMap::Entry> HelpBook::siteMap(const QString& named, const QString& ending) const {

@@ -36,7 +36,7 @@ bool HelpFile::readDirectory() {
   decompressor_ = mspack_create_chm_decompressor(&system_);
   if (!decompressor_) return false;
   header_ = decompressor_->open(decompressor_, MspackSystem::kDevice);
-  if (!header_) return false;
+  if (!header_ || header_->length > device_->size()) return false;
   std::vector<mschmd_file*> files;
   for (mschmd_file* file = header_->files; file; file = file->next)
     if (file->filename[0] == '/' && readable(*file)) files.push_back(file);

@@ -17,7 +17,8 @@
 ///         each of its files at most 32 MiB, and what lies past 512 MiB of content is not reached.
 class HelpFile {
  public:
-  /// Null when the device holds no compiled help file or a damaged one.
+  /// Null when the device holds no compiled help file, a damaged one, or less of it than its header
+  /// says.
   static std::unique_ptr<HelpFile> open(std::unique_ptr<QIODevice> device);
   ~HelpFile();
   HelpFile(const HelpFile&) = delete;

@@ -1,68 +1,57 @@
 #include "viewer/SingleViewer.h"
 
 #include <QCryptographicHash>
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFileInfo>
-#include <QLocalSocket>
-#include <QStandardPaths>
+#include <QGuiApplication>
+#include <QThread>
+
+#include "viewer/RuntimeFolder.h"
 
 namespace {
 
-constexpr int kPatienceMilliseconds = 2000;
-constexpr int kLongestRequest = 32;
+constexpr int kStartMilliseconds = 5000;  ///< a slow start of another viewer
+constexpr int kPauseMilliseconds = 20;
 constexpr int kHashLength = 16;
 
-QString socketName(const QString& helpFile) {
+QString placeOf(const QString& helpFile, const QString& display) {
+  const QString folder = ownRuntimeFolder();
+  if (folder.isEmpty()) return {};
   const QFileInfo info(helpFile);
   const QString path = info.exists() ? info.canonicalFilePath() : info.absoluteFilePath();
   const QByteArray hash =
-      QCryptographicHash::hash(path.toUtf8(), QCryptographicHash::Sha1).toHex().left(kHashLength);
-  const QString name = "quinzolith-help-" + QString::fromLatin1(hash);
-#ifdef Q_OS_UNIX
-  return QDir(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation)).filePath(name);
-#else
-  return name;
-#endif
+      QCryptographicHash::hash((display + '\n' + path).toUtf8(), QCryptographicHash::Sha1).toHex();
+  return QDir(folder).filePath("quinzolith-help-" + QString::fromLatin1(hash.left(kHashLength)));
 }
 
 }  // namespace
 
-SingleViewer::SingleViewer(const QString& helpFile, QObject* parent)
-    : QObject(parent), name_(socketName(helpFile)) {
-  server_.setSocketOptions(QLocalServer::UserAccessOption);
-  connect(&server_, &QLocalServer::newConnection, this, &SingleViewer::answer);
+SingleViewer::SingleViewer(const QString& helpFile, const QString& display, QObject* parent)
+    : QObject(parent), place_(placeOf(helpFile, display)) {
+  connect(&server_, &TopicSocket::Server::topicWanted, this, &SingleViewer::topicWanted);
 }
 
-bool SingleViewer::handOver(int topic) const {
-  QLocalSocket socket;
-  socket.connectToServer(name_);
-  if (!socket.waitForConnected(kPatienceMilliseconds)) return false;
-  socket.write(QByteArray::number(topic) + '\n');
-  while (!socket.canReadLine())
-    if (!socket.waitForReadyRead(kPatienceMilliseconds)) return false;
-  return socket.readLine().trimmed() == "shown";
+bool SingleViewer::handOver(int topic) {
+  using TopicSocket::Answer;
+  if (place_.isEmpty()) return false;
+  for (const QDeadlineTimer patience(kStartMilliseconds); !patience.hasExpired();
+       QThread::msleep(kPauseMilliseconds)) {
+    if (lock_.take(place_ + ".lock")) return false;
+    const Answer answer = TopicSocket::ask(place_ + ".socket", topic);
+    if (answer != Answer::Nobody) return answer == Answer::Taken;
+  }
+  return false;
 }
 
 void SingleViewer::listen() {
-  if (server_.listen(name_)) return;
-  QLocalServer::removeServer(name_);
-  server_.listen(name_);
+  if (lock_.isHeld() && !server_.listen(place_ + ".socket")) lock_.drop();
 }
 
-void SingleViewer::answer() {
-  while (QLocalSocket* socket = server_.nextPendingConnection()) {
-    connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
-    connect(socket, &QLocalSocket::readyRead, this, [this, socket] {
-      if (!socket->canReadLine()) {
-        if (socket->bytesAvailable() > kLongestRequest) socket->abort();
-        return;
-      }
-      bool isNumber = false;
-      const int topic = socket->readLine(kLongestRequest).trimmed().toInt(&isNumber);
-      if (!isNumber || topic < 0) return socket->abort();
-      emit topicWanted(topic);
-      socket->write("shown\n");
-      socket->disconnectFromServer();
-    });
-  }
+QString SingleViewer::displayName() {
+  const QString system = QGuiApplication::platformName();
+  QString display =
+      qEnvironmentVariable(system.startsWith("wayland") ? "WAYLAND_DISPLAY" : "DISPLAY");
+  if (display.endsWith(".0")) display.chop(2);
+  return system + ' ' + display;
 }

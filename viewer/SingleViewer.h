@@ -1,29 +1,37 @@
 #pragma once
 
-#include <QLocalServer>
 #include <QObject>
 #include <QString>
 
-/// One viewer a user and help file: a later one hands its topic to the first and ends.
+#include "viewer/KernelLock.h"
+#include "viewer/TopicSocket.h"
+
+/// One viewer for each user, display and help file: a later one hands its topic to the first and
+/// ends.
 ///
-/// They meet at a local socket in the user's runtime folder. A request is a line with the topic
-/// number, the answer is the line "shown".
+/// The first one holds a lock in the user's runtime folder and listens at a socket beside it. Where
+/// the user has no such folder, there is no hand-over and each viewer is one of its own.
 class SingleViewer : public QObject {
   Q_OBJECT
  public:
-  explicit SingleViewer(const QString& helpFile, QObject* parent = nullptr);
+  explicit SingleViewer(const QString& helpFile, const QString& display = displayName(),
+                        QObject* parent = nullptr);
 
-  /// True when a viewer of this help file is open and has taken the topic over.
-  bool handOver(int topic) const;
-  /// Becomes the viewer that takes topics over. A place that a dead viewer left is taken.
+  /// True when another viewer has taken the topic over. While another is just starting, waits until
+  /// it listens. False: this viewer shows the topic itself, as the first one, or alone because the
+  /// first one does not answer.
+  bool handOver(int topic);
+  /// Lets the first viewer take topics over from now on. Its window should be ready.
   void listen();
+
+  /// The windowing system and the display on it where this program shows its windows.
+  static QString displayName();
 
  signals:
   void topicWanted(int topic);
 
  private:
-  void answer();
-
-  QString name_;
-  QLocalServer server_;
+  QString place_;  ///< of lock and socket, without their endings; empty where there is none
+  KernelLock lock_;
+  TopicSocket::Server server_;
 };

@@ -18,7 +18,7 @@ constexpr int kWrongUse = 2;
 constexpr const char* kUsage =
     "Usage: quinzolith-help FILE [TOPIC]\n"
     "Shows a compiled help file (.chm): its start page, or the page of a topic number.\n"
-    "A viewer that already shows the file takes the topic over.\n"
+    "A viewer that already shows the file on this display takes the topic over.\n"
     "\n"
     "  --help       this text\n"
     "  --version    the version number\n";
@@ -52,9 +52,9 @@ int run(int argc, char** argv, const Request& request) {
     window.showTopic(topic);
     bringToFront(window);
   });
-  viewer.listen();
   window.showTopic(request.topic);
   window.show();
+  viewer.listen();
   return QApplication::exec();
 }
 

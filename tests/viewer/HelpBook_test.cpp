@@ -168,7 +168,8 @@ TEST(DamagedHelp, IsRefusedOrReadWithoutHarm) {
   EXPECT_EQ(readThrough(sourceBytes("images/pieces.png")), -1);
   EXPECT_EQ(readThrough(sourceBytes("index.html").repeated(50)), -1);
   for (qsizetype length = 0; length < whole.size(); length += whole.size() / 60 + 1)
-    readThrough(whole.first(length));
+    EXPECT_EQ(readThrough(whole.first(length)), -1) << "cut after " << length;
+  EXPECT_EQ(readThrough(whole.chopped(1)), -1);
 }
 
 }  // namespace

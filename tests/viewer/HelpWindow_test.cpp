@@ -1,4 +1,4 @@
-// The viewer's window, driven by mouse and keys, and two viewers of one file.
+// The viewer's window, driven by mouse and keys.
 #include "viewer/HelpWindow.h"
 
 #include <gtest/gtest.h>
@@ -10,7 +10,6 @@
 #include <QProcess>
 #include <QScreen>
 #include <QScrollBar>
-#include <QSignalSpy>
 #include <QStatusBar>
 #include <QTemporaryDir>
 #include <QTest>
@@ -18,7 +17,6 @@
 
 #include "tests/viewer/HelpFileOnDisk.h"
 #include "viewer/HelpBrowser.h"
-#include "viewer/SingleViewer.h"
 
 namespace {
 
@@ -112,6 +110,10 @@ TEST_F(HelpWindowTest, SaysInTheWindowWhatIsWrong) {
   write("something else");
   window->showTopic(1200);
   EXPECT_NE(text().find("not a compiled help file"), std::string::npos);
+  const QByteArray whole = sourceBytes("Quinzolith.chm");
+  write(whole.first(whole.size() / 2));
+  window->showTopic(1200);
+  EXPECT_NE(text().find("damaged"), std::string::npos) << text();
   write(sourceBytes("Quinzolith.chm"));
   window->showTopic(1200);
   EXPECT_EQ(title(), "How to solve puzzles") << "a file that has come back is read";
@@ -142,52 +144,6 @@ TEST_F(HelpWindowTest, PagesReachNothingOutsideTheHelpFile) {
   }
   page()->anchorClicked(QUrl("file:///etc/passwd"));
   EXPECT_TRUE(window->statusBar()->currentMessage().contains("could not be opened"));
-}
-
-/// Two viewers as they are installed; each has a socket folder of its own here.
-class TwoViewersTest : public ::testing::Test {
- protected:
-  void SetUp() override {
-    QFile::setPermissions(folder.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    qputenv("XDG_RUNTIME_DIR", folder.path().toUtf8());
-  }
-  void TearDown() override { qputenv("XDG_RUNTIME_DIR", before); }
-
-  static QString program() { return QStringLiteral(QUINZOLITH_TREE "/quinzolith-help"); }
-
-  const QByteArray before = qgetenv("XDG_RUNTIME_DIR");
-  QTemporaryDir folder;
-};
-
-TEST_F(TwoViewersTest, TheLaterOneHandsItsTopicOverAndEnds) {
-  SingleViewer first(sourcePath("Quinzolith.chm"));
-  EXPECT_FALSE(first.handOver(1200)) << "nobody is there";
-  first.listen();
-  QSignalSpy wanted(&first, &SingleViewer::topicWanted);
-  QProcess later;
-  later.start(program(), {sourcePath("../help/Quinzolith.chm"), "1300"});
-  ASSERT_TRUE(QTest::qWaitFor([&] { return later.state() == QProcess::NotRunning; }, 60000));
-  EXPECT_EQ(later.exitStatus(), QProcess::NormalExit);
-  EXPECT_EQ(later.exitCode(), 0);
-  ASSERT_EQ(wanted.count(), 1);
-  EXPECT_EQ(wanted.first().first().toInt(), 1300);
-}
-
-TEST_F(TwoViewersTest, APlaceLeftByADeadViewerIsTaken) {
-  QProcess dead;
-  dead.start(program(), {sourcePath("Quinzolith.chm")});
-  const SingleViewer asking(sourcePath("Quinzolith.chm"));
-  ASSERT_TRUE(QTest::qWaitFor([&] { return asking.handOver(1000); }, 60000));
-  dead.kill();
-  ASSERT_TRUE(dead.waitForFinished(60000));
-  EXPECT_FALSE(asking.handOver(1000));
-  SingleViewer next(sourcePath("Quinzolith.chm"));
-  next.listen();
-  QSignalSpy wanted(&next, &SingleViewer::topicWanted);
-  QProcess later;
-  later.start(program(), {sourcePath("Quinzolith.chm"), "1100"});
-  ASSERT_TRUE(QTest::qWaitFor([&] { return wanted.count() == 1; }, 60000));
-  EXPECT_TRUE(QTest::qWaitFor([&] { return later.state() == QProcess::NotRunning; }, 60000));
 }
 
 TEST(CommandLine, TellsWrongUseApartWithoutADisplay) {

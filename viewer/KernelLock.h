@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+
+/// A lock on a file that the kernel drops with the process that holds it, however that ends
+/// (flock(2)). The file stays, since removing it would let two processes hold locks of one name.
+class KernelLock {
+ public:
+  KernelLock() = default;
+  ~KernelLock() { drop(); }
+  KernelLock(const KernelLock&) = delete;
+  KernelLock& operator=(const KernelLock&) = delete;
+
+  /// True when the lock is held afterwards; false at once when another holds it, or on an error.
+  bool take(const QString& file);
+  void drop();
+  bool isHeld() const { return descriptor_ >= 0; }
+
+ private:
+  int descriptor_ = -1;
+};
