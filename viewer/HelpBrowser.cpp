@@ -1,13 +1,18 @@
 #include "viewer/HelpBrowser.h"
 
+#include <QHelpEvent>
 #include <QPalette>
 #include <QTextCursor>
+#include <QToolTip>
+
+#include "platform/PlainText.h"
 
 namespace {
 
 QString messagePage(const QString& title, const QString& text) {
   return "<html><head><title>" + title.toHtmlEscaped() + "</title></head><body><h2>" +
-         title.toHtmlEscaped() + "</h2><p>" + text.toHtmlEscaped() + "</p></body></html>";
+         title.toHtmlEscaped() + "</h2><p>" + PlainText::plain(text).toHtmlEscaped() +
+         "</p></body></html>";
 }
 
 QPalette paper(QPalette palette) {
@@ -62,6 +67,15 @@ void HelpBrowser::highlight(const QString& words) {
   QTextCursor first = marks.first().cursor;
   first.clearSelection();
   setTextCursor(first);
+}
+
+/// The text engine would show a page's tool tips as rich text, with pictures from anywhere.
+bool HelpBrowser::viewportEvent(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QTextBrowser::viewportEvent(event);
+  const auto* help = static_cast<QHelpEvent*>(event);
+  const QString tip = cursorForPosition(help->pos()).charFormat().toolTip();
+  QToolTip::showText(help->globalPos(), tip.isEmpty() ? tip : PlainText::escaped(tip), viewport());
+  return true;
 }
 
 /// A null answer would let the text engine look among the files of the machine.

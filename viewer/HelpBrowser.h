@@ -7,7 +7,8 @@
 /// Shows the pages of one help book, which must outlive what is shown of it.
 ///
 /// Pages are paper: dark on white, whatever the desktop's colours. They run no scripts and get
-/// nothing from outside the book: what is not in it is an empty text or an empty picture.
+/// nothing from outside the book: what is not in it is an empty text or an empty picture. Their
+/// tool tips are plain text.
 class HelpBrowser : public QTextBrowser {
   Q_OBJECT
  public:
@@ -22,6 +23,9 @@ class HelpBrowser : public QTextBrowser {
   void highlight(const QString& words);
 
   QVariant loadResource(int type, const QUrl& name) override;
+
+ protected:
+  bool viewportEvent(QEvent* event) override;
 
  signals:
   /// A link that leads out of the book was followed.

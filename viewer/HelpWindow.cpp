@@ -9,6 +9,7 @@
 #include <QStyle>
 #include <QToolBar>
 
+#include "platform/PlainText.h"
 #include "platform/Shell.h"
 #include "viewer/HelpBrowser.h"
 #include "viewer/NavigationPane.h"
@@ -44,7 +45,8 @@ HelpWindow::HelpWindow(const QString& helpFile)
   connect(browser_, &QTextBrowser::sourceChanged, navigation_, &NavigationPane::showPlace);
   connect(browser_, &HelpBrowser::leftBook, this, &HelpWindow::openOutside);
   connect(browser_, &QTextBrowser::highlighted, this, [this](const QUrl& link) {
-    statusBar()->showMessage(link.scheme() == "chm" ? QString() : link.toDisplayString());
+    statusBar()->showMessage(link.scheme() == "chm" ? QString()
+                                                    : PlainText::plain(link.toDisplayString()));
   });
   connect(navigation_, &NavigationPane::pageWanted, this,
           [this](const QUrl& page, const QString& found) {
@@ -111,7 +113,8 @@ void HelpWindow::readBook() {
   browser_->setBook(book_.get());
   navigation_->setBook(book_.get());
   const QString title = book_ ? book_->title() : QString();
-  setWindowTitle(title.isEmpty() ? QFileInfo(helpFile_).fileName() : tr("%1 Help").arg(title));
+  setWindowTitle(PlainText::plain(title.isEmpty() ? QFileInfo(helpFile_).fileName()
+                                                  : tr("%1 Help").arg(title)));
 }
 
 void HelpWindow::showTopic(int topic) {
@@ -134,6 +137,7 @@ void HelpWindow::showTopic(int topic) {
 
 void HelpWindow::openOutside(const QUrl& address) {
   if (Shell::open(address.toString(QUrl::FullyEncoded).toStdString())) return;
-  statusBar()->showMessage(tr("This link could not be opened: %1").arg(address.toDisplayString()),
+  const QString shown = PlainText::plain(address.toDisplayString());
+  statusBar()->showMessage(tr("This link could not be opened: %1").arg(shown),
                            kMessageMilliseconds);
 }

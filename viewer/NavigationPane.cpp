@@ -4,14 +4,25 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QSignalBlocker>
+#include <QStyledItemDelegate>
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
 #include <QVBoxLayout>
-#include <array>
+
+#include "platform/PlainText.h"
 
 namespace {
 
 constexpr int kAddress = Qt::UserRole;
+
+/// Makes items as wide as their list, so that long texts end in an ellipsis.
+class ElidingDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    return {0, QStyledItemDelegate::sizeHint(option, index).height()};
+  }
+};
 
 /// A field above a list, as a tab of its own.
 QWidget* fieldOverList(QLineEdit* field, QListWidget* list) {
@@ -21,13 +32,14 @@ QWidget* fieldOverList(QLineEdit* field, QListWidget* list) {
   layout->addWidget(field);
   layout->addWidget(list);
   field->setClearButtonEnabled(true);
+  list->setItemDelegate(new ElidingDelegate(list));
   return tab;
 }
 
-QListWidgetItem* itemFor(const QString& text, const QUrl& page) {
-  auto* item = new QListWidgetItem(text);
+QListWidgetItem* itemFor(const QString& text, const QUrl& page, int indent = 0) {
+  auto* item = new QListWidgetItem(QString(indent, ' ') + PlainText::plain(text));
   item->setData(kAddress, page);
-  item->setToolTip(text);
+  item->setToolTip(PlainText::escaped(text));
   return item;
 }
 
@@ -100,9 +112,9 @@ void NavigationPane::fillContents() {
   QList<QTreeWidgetItem*> parents{contents_->invisibleRootItem()};
   for (const SiteMap::Entry& entry : book_->contents()) {
     parents.resize(std::min<qsizetype>(parents.size(), entry.level + 1));
-    auto* item = new QTreeWidgetItem(parents.last(), {entry.name});
+    auto* item = new QTreeWidgetItem(parents.last(), {PlainText::plain(entry.name)});
     item->setData(0, kAddress, HelpBook::address(entry.page));
-    item->setToolTip(0, entry.name);
+    item->setToolTip(0, PlainText::escaped(entry.name));
     parents << item;
   }
   contents_->expandToDepth(1);
@@ -112,8 +124,7 @@ void NavigationPane::fillIndex() {
   index_->clear();
   if (!book_) return;
   for (const SiteMap::Entry& entry : book_->index())
-    index_->addItem(
-        itemFor(QString(2 * entry.level, ' ') + entry.name, HelpBook::address(entry.page)));
+    index_->addItem(itemFor(entry.name, HelpBook::address(entry.page), 2 * entry.level));
   filterIndex(indexWord_->text());
 }
 

@@ -4,7 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
+#include <QApplication>
 #include <QFile>
+#include <QHelpEvent>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QProcess>
@@ -13,6 +15,7 @@
 #include <QStatusBar>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QToolTip>
 #include <QTreeWidget>
 
 #include "tests/viewer/HelpFileOnDisk.h"
@@ -144,6 +147,51 @@ TEST_F(HelpWindowTest, PagesReachNothingOutsideTheHelpFile) {
   }
   page()->anchorClicked(QUrl("file:///etc/passwd"));
   EXPECT_TRUE(window->statusBar()->currentMessage().contains("could not be opened"));
+}
+
+/// The text that a tool tip shows.
+QString shownTip(const QString& tip) {
+  EXPECT_TRUE(Qt::mightBeRichText(tip)) << tip.left(80).toStdString();
+  QTextDocument document;
+  document.setHtml(tip);
+  return document.toPlainText().remove(QChar(0x200b));
+}
+
+/// Everything is shown by its characters; `list` holds all that the help file names.
+void expectPlain(const QAbstractItemView& list) {
+  ASSERT_GT(list.model()->rowCount(), 0);
+  EXPECT_EQ(list.horizontalScrollBar()->maximum(), 0) << "long texts are to be elided";
+  for (int row = 0; row < list.model()->rowCount(); ++row) {
+    const QModelIndex index = list.model()->index(row, 0);
+    const QString text = index.data().toString();
+    EXPECT_FALSE(text.contains(QChar(0x202e)));
+    const QString tip = shownTip(index.data(Qt::ToolTipRole).toString());
+    EXPECT_TRUE(text.trimmed().startsWith(tip.left(900).trimmed())) << tip.toStdString();
+    EXPECT_LE(list.visualRect(index).width(), list.viewport()->width());
+  }
+}
+
+// A tool tip with a picture from /dev/zero once filled the memory.
+TEST_F(HelpWindowTest, ShowsAForeignHelpFilesTextsAsTheyStand) {
+  open(QStringLiteral(QUINZOLITH_SOURCE_DIR "/tests/viewer/hostile/hostile.chm"));
+  EXPECT_EQ(window->windowTitle(), "<img src=\"/dev/zero\"> \\u202E<h1>Big Help");
+  auto* contents = find<QTreeWidget>("contents");
+  expectPlain(*contents);
+  EXPECT_EQ(contents->topLevelItem(0)->text(0), "<img src=\"/dev/zero\">");
+  EXPECT_EQ(contents->topLevelItem(3)->text(0), "one\\u202Eowt");
+  EXPECT_EQ(contents->topLevelItem(5)->text(0).size(), 4000) << "cut in the data";
+  expectPlain(*find<QListWidget>("index"));
+  find<QAction>("find")->trigger();
+  QTest::keyClicks(find<QLineEdit>("searchWords"), "title");
+  expectPlain(*find<QListWidget>("hits"));
+
+  const QPoint link = page()->cursorRect().center() + QPoint(5, 0);
+  QHelpEvent rest(QEvent::ToolTip, link, page()->viewport()->mapToGlobal(link));
+  QApplication::sendEvent(page()->viewport(), &rest);
+  EXPECT_EQ(shownTip(QToolTip::text()), "<img src=\"/dev/zero\">");
+  QTest::mouseMove(page()->viewport(), link);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !window->statusBar()->currentMessage().isEmpty(); }));
+  EXPECT_FALSE(window->statusBar()->currentMessage().contains(QChar(0x202e)));
 }
 
 TEST(CommandLine, TellsWrongUseApartWithoutADisplay) {
