@@ -17,7 +17,6 @@ Form::Design design() {
   d.title = "Quinzolith - Edit Mode";
   d.client = QSizeF(9108, 6516);
   d.back = QColor(192, 192, 255);
-  d.helpContext = frmEdit::kHelpTopic;
   return d;
 }
 

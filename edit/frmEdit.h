@@ -22,7 +22,6 @@ class PictureButton;
 ///        until it is saved, opened or begun anew. Arrows, buttons and trash do not change it.
 class frmEdit : public Form, private RecentMenu {
  public:
-  static constexpr int kHelpTopic = 1300;
   static constexpr int kRecentFiles = 4;
   static constexpr std::size_t kMostPieces = 15;
 
@@ -36,7 +35,6 @@ class frmEdit : public Form, private RecentMenu {
   std::function<void()> ShowPlay;              ///< shows the play window, without waiting
   std::function<void(Form& owner)> ShowAbout;  ///< shows the About box and waits for it
   std::function<void(bool)> SetChooserEdit;    ///< whether the chooser was called by the editor
-  std::function<void(int command, int topic)> ShowHelp;
 
   /// Asks whether changes shall be saved, if there are any, and saves them. True when the caller
   /// may go on and discard the board.
@@ -62,7 +60,6 @@ class frmEdit : public Form, private RecentMenu {
   void buildHelpMenu();
   void SetCaption(int item, const std::string& text) override;
   void SetVisible(int item, bool visible) override;
-  void help(int command, int topic);
   void mnuHelpAbout_Click();
   void mnuFilePlay_Click();
 

@@ -30,11 +30,13 @@ void frmEdit::buildFileMenu() {
 void frmEdit::buildHelpMenu() {
   using namespace basHTMLHelp;
   QMenu* menu = Menus::addMenu(MenuBar(), "mnuHelp", "Help");
-  Menus::addItem(menu, "mnuHelpContents", "Contents...", [this] { help(HH_DISPLAY_TOPIC, 0); });
+  Menus::addItem(menu, "mnuHelpContents", "Contents...",
+                 [this] { ShowHelp(*this, Topic::StartPage); });
   Menus::addItem(menu, "mnuHelpCreate", "How to create puzzles...",
-                 [this] { help(HH_HELP_CONTEXT, kHelpTopic); });
+                 [this] { ShowHelp(*this, Topic::Editor); });
   Menus::addSeparator(menu, "mnuHelpSep");
   Menus::addItem(menu, "mnuHelpAbout", "About...", [this] { mnuHelpAbout_Click(); });
+  ShowHelpOnF1(*this, Topic::Editor);
 }
 
 void frmEdit::SetCaption(int item, const std::string& text) {
@@ -51,10 +53,6 @@ void frmEdit::SetVisible(int item, bool visible) {
 void frmEdit::mnuFilePlay_Click() {
   Unload();
   if (!fActivated_ && ShowPlay) ShowPlay();
-}
-
-void frmEdit::help(int command, int topic) {
-  if (ShowHelp) ShowHelp(command, topic);
 }
 
 void frmEdit::mnuHelpAbout_Click() {

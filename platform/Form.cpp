@@ -6,7 +6,6 @@
 #include <QMenuBar>
 #include <QScopedValueRollback>
 #include <QScreen>
-#include <QShortcut>
 #include <algorithm>
 #include <vector>
 
@@ -33,8 +32,6 @@ void endWhenNoneIsOpen() {
 }
 
 }  // namespace
-
-std::function<void(QWidget*, int)> Form::ShowHelp;
 
 Form::Form(Design design) : design_(std::move(design)) {}
 
@@ -91,11 +88,6 @@ void Form::buildWindow(QWidget* parent) {
   window_->setPalette(lightPalette(design_.back));
   client_->setAutoFillBackground(true);
   new FormWindow(*this, window_, client_);
-  if (design_.helpContext == 0) return;
-  auto* f1 = new QShortcut(QKeySequence(Qt::Key_F1), window_);
-  QObject::connect(f1, &QShortcut::activated, window_, [this] {
-    if (ShowHelp) ShowHelp(window_, design_.helpContext);
-  });
 }
 
 void Form::Load() {

@@ -6,7 +6,6 @@
 #include <QSizeF>
 #include <QString>
 #include <QWidget>
-#include <functional>
 
 /// A window of the program. The Form is a plain object that lives for the whole run and keeps its
 /// fields; its on-screen window and controls exist from loading to unloading.
@@ -32,7 +31,6 @@ class Form {
     Border border = Border::Sizable;
     QSizeF client;            ///< twips
     QColor back = Qt::white;  ///< colour of the client area
-    int helpContext = 0;      ///< topic of the F1 key; 0: none
     Activation activation = Activation::Posted;
     bool maximized = false;  ///< opens maximized
   };
@@ -62,8 +60,6 @@ class Form {
   static bool Unloaded(const QWidget* widget);
   /// True while a dialog keeps input from the form's window that holds the widget.
   static bool Blocked(const QWidget* widget);
-  /// Where F1 goes: the window and its topic.
-  static std::function<void(QWidget*, int)> ShowHelp;
   /// The font of controls whose size is fixed: a sans of 8.25 points.
   static QFont ControlFont();
 

@@ -16,7 +16,6 @@ Form::Design design() {
   d.title = Program::kTitle;
   d.client = QSizeF(10044, 7500);
   d.back = QColor(192, 192, 255);
-  d.helpContext = frmMain::kHelpTopic;
   d.maximized = true;
   return d;
 }

@@ -18,7 +18,6 @@
 /// the board is full.
 class frmMain : public Form {
  public:
-  static constexpr int kHelpTopic = 1200;
   static constexpr std::int16_t kTrayWidth = 9;  ///< cells
   static constexpr std::int16_t kTrayHeight = 36;
 
@@ -54,7 +53,6 @@ class frmMain : public Form {
   void mnuViewEdit_Click();
   void mnuSound_Click(bool on);
   void mnuHelpAbout_Click();
-  void showHelp(int command, int topic);
   void showSoundSwitch();
 
   // layout

@@ -51,11 +51,13 @@ void frmMain::buildViewMenu() {
 void frmMain::buildHelpMenu() {
   using namespace basHTMLHelp;
   QMenu* help = Menus::addMenu(MenuBar(), "mnuHelp", "Help");
-  Menus::addItem(help, "mnuHelpContents", "Contents...", [this] { showHelp(HH_DISPLAY_TOPIC, 0); });
+  Menus::addItem(help, "mnuHelpContents", "Contents...",
+                 [this] { ShowHelp(*this, Topic::StartPage); });
   Menus::addItem(help, "mnuHelpSolve", "How to solve puzzles...",
-                 [this] { showHelp(HH_HELP_CONTEXT, kHelpTopic); });
+                 [this] { ShowHelp(*this, Topic::Play); });
   Menus::addSeparator(help, "mnuHelpSep");
   Menus::addItem(help, "mnuHelpAbout", "About...", [this] { mnuHelpAbout_Click(); });
+  ShowHelpOnF1(*this, Topic::Play);
 }
 
 void frmMain::mnuFileOpen_Click() {
@@ -78,10 +80,6 @@ void frmMain::mnuSound_Click(bool on) {
 void frmMain::showSoundSwitch() {
   mnuSoundOn_->setChecked(basKelvoMusic::SoundOn());
   mnuSoundOff_->setChecked(!basKelvoMusic::SoundOn());
-}
-
-void frmMain::showHelp(int command, int topic) {
-  basHTMLHelp::HtmlHelpA(Window(), Program::HelpFile, command, topic);
 }
 
 void frmMain::mnuHelpAbout_Click() {

@@ -15,7 +15,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr int kHelpTopic = 1100;
 constexpr int kKeyRole = Qt::UserRole;       // the entry's key
 constexpr int kFileRole = Qt::UserRole + 1;  // the real name of a user's puzzle
 
@@ -142,5 +141,5 @@ void frmOpen::cmdCreate_Click() {
 }
 
 void frmOpen::cmdHelp_Click() {
-  basHTMLHelp::HtmlHelpA(Window(), Program::HelpFile, basHTMLHelp::HH_HELP_CONTEXT, kHelpTopic);
+  basHTMLHelp::ShowHelp(*this, basHTMLHelp::Topic::Chooser);
 }

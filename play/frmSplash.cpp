@@ -7,12 +7,12 @@
 #include "platform/Twips.h"
 #include "play/basStartup.h"
 #include "play/frmMain.h"
+#include "services/basHTMLHelp.h"
 #include "services/basKelvoEMail.h"
 #include "services/basKelvoWinAPI.h"
 
 namespace {
 
-constexpr int kHelpTopic = 1000;
 constexpr double kLabelTop = 4140;  // twips
 
 Form::Design design() {
@@ -21,7 +21,6 @@ Form::Design design() {
   d.border = Form::Border::FixedDialog;
   d.client = QSizeF(7008, 4476);
   d.back = QColor(192, 192, 255);
-  d.helpContext = kHelpTopic;
   d.activation = Form::Activation::BeforePaint;
   return d;
 }
@@ -39,6 +38,7 @@ void frmSplash::BuildControls() {
   Twips::place(*Image1_, 120, 60, 2484, 3456);
   buildTitle();
   buildOptions();
+  basHTMLHelp::ShowHelpOnF1(*this, basHTMLHelp::Topic::Splash);
   Client()->setFocus();  // Enter plays; no option is marked before Tab is pressed
 
   // Never seen: it lies below the client area, where as the default button it answers Enter.

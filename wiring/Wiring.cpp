@@ -10,7 +10,6 @@
 #include "platform/Pointer.h"
 #include "platform/Program.h"
 #include "play/basStartup.h"
-#include "services/basHTMLHelp.h"
 
 namespace {
 
@@ -54,10 +53,6 @@ class WithoutPlugins {
   const QStringList paths_ = QCoreApplication::libraryPaths();
 };
 
-void showHelp(QWidget* window, int command, int topic) {
-  basHTMLHelp::HtmlHelpA(window, Program::HelpFile, command, topic);
-}
-
 void wireModel() {
   basTiles::store = {SafeFile::exists, SafeFile::read, SafeFile::write};
   basTiles::Random = [] { return Program::Random(); };
@@ -72,9 +67,6 @@ Wiring::Wiring() {
   // Reading eight pictures and handing them to the display server takes longer than the window.
   new AfterFirstPaint([] { QApplication::setWindowIcon(programIcon()); });
   Pointer::listen();
-  Form::ShowHelp = [](QWidget* window, int topic) {
-    showHelp(window, basHTMLHelp::HH_HELP_CONTEXT, topic);
-  };
 
   windows.Splash = &splash;
   windows.Main = &main;
@@ -85,11 +77,6 @@ Wiring::Wiring() {
   edit.ShowPlay = [this] { main.Show(); };
   edit.ShowAbout = [this](Form& owner) { splash.ShowModal(&owner); };
   edit.SetChooserEdit = [this](bool on) { open.fEdit = on; };
-  edit.ShowHelp = [this](int command, int topic) { showHelp(edit.Window(), command, topic); };
-}
-
-Wiring::~Wiring() {
-  Form::ShowHelp = nullptr;
 }
 
 void Wiring::start() {

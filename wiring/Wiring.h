@@ -12,7 +12,6 @@
 class Wiring {
  public:
   Wiring();
-  ~Wiring();
   Wiring(const Wiring&) = delete;
   Wiring& operator=(const Wiring&) = delete;
 

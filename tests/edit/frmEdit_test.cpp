@@ -1,4 +1,5 @@
 // The editor in the whole program, offscreen: its board, its menus, and the ways out of it.
+#include "platform/HelpProcess.h"
 #include "tests/edit/EditorFixture.h"
 
 namespace {
@@ -125,17 +126,21 @@ TEST_F(Editor, PlayFollowsOnlyAnEditorThatClosedAndItOpensEmptyAgain) {
 }
 
 TEST_F(Editor, HelpGoesToItsTopics) {
-  std::vector<std::pair<int, int>> asked;
-  int f1 = 0;
-  edit().ShowHelp = [&](int command, int topic) { asked.emplace_back(command, topic); };
-  Form::ShowHelp = [&](QWidget*, int topic) { f1 = topic; };
+  std::vector<QStringList> asked;
+  const auto real = HelpProcess::Start;
+  HelpProcess::Start = [&](const QString&, const QStringList& arguments) {
+    asked.push_back(arguments);
+    return true;
+  };
   inEditor([&] {
     menu(edit(), "mnuHelpContents");
     menu(edit(), "mnuHelpCreate");
     key(edit(), Qt::Key_F1);
   });
-  EXPECT_EQ(asked, (std::vector<std::pair<int, int>>{{0, 0}, {15, 1300}}));
-  EXPECT_EQ(f1, 1300);
+  HelpProcess::Start = real;
+  const QString file = QString::fromStdString(Program::HelpFile.string());
+  EXPECT_TRUE(file.endsWith("/Quinzolith.chm"));
+  EXPECT_EQ(asked, (std::vector<QStringList>{{file}, {file, "1300"}, {file, "1300"}}));
 }
 
 TEST_F(Editor, WithFewColoursTheBackgroundGoesAndTheAboutBoxIsShownOverTheCover) {
