@@ -2,39 +2,31 @@
 #include <algorithm>
 
 #include "art/Drawings.h"
-#include "art/Materials.h"
 #include "art/Outline.h"
 #include "art/PuzzleIcons.h"
+#include "drafts/PuzzleFile.h"
+#include "drawing/BoardPicture.h"
 
 namespace pictures {
 namespace {
 
 constexpr QColor kWindow(192, 192, 255);
 
-/// A board as the game paints it: unsmoothed textures, white lines between pieces.
-void paintBoard(QPainter& painter, const std::vector<std::string>& rows, int tile) {
-  const QImage tiles =
-      atlas().scaled(4 * tile, 4 * tile, Qt::IgnoreAspectRatio, Qt::FastTransformation);
-  const auto texture = [&](const QPoint& cell, int t) {
-    painter.drawImage(cell * tile, tiles, QRect(t % 4 * tile, t / 4 * tile, tile, tile));
-  };
-  Cells all = cellsOf(rows, '.');
-  for (const QPoint& cell : all) texture(cell, AtlasLayout::kEmptyCell);
+/// A board as the game paints it.
+QImage boardOf(const std::vector<std::string>& rows, int tile) {
+  solver::Solution pieces;
   for (const Piece& piece : piecesOf(rows)) {
-    for (const QPoint& cell : piece.cells) texture(cell, piece.type);
-    painter.setPen(Qt::white);
-    for (const QPoint& cell : piece.cells) {
-      const QRect square(cell * tile, QSize(tile, tile));
-      const auto other = [&](int dx, int dy) {
-        const QPoint next = cell + QPoint(dx, dy);
-        return std::find(piece.cells.begin(), piece.cells.end(), next) == piece.cells.end();
-      };
-      if (other(0, -1)) painter.drawLine(square.topLeft(), square.topRight());
-      if (other(-1, 0)) painter.drawLine(square.topLeft(), square.bottomLeft());
-      if (other(0, 1)) painter.drawLine(square.bottomLeft(), square.bottomRight());
-      if (other(1, 0)) painter.drawLine(square.topRight(), square.bottomRight());
-    }
+    std::array<solver::Cell, PENTO::kCells> cells;
+    std::ranges::transform(piece.cells, cells.begin(), [](const QPoint& cell) {
+      return solver::Cell{cell.x(), cell.y()};
+    });
+    pieces.push_back(solver::placementCovering(cells));
   }
+  TextureAtlas textures(0, 0);
+  textures.load(atlas(), tile);
+  const solver::Shape box = solver::Shape::rectangle(static_cast<int>(rows.front().size()),
+                                                     static_cast<int>(rows.size()));
+  return boardPicture(puzzle::boardWith(box, pieces), textures);
 }
 
 }  // namespace
@@ -47,11 +39,11 @@ QImage textureSheet() {
   picture.fill(kWindow);
   QPainter painter(&picture);
   painter.translate(20, 20);
-  paintBoard(painter, rows, 67);
+  painter.drawImage(0, 0, boardOf(rows, 67));
   painter.translate(0, 9 * 67 + 20);
-  paintBoard(painter, rows, 31);
+  painter.drawImage(0, 0, boardOf(rows, 31));
   painter.translate(14 * 31 + 40, 0);
-  paintBoard(painter, rows, 12);
+  painter.drawImage(0, 0, boardOf(rows, 12));
   painter.translate(14 * 12 + 40, 0);
   painter.drawImage(0, 0, atlas());
   return picture;

@@ -27,14 +27,18 @@ TextureAtlas::TextureAtlas(int width, int height) {
   showUnscaled(QImage());
 }
 
-void TextureAtlas::load(const std::filesystem::path& file, int tile) {
+void TextureAtlas::load(const QImage& picture, int tile) {
   tile_ = tile;
   atlas_.resize(AtlasLayout::kColumns * tile, AtlasLayout::kColumns * tile);
-  const QImage picture(QString::fromStdString(file.string()));
   if (!picture.isNull()) textures_.load(picture);
   if (textures_.width() == 0) textures_.load(plainColours());
   stretchOnto(atlas_, textures_);
   loaded_ = true;
+}
+
+void TextureAtlas::load(const std::filesystem::path& file, int tile) {
+  const QImage picture(QString::fromStdString(file.string()));
+  load(picture, tile);
   if (picture.isNull())
     throw std::runtime_error("The texture picture cannot be read: " + file.string());
 }

@@ -18,6 +18,8 @@ class TextureAtlas {
   /// Errors: std::runtime_error when the file cannot be read as a picture; by then the atlas shows
   ///         the textures read before, or plain colours, at the new tile size.
   void load(const std::filesystem::path& file, int tile);
+  /// The same from a picture that is in memory; a null one leaves the textures as they were.
+  void load(const QImage& picture, int tile);
 
   /// Shows a picture unscaled in an atlas that keeps its size; the tile becomes a quarter of its
   /// width. A null picture leaves it plain.

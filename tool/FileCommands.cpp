@@ -5,7 +5,7 @@
 
 #include "drafts/Drawing.h"
 #include "drafts/PuzzleFile.h"
-#include "tool/Board.h"
+#include "drawing/BoardPicture.h"
 #include "tool/Commands.h"
 #include "tool/Generator.h"
 #include "tool/Subject.h"
@@ -121,8 +121,9 @@ int renderCommand(const Given& given, Surroundings& surroundings) {
   if (given.has("shape")) subject.solution.clear();
   const bool whole = given.has("whole");
   if (!whole) trim(subject, 1);  // the ring gives the edge its outline and is cut off again
-  QImage image = renderBoard(boardWith(subject.shape, subject.solution), tile,
-                             surroundings.installation / "tiles" / "tiles.jpg");
+  TextureAtlas textures(0, 0);
+  textures.load(surroundings.installation / "tiles" / "tiles.jpg", tile);
+  QImage image = boardPicture(boardWith(subject.shape, subject.solution), textures);
   if (!whole) image = image.copy(tile, tile, image.width() - 2 * tile, image.height() - 2 * tile);
   QByteArray png;
   QBuffer buffer(&png);

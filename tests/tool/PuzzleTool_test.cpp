@@ -7,7 +7,6 @@
 #include "drafts/PuzzleFile.h"
 #include "solver/Placement.h"
 #include "tests/files/FileBytes.h"
-#include "tool/Board.h"
 #include "tool/CommandLine.h"
 
 namespace fs = std::filesystem;
