@@ -164,7 +164,7 @@ void loading() {
   QTemporaryDir folder;
   const std::filesystem::path file = folder.filePath("twelve.qzl").toStdString();
   std::ofstream(file, std::ios::binary)
-      << PuzzleFormat::write(playedBoard(), {1, 1, 7}, PuzzleFormat::kUnlocked);
+      << PuzzleFormat::write(playedBoard(), PuzzleFormat::kUnlocked);
   Bare board, tray;
   board.grid.SetGridSize(kSide, kSide);
   tray.grid.SetGridSize(9, 36);

@@ -8,10 +8,7 @@ namespace puzzle {
 
 namespace {
 
-constexpr PuzzleFormat::Version kVersion{QUINZOLITH_VERSION_MAJOR, QUINZOLITH_VERSION_MINOR,
-                                         QUINZOLITH_VERSION_REVISION};
-
-bool isSoundRecord(const PuzzleFormat::PieceRecord& record) {
+bool isValidRecord(const PuzzleFormat::PieceRecord& record) {
   return record.type >= 0 && record.type < PENTO::kTypes && record.rotations >= 0 &&
          record.rotations < 4 && (record.flips == 0 || record.flips == 1);
 }
@@ -20,7 +17,7 @@ bool isSoundRecord(const PuzzleFormat::PieceRecord& record) {
 void checkPiece(const PuzzleFormat::PieceRecord& record, std::size_t number, solver::Shape& covered,
                 std::vector<std::string>& problems) {
   const std::string name = "Piece " + std::to_string(number);
-  if (!isSoundRecord(record)) {
+  if (!isValidRecord(record)) {
     problems.push_back(name + " has an unknown type or orientation.");
     return;
   }
@@ -56,9 +53,10 @@ std::vector<std::string> problemsOf(const PuzzleFile& file) {
   if (file.lockFlag != PuzzleFormat::kLocked && file.lockFlag != PuzzleFormat::kUnlocked)
     problems.push_back("The lock flag is neither U nor L.");
   if (file.pieces.empty()) problems.push_back("The puzzle has no pieces.");
-  if (file.pieces.size() > kMostPieces)
+  if (file.pieces.size() > PuzzleFormat::kMostPieces)
     problems.push_back("The puzzle has " + std::to_string(file.pieces.size()) +
-                       " pieces; it may have at most " + std::to_string(kMostPieces) + ".");
+                       " pieces; it may have at most " + std::to_string(PuzzleFormat::kMostPieces) +
+                       ".");
   solver::Shape covered(kBoard, kBoard);
   for (std::size_t i = 0; i < file.pieces.size(); ++i)
     checkPiece(file.pieces[i], i + 1, covered, problems);
@@ -88,20 +86,7 @@ bool isPuzzleFile(std::string_view bytes) {
 }
 
 PuzzleFile readPuzzleFile(std::string_view bytes) {
-  PuzzleFormat::Reader reader(bytes);
-  if (reader.text(PuzzleFormat::kSignature.size()) != PuzzleFormat::kSignature)
-    throw Refusal("This is no Quinzolith puzzle file: its first 26 bytes are not the signature.");
-  PuzzleFile file;
-  file.version.major = reader.int32();
-  file.version.minor = reader.int32();
-  file.version.revision = reader.int32();
-  file.lockFlag = reader.text(1).front();
-  for (int i = 0; i < kBoard * kBoard; ++i) file.flags.push_back(reader.int16());
-  const std::int32_t count = reader.int32();
-  if (count < 0 || count > PuzzleFormat::kMostPieces)
-    throw Refusal("The file names an impossible number of pieces: " + std::to_string(count) + ".");
-  for (std::int32_t i = 0; i < count; ++i) file.pieces.push_back(reader.piece());
-  return file;
+  return {PuzzleFormat::read(bytes)};
 }
 
 std::vector<std::string> problemsOf(std::string_view bytes) {
@@ -131,7 +116,7 @@ std::string makePuzzleFile(solver::Solution solution, char lockFlag) {
     placement.y += 1 + (kArea - height) / 2 - top;
     for (const solver::Cell cell : cellsOf(placement)) box.set(cell);
   }
-  return PuzzleFormat::write(boardWith(box, solution), kVersion, lockFlag);
+  return PuzzleFormat::write(boardWith(box, solution), lockFlag);
 }
 
 PENTOGRID boardWith(const solver::Shape& shape, const solver::Solution& solution) {

@@ -11,14 +11,8 @@ namespace puzzle {
 
 inline constexpr int kBoard = PuzzleFormat::kBoardSize;
 inline constexpr int kArea = kBoard - 2;  ///< the inner area, inside the one-cell ring
-inline constexpr int kMostPieces = 15;    ///< what a tray holds with room to move
 
-struct PuzzleFile {
-  PuzzleFormat::Version version{};
-  char lockFlag = PuzzleFormat::kUnlocked;
-  std::vector<std::int16_t> flags;  ///< column by column
-  std::vector<PuzzleFormat::PieceRecord> pieces;
-
+struct PuzzleFile : PuzzleFormat::Contents {
   solver::Shape shape() const;        ///< the cells whose flag is 0, in the board's coordinates
   solver::Solution solution() const;  ///< the records, as they stand
 };
@@ -28,7 +22,7 @@ bool isPuzzleFile(std::string_view bytes);
 /// Errors: std::runtime_error when the file cannot be read to its last piece.
 PuzzleFile readPuzzleFile(std::string_view bytes);
 
-/// Everything that is wrong with a file, one sentence each; empty for a sound one.
+/// Everything that is wrong with a file, one sentence each; empty for a valid one.
 std::vector<std::string> problemsOf(std::string_view bytes);
 
 /// The bytes of a puzzle whose solution is centred on the inner area, to within half a cell.

@@ -73,7 +73,7 @@ void frmEdit::Form_Unload(bool& Cancel) {
 }
 
 void frmEdit::cmdPento_Click(std::int16_t Index) {
-  if (BoardGrid_.PentoCollection().Count() >= kMostPieces) {
+  if (BoardGrid_.PentoCollection().Count() >= PuzzleFormat::kMostPieces) {
     Dialogs::message("The puzzle can only contain 15 pieces.", Dialogs::Icon::Exclamation);
     return;
   }

@@ -23,7 +23,6 @@ class PictureButton;
 class frmEdit : public Form, private RecentMenu {
  public:
   static constexpr int kRecentFiles = 4;
-  static constexpr std::size_t kMostPieces = 15;
 
   frmEdit();
 

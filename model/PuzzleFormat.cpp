@@ -25,6 +25,10 @@ void append32(std::string& bytes, std::int32_t value) {
 
 }  // namespace
 
+std::string Version::text() const {
+  return std::to_string(major) + "." + std::to_string(minor) + "." + std::to_string(revision);
+}
+
 std::string_view Reader::text(std::size_t length) {
   if (bytes_.size() - position_ < length)
     throw std::runtime_error("The file ends too early: byte " + std::to_string(bytes_.size()) +
@@ -42,6 +46,34 @@ std::int32_t Reader::int32() {
   return static_cast<std::int32_t>(littleEndian(text(4)));
 }
 
+bool Reader::signature() {
+  return text(kSignature.size()) == kSignature;
+}
+
+Version Reader::version() {
+  Version version;
+  version.major = int32();
+  version.minor = int32();
+  version.revision = int32();
+  return version;
+}
+
+char Reader::lockFlag() {
+  return text(1).front();
+}
+
+std::int16_t Reader::flag() {
+  return int16();
+}
+
+std::int32_t Reader::pieceCount() {
+  const std::int32_t count = int32();
+  if (count < -kMostRecords - 1 || count > kMostRecords)
+    throw std::runtime_error(
+        "The file names an impossible number of pieces: " + std::to_string(count) + ".");
+  return count;
+}
+
 PieceRecord Reader::piece() {
   PieceRecord record{};
   record.type = int16();
@@ -52,7 +84,22 @@ PieceRecord Reader::piece() {
   return record;
 }
 
-std::string write(const PENTOGRID& board, const Version& version, char lockFlag) {
+Contents read(std::string_view bytes) {
+  Reader reader(bytes);
+  if (!reader.signature())
+    throw std::runtime_error(
+        "This is no Quinzolith puzzle file: its first 26 bytes are not the signature.");
+  Contents contents;
+  contents.version = reader.version();
+  contents.lockFlag = reader.lockFlag();
+  for (int cell = 0; cell < kBoardSize * kBoardSize; ++cell)
+    contents.flags.push_back(reader.flag());
+  const std::int32_t count = reader.pieceCount();
+  for (std::int32_t i = 0; i < count; ++i) contents.pieces.push_back(reader.piece());
+  return contents;
+}
+
+std::string write(const PENTOGRID& board, char lockFlag, const Version& version) {
   const auto pieces = static_cast<int>(board.PentoCollection().Count());
   std::string bytes;
   bytes.reserve(fileSize(board.Width(), board.Height(), pieces));

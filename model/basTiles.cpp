@@ -56,7 +56,7 @@ PENTOGRID& boardGrid(bool ToEditor) {
 }
 
 std::size_t largestFile(const PENTOGRID& board) {
-  return PuzzleFormat::fileSize(board.Width(), board.Height(), PuzzleFormat::kMostPieces);
+  return PuzzleFormat::fileSize(board.Width(), board.Height(), PuzzleFormat::kMostRecords);
 }
 
 void prepareTargets(bool ToEditor) {
@@ -81,7 +81,7 @@ void checkLock(char flag, bool ToEditor) {
 void readCells(PuzzleFormat::Reader& reader, PENTOGRID& board, bool ToEditor) {
   for (int x = 0; x < board.Width(); ++x) {
     for (int y = 0; y < board.Height(); ++y) {
-      const bool background = reader.int16() != 0;
+      const bool background = reader.flag() != 0;
       if (ToEditor) continue;  // the editor's cells stay as they are
       if (background)
         board.SetGridBackground(x, y);
@@ -125,21 +125,17 @@ void readPiece(PuzzleFormat::Reader& reader, bool ToEditor) {
 }
 
 void readPieces(PuzzleFormat::Reader& reader, bool ToEditor) {
-  const std::int32_t count = reader.int32();
-  if (count < -PuzzleFormat::kMostPieces - 1 || count > PuzzleFormat::kMostPieces)
-    throw std::runtime_error(
-        "The file names an impossible number of pieces: " + std::to_string(count) + ".");
+  const std::int32_t count = reader.pieceCount();
   for (std::int32_t i = 0; i < count; ++i) readPiece(reader, ToEditor);
 }
 
 void loadOnce(const fs::path& FileName, bool ToEditor) {
   const std::string bytes = store.read(FileName, largestFile(boardGrid(ToEditor)));
   PuzzleFormat::Reader reader(bytes);
-  if (reader.text(PuzzleFormat::kSignature.size()) != PuzzleFormat::kSignature)
-    throw Refusal("This is not a valid Quinzolith Puzzle file.");
+  if (!reader.signature()) throw Refusal("This is not a valid Quinzolith Puzzle file.");
   prepareTargets(ToEditor);
-  for (int word = 0; word < 3; ++word) reader.int32();  // the version of the writing program
-  checkLock(reader.text(1).front(), ToEditor);
+  reader.version();
+  checkLock(reader.lockFlag(), ToEditor);
   readCells(reader, boardGrid(ToEditor), ToEditor);
   readPieces(reader, ToEditor);
 }
@@ -221,11 +217,8 @@ bool SavePuzzle(const fs::path& FileName, const PuzzleTarget& Board) {
   LastFileError.clear();
   try {
     refuseHiddenName(FileName);
-    const PuzzleFormat::Version version{QUINZOLITH_VERSION_MAJOR, QUINZOLITH_VERSION_MINOR,
-                                        QUINZOLITH_VERSION_REVISION};
-    std::string bytes =
-        PuzzleFormat::write(*Board.Grid(), version,
-                            fDeveloperVersion ? PuzzleFormat::kLocked : PuzzleFormat::kUnlocked);
+    std::string bytes = PuzzleFormat::write(
+        *Board.Grid(), fDeveloperVersion ? PuzzleFormat::kLocked : PuzzleFormat::kUnlocked);
     bytes += tailBehind(FileName, bytes.size());
     store.write(FileName, bytes);
   } catch (const std::exception& error) {

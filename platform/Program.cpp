@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <random>
 
+#include "model/PuzzleFormat.h"
+
 namespace fs = std::filesystem;
 
 namespace Program {
@@ -33,13 +35,8 @@ std::function<double()> Random = [] {
   return std::uniform_real_distribution<double>{}(generator());
 };
 
-VersionNumbers version() {
-  return {QUINZOLITH_VERSION_MAJOR, QUINZOLITH_VERSION_MINOR, QUINZOLITH_VERSION_REVISION};
-}
-
 std::string versionText() {
-  const VersionNumbers v = version();
-  return std::to_string(v.major) + "." + std::to_string(v.minor) + "." + std::to_string(v.revision);
+  return PuzzleFormat::kThisVersion.text();
 }
 
 fs::path installationFolder() {

@@ -13,10 +13,6 @@ inline constexpr const char* kTitle = "Quinzolith";
 /// Its maker, as in the settings store and the installed tree.
 inline constexpr const char* kMaker = "Kelvo Software";
 
-struct VersionNumbers {
-  int major, minor, revision;
-};
-VersionNumbers version();
 /// The three numbers joined by ".", for example 1.1.7.
 std::string versionText();
 

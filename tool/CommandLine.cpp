@@ -6,6 +6,8 @@
 #include <ostream>
 #include <sstream>
 
+#include "model/PuzzleFormat.h"
+
 namespace puzzle {
 
 namespace {
@@ -17,11 +19,6 @@ constexpr std::string_view kGeneral =
     "is standard input or output. -- ends the options.";
 constexpr std::string_view kExitCodes[] = {
     "0  done", "1  the answer is no: no solution, a file refused", "2  wrong use"};
-
-std::string version() {
-  return std::to_string(QUINZOLITH_VERSION_MAJOR) + "." + std::to_string(QUINZOLITH_VERSION_MINOR) +
-         "." + std::to_string(QUINZOLITH_VERSION_REVISION);
-}
 
 std::string dashed(std::string_view name) {
   return std::string("--").append(name);
@@ -68,7 +65,8 @@ int dispatch(const std::vector<std::string>& words, Surroundings& surroundings) 
   const std::string first = words.empty() ? "" : words.front();
   if (first.empty()) throw UsageError("No command is given.");
   if (first == "--help") surroundings.out << helpText();
-  if (first == "--version") surroundings.out << kProgram << " " << version() << "\n";
+  if (first == "--version")
+    surroundings.out << kProgram << " " << PuzzleFormat::kThisVersion.text() << "\n";
   if (first == "--man") surroundings.out << manualPage();
   if (first == "--help" || first == "--version" || first == "--man") return kDone;
   const Command& command = commandNamed(first);
@@ -158,8 +156,8 @@ std::string helpText(const Command& command) {
 
 std::string manualPage() {
   std::ostringstream out;
-  out << ".TH QUINZOLITH\\-PUZZLE 1 " << QUINZOLITH_RELEASED << " \"Quinzolith " << version()
-      << "\"\n.SH NAME\n"
+  out << ".TH QUINZOLITH\\-PUZZLE 1 " << QUINZOLITH_RELEASED << " \"Quinzolith "
+      << PuzzleFormat::kThisVersion.text() << "\"\n.SH NAME\n"
       << troff(kProgram) << " \\- " << kPurpose << "\n.SH SYNOPSIS\n.B " << troff(kProgram)
       << "\n.I COMMAND\n[OPTIONS] ARGUMENTS\n.SH DESCRIPTION\n"
       << troff(kGeneral) << "\n.SH COMMANDS\n";

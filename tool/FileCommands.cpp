@@ -80,9 +80,9 @@ std::string coloured(const std::string& text) {
 int makeCommand(const Given& given, Surroundings& surroundings) {
   const Subject subject = readSubject(given.arguments[0], surroundings);
   const int pieces = subject.shape.area() / PENTO::kCells;
-  if (pieces > kMostPieces)
+  if (pieces > PuzzleFormat::kMostPieces)
     throw Refusal("The shape takes " + std::to_string(pieces) + " pieces; a puzzle has at most " +
-                  std::to_string(kMostPieces) + ".");
+                  std::to_string(PuzzleFormat::kMostPieces) + ".");
   solver::TypeOrder order = solver::kAwkwardFirst;
   if (given.has("seed")) {
     std::mt19937_64 random = generatorFrom(given, surroundings);
@@ -151,7 +151,7 @@ int checkCommand(const Given& given, Surroundings& surroundings) {
 
 int generateCommand(const Given& given, Surroundings& surroundings) {
   Wanted wanted;
-  wanted.pieces = static_cast<int>(given.number("number", 6, 1, kMostPieces));
+  wanted.pieces = static_cast<int>(given.number("number", 6, 1, PuzzleFormat::kMostPieces));
   wanted.width = static_cast<int>(given.number("width", kArea, 1, kArea));
   wanted.height = static_cast<int>(given.number("height", kArea, 1, kArea));
   wanted.symmetric = given.has("symmetric");

@@ -124,14 +124,10 @@ void Hands::clickOnEntry(QListWidget& list, const Catalogue::Entry& puzzle) {
 }
 
 std::vector<PuzzleFormat::PieceRecord> Hands::solution(const std::filesystem::path& file) {
-  constexpr int side = 14;
+  constexpr int side = PuzzleFormat::kBoardSize;
   const std::string bytes =
       basTiles::store.read(file, PuzzleFormat::fileSize(side, side, PuzzleFormat::kMostPieces));
-  PuzzleFormat::Reader reader(bytes);
-  reader.text(PuzzleFormat::fileSize(side, side, 0) - 4);
-  std::vector<PuzzleFormat::PieceRecord> pieces(static_cast<std::size_t>(reader.int32()));
-  for (auto& piece : pieces) piece = reader.piece();
-  return pieces;
+  return PuzzleFormat::read(bytes).pieces;
 }
 
 void Hands::orient(const PuzzleFormat::PieceRecord& record) {

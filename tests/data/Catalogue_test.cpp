@@ -154,7 +154,7 @@ TEST_F(CataloguePuzzles, RebuildTheirDrawings) {
     EXPECT_TRUE(isCentred(arrangement()));
     EXPECT_EQ(pieces(), problem.supply);
     EXPECT_EQ(bytesOf(fileOf(entry.key, ".qzl")),
-              PuzzleFormat::write(editor, {1, 1, 7}, PuzzleFormat::kLocked));
+              PuzzleFormat::write(editor, PuzzleFormat::kLocked, {1, 1, 7}));
   }
 }
 

@@ -31,7 +31,7 @@ TEST_F(EditorFiles, AFileIsSavedByTheByteAndOpenedAgain) {
     PENTOGRID expected;
     expected.SetGridSize(14, 14);
     expected.AddPento(makePiece(8), 3, 4);
-    EXPECT_EQ(bytesOf(file), PuzzleFormat::write(expected, {1, 1, 7}, PuzzleFormat::kUnlocked));
+    EXPECT_EQ(bytesOf(file), PuzzleFormat::write(expected, PuzzleFormat::kUnlocked));
 
     lay(1, 5, 10);
     menu(edit(), "mnuFileSave");  // without a dialog

@@ -57,7 +57,7 @@ class PlayFixture : public ::testing::Test {
   static void writePuzzle(const fs::path& file) {
     PENTOGRID board = ringedGrid(14, 14);
     board.AddPento(makePiece(5), 6, 6);
-    putBytes(file, PuzzleFormat::write(board, {1, 1, 7}, PuzzleFormat::kUnlocked));
+    putBytes(file, PuzzleFormat::write(board, PuzzleFormat::kUnlocked));
   }
 
   /// Starts the program and runs the script beside it; the program must have ended by itself, with
