@@ -61,32 +61,32 @@ std::string paragraph(const Command& command) {
   return text;
 }
 
-int dispatch(const std::vector<std::string>& words, Surroundings& surroundings) {
+int dispatch(const std::vector<std::string>& words, Environment& environment) {
   const std::string first = words.empty() ? "" : words.front();
-  if (first.empty()) throw UsageError("No command is given.");
-  if (first == "--help") surroundings.out << helpText();
+  if (first.empty()) throw UsageError("No command is arguments.");
+  if (first == "--help") environment.out << helpText();
   if (first == "--version")
-    surroundings.out << kProgram << " " << PuzzleFormat::kThisVersion.text() << "\n";
-  if (first == "--man") surroundings.out << manualPage();
+    environment.out << kProgram << " " << PuzzleFormat::kThisVersion.text() << "\n";
+  if (first == "--man") environment.out << manualPage();
   if (first == "--help" || first == "--version" || first == "--man") return kDone;
   const Command& command = commandNamed(first);
-  const Given given = parse(command, {words.begin() + 1, words.end()});
-  if (given.has("help")) {
-    surroundings.out << helpText(command);
+  const Arguments arguments = parse(command, {words.begin() + 1, words.end()});
+  if (arguments.has("help")) {
+    environment.out << helpText(command);
     return kDone;
   }
-  return command.run(given, surroundings);
+  return command.run(arguments, environment);
 }
 
 }  // namespace
 
-std::string Given::text(std::string_view option, std::string_view otherwise) const {
+std::string Arguments::text(std::string_view option, std::string_view otherwise) const {
   const auto found = options.find(option);
   return found == options.end() ? std::string(otherwise) : found->second;
 }
 
-long long Given::number(std::string_view option, long long otherwise, long long least,
-                        long long most) const {
+long long Arguments::number(std::string_view option, long long otherwise, long long least,
+                            long long most) const {
   if (!has(option)) return otherwise;
   const std::string value = text(option);
   long long result = 0;
@@ -97,18 +97,18 @@ long long Given::number(std::string_view option, long long otherwise, long long 
   return result;
 }
 
-Given parse(const Command& command, const std::vector<std::string>& words) {
-  Given given;
+Arguments parse(const Command& command, const std::vector<std::string>& words) {
+  Arguments arguments;
   bool optionsEnded = false;
   for (std::size_t i = 0; i < words.size(); ++i) {
     const std::string& word = words[i];
     if (optionsEnded || word == "-" || !word.starts_with("-")) {
-      given.arguments.push_back(word);
+      arguments.positional.push_back(word);
     } else if (word == "--") {
       optionsEnded = true;
     } else if (word == "--help") {
-      given.options["help"];
-      return given;
+      arguments.options["help"];
+      return arguments;
     } else {
       const std::size_t equals = word.find('=');
       const std::string name = word.starts_with("--") ? word.substr(2, equals - 2) : word;
@@ -118,15 +118,15 @@ Given parse(const Command& command, const std::vector<std::string>& words) {
       if (!option.value.empty() && equals == std::string::npos && ++i == words.size())
         throw UsageError(dashed(name) + " wants a value.");
       const bool apart = !option.value.empty() && equals == std::string::npos;
-      given.options[name] = apart                         ? words[i]
-                            : equals == std::string::npos ? ""
-                                                          : word.substr(equals + 1);
+      arguments.options[name] = apart                         ? words[i]
+                                : equals == std::string::npos ? ""
+                                                              : word.substr(equals + 1);
     }
   }
-  if (given.arguments.size() < command.fewest || given.arguments.size() > command.most)
+  if (arguments.positional.size() < command.fewest || arguments.positional.size() > command.most)
     throw UsageError(std::string(command.name) +
                      " wants the arguments: " + std::string(command.arguments));
-  return given;
+  return arguments;
 }
 
 std::string helpText() {
@@ -173,14 +173,14 @@ std::string manualPage() {
   return out.str();
 }
 
-int run(const std::vector<std::string>& words, Surroundings& surroundings) {
+int run(const std::vector<std::string>& words, Environment& environment) {
   try {
-    return dispatch(words, surroundings);
+    return dispatch(words, environment);
   } catch (const UsageError& error) {
-    surroundings.err << kProgram << ": " << error.what() << "\nTry " << kProgram << " --help.\n";
+    environment.err << kProgram << ": " << error.what() << "\nTry " << kProgram << " --help.\n";
     return kWrongUse;
   } catch (const std::exception& error) {
-    surroundings.err << kProgram << ": " << error.what() << "\n";
+    environment.err << kProgram << ": " << error.what() << "\n";
     return kNo;
   }
 }

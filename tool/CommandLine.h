@@ -23,7 +23,7 @@ struct UsageError : std::runtime_error {
 };
 
 /// What a command works on: results go to `out`, talk to `err`, and "-" names `in` or `out`.
-struct Surroundings {
+struct Environment {
   std::istream& in;
   std::ostream& out;
   std::ostream& err;
@@ -37,9 +37,9 @@ struct Option {
 };
 
 /// The options and arguments that were given to a command.
-class Given {
+class Arguments {
  public:
-  std::vector<std::string> arguments;
+  std::vector<std::string> positional;
   std::map<std::string, std::string, std::less<>> options;
 
   bool has(std::string_view option) const { return options.find(option) != options.end(); }
@@ -53,7 +53,7 @@ struct Command {
   std::string_view name, arguments, summary, text;
   std::size_t fewest, most;  ///< number of arguments
   std::vector<Option> options;
-  int (*run)(const Given&, Surroundings&);
+  int (*run)(const Arguments&, Environment&);
 };
 
 /// All commands, in the order of the help.
@@ -62,7 +62,7 @@ const std::vector<Command>& commands();
 /// The options and arguments of one command.
 /// Errors: UsageError for an unknown option, a missing or needless value, a wrong number of
 /// arguments.
-Given parse(const Command& command, const std::vector<std::string>& words);
+Arguments parse(const Command& command, const std::vector<std::string>& words);
 
 std::string helpText();
 std::string helpText(const Command& command);
@@ -70,6 +70,6 @@ std::string helpText(const Command& command);
 std::string manualPage();
 
 /// Runs the program on the words behind its name and returns its exit code.
-int run(const std::vector<std::string>& words, Surroundings& surroundings);
+int run(const std::vector<std::string>& words, Environment& environment);
 
 }  // namespace puzzle

@@ -54,7 +54,7 @@ const std::vector<Command>& commands() {
       {"check",
        "FILE...",
        "tells what is wrong with puzzle files",
-       "One line a problem; nothing for sound files.",
+       "One line a problem; nothing for valid files.",
        1,
        kAny,
        {},

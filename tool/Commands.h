@@ -5,12 +5,12 @@
 /// What the commands do; the table in Commands.cpp says what each takes.
 namespace puzzle {
 
-int makeCommand(const Given& given, Surroundings& surroundings);
-int showCommand(const Given& given, Surroundings& surroundings);
-int renderCommand(const Given& given, Surroundings& surroundings);
-int checkCommand(const Given& given, Surroundings& surroundings);
-int solveCommand(const Given& given, Surroundings& surroundings);
-int proveCommand(const Given& given, Surroundings& surroundings);
-int generateCommand(const Given& given, Surroundings& surroundings);
+int makeCommand(const Arguments& arguments, Environment& environment);
+int showCommand(const Arguments& arguments, Environment& environment);
+int renderCommand(const Arguments& arguments, Environment& environment);
+int checkCommand(const Arguments& arguments, Environment& environment);
+int solveCommand(const Arguments& arguments, Environment& environment);
+int proveCommand(const Arguments& arguments, Environment& environment);
+int generateCommand(const Arguments& arguments, Environment& environment);
 
 }  // namespace puzzle

@@ -8,47 +8,47 @@
 #include "drawing/BoardPicture.h"
 #include "tool/Commands.h"
 #include "tool/Generator.h"
-#include "tool/Subject.h"
+#include "tool/Input.h"
 
 // The commands that turn files into files.
 namespace puzzle {
 
 namespace {
 
-std::mt19937_64 generatorFrom(const Given& given, Surroundings& surroundings) {
+std::mt19937_64 generatorFrom(const Arguments& arguments, Environment& environment) {
   const auto fresh = static_cast<long long>(std::random_device{}());
-  const long long seed = given.number("seed", fresh, 0, std::numeric_limits<long long>::max());
-  if (!given.has("seed")) surroundings.err << "seed " << seed << "\n";
+  const long long seed = arguments.number("seed", fresh, 0, std::numeric_limits<long long>::max());
+  if (!arguments.has("seed")) environment.err << "seed " << seed << "\n";
   return std::mt19937_64(static_cast<std::uint64_t>(seed));
 }
 
 /// The shape and solution moved into the smallest box, with `ring` empty cells around it.
-void trim(Subject& subject, int ring) {
-  const std::vector<solver::Cell> cells = subject.shape.cells();
+void trim(Input& input, int ring) {
+  const std::vector<solver::Cell> cells = input.shape.cells();
   const int left = std::ranges::min(cells, {}, &solver::Cell::x).x - ring;
   const int top = std::ranges::min(cells, {}, &solver::Cell::y).y - ring;
-  const solver::Shape trimmed = subject.shape.trimmed();
-  subject.shape = solver::Shape(trimmed.width() + 2 * ring, trimmed.height() + 2 * ring);
-  for (const solver::Cell cell : trimmed.cells()) subject.shape.set({cell.x + ring, cell.y + ring});
-  for (solver::Placement& placement : subject.solution) {
+  const solver::Shape trimmed = input.shape.trimmed();
+  input.shape = solver::Shape(trimmed.width() + 2 * ring, trimmed.height() + 2 * ring);
+  for (const solver::Cell cell : trimmed.cells()) input.shape.set({cell.x + ring, cell.y + ring});
+  for (solver::Placement& placement : input.solution) {
     placement.x -= left;
     placement.y -= top;
   }
 }
 
 /// Lettered drawings become solutions when all of their cells are lettered.
-void readLetters(Subject& subject) {
-  if (subject.solution.empty() && !subject.types.empty() &&
-      static_cast<int>(subject.types.size()) == subject.shape.area())
-    subject.solution = solutionOf(subject, solver::PieceSet::ofEach(subject.shape.area()), {});
+void readLetters(Input& input) {
+  if (input.solution.empty() && !input.types.empty() &&
+      static_cast<int>(input.types.size()) == input.shape.area())
+    input.solution = solutionOf(input, solver::PieceSet::ofEach(input.shape.area()), {});
 }
 
-std::string json(const Subject& subject) {
-  std::string text = "{\"width\": " + std::to_string(subject.shape.width()) +
-                     ", \"height\": " + std::to_string(subject.shape.height()) +
-                     ", \"cells\": " + std::to_string(subject.shape.area()) + ", \"pieces\": [";
+std::string json(const Input& input) {
+  std::string text = "{\"width\": " + std::to_string(input.shape.width()) +
+                     ", \"height\": " + std::to_string(input.shape.height()) +
+                     ", \"cells\": " + std::to_string(input.shape.area()) + ", \"pieces\": [";
   const char* separator = "";
-  for (const solver::Placement& placement : subject.solution) {
+  for (const solver::Placement& placement : input.solution) {
     text += separator + ("{\"letter\": \"" + std::string(1, pentominoLetter(placement.type))) +
             "\", \"x\": " + std::to_string(placement.x) +
             ", \"y\": " + std::to_string(placement.y) +
@@ -77,99 +77,100 @@ std::string coloured(const std::string& text) {
 
 }  // namespace
 
-int makeCommand(const Given& given, Surroundings& surroundings) {
-  const Subject subject = readSubject(given.arguments[0], surroundings);
-  const int pieces = subject.shape.area() / PENTO::kCells;
+int makeCommand(const Arguments& arguments, Environment& environment) {
+  const Input input = readInput(arguments.positional[0], environment);
+  const int pieces = input.shape.area() / PENTO::kCells;
   if (pieces > PuzzleFormat::kMostPieces)
     throw Refusal("The shape takes " + std::to_string(pieces) + " pieces; a puzzle has at most " +
                   std::to_string(PuzzleFormat::kMostPieces) + ".");
   solver::TypeOrder order = solver::kAwkwardFirst;
-  if (given.has("seed")) {
-    std::mt19937_64 random = generatorFrom(given, surroundings);
+  if (arguments.has("seed")) {
+    std::mt19937_64 random = generatorFrom(arguments, environment);
     order = randomOrder(random);
   }
   const solver::Solution solution =
-      solutionOf(subject, supplyFor(subject, given), limitsFrom(given, surroundings), order);
-  writeAll(given.arguments[1],
-           makePuzzleFile(solution,
-                          given.has("locked") ? PuzzleFormat::kLocked : PuzzleFormat::kUnlocked),
-           surroundings);
+      solutionOf(input, supplyFor(input, arguments), limitsFrom(arguments, environment), order);
+  writeAll(arguments.positional[1],
+           makePuzzleFile(
+               solution, arguments.has("locked") ? PuzzleFormat::kLocked : PuzzleFormat::kUnlocked),
+           environment);
   return kDone;
 }
 
-int showCommand(const Given& given, Surroundings& surroundings) {
-  Subject subject = readSubject(given.arguments[0], surroundings);
-  readLetters(subject);
-  if (given.has("shape")) subject.solution.clear();
-  if (given.has("json")) {
-    surroundings.out << json(subject);
+int showCommand(const Arguments& arguments, Environment& environment) {
+  Input input = readInput(arguments.positional[0], environment);
+  readLetters(input);
+  if (arguments.has("shape")) input.solution.clear();
+  if (arguments.has("json")) {
+    environment.out << json(input);
     return kDone;
   }
-  trim(subject, 0);
-  if (!subject.solution.empty())
-    surroundings.out << "pieces: " << pieceLetters(piecesOf(subject.solution)) << "\n\n";
-  const std::string text = picture(subject.shape, subject.solution);
-  surroundings.out << (given.has("color") ? coloured(text) : text);
+  trim(input, 0);
+  if (!input.solution.empty())
+    environment.out << "pieces: " << pieceLetters(piecesOf(input.solution)) << "\n\n";
+  const std::string text = picture(input.shape, input.solution);
+  environment.out << (arguments.has("color") ? coloured(text) : text);
   return kDone;
 }
 
-int renderCommand(const Given& given, Surroundings& surroundings) {
-  Subject subject = readSubject(given.arguments[0], surroundings);
-  const auto tile = static_cast<int>(given.number("tile", 30, 1, 512));
-  readLetters(subject);
-  if (given.has("solution")) subject.solution = solutionOf(subject, supplyFor(subject, given), {});
-  if (given.has("shape")) subject.solution.clear();
-  const bool whole = given.has("whole");
-  if (!whole) trim(subject, 1);  // the ring gives the edge its outline and is cut off again
+int renderCommand(const Arguments& arguments, Environment& environment) {
+  Input input = readInput(arguments.positional[0], environment);
+  const auto tile = static_cast<int>(arguments.number("tile", 30, 1, 512));
+  readLetters(input);
+  if (arguments.has("solution"))
+    input.solution = solutionOf(input, supplyFor(input, arguments), {});
+  if (arguments.has("shape")) input.solution.clear();
+  const bool whole = arguments.has("whole");
+  if (!whole) trim(input, 1);  // the ring gives the edge its outline and is cut off again
   TextureAtlas textures(0, 0);
-  textures.load(surroundings.installation / "tiles" / "tiles.jpg", tile);
-  QImage image = boardPicture(boardWith(subject.shape, subject.solution), textures);
+  textures.load(environment.installation / "tiles" / "tiles.jpg", tile);
+  QImage image = boardPicture(boardWith(input.shape, input.solution), textures);
   if (!whole) image = image.copy(tile, tile, image.width() - 2 * tile, image.height() - 2 * tile);
   QByteArray png;
   QBuffer buffer(&png);
   buffer.open(QIODevice::WriteOnly);
   if (!image.save(&buffer, "PNG")) throw Refusal("The picture cannot be made.");
-  writeAll(given.arguments[1], png.toStdString(), surroundings);
+  writeAll(arguments.positional[1], png.toStdString(), environment);
   return kDone;
 }
 
-int checkCommand(const Given& given, Surroundings& surroundings) {
+int checkCommand(const Arguments& arguments, Environment& environment) {
   int result = kDone;
-  for (const std::string& file : given.arguments) {
+  for (const std::string& file : arguments.positional) {
     std::vector<std::string> problems;
     try {
-      problems = problemsOf(readAll(file, surroundings));
+      problems = problemsOf(readAll(file, environment));
       for (std::string& problem : problems) problem = file + ": " + problem;
     } catch (const Refusal& refusal) {
       problems = {refusal.what()};
     }
-    for (const std::string& problem : problems) surroundings.out << problem << "\n";
+    for (const std::string& problem : problems) environment.out << problem << "\n";
     if (!problems.empty()) result = kNo;
   }
   return result;
 }
 
-int generateCommand(const Given& given, Surroundings& surroundings) {
+int generateCommand(const Arguments& arguments, Environment& environment) {
   Wanted wanted;
-  wanted.pieces = static_cast<int>(given.number("number", 6, 1, PuzzleFormat::kMostPieces));
-  wanted.width = static_cast<int>(given.number("width", kArea, 1, kArea));
-  wanted.height = static_cast<int>(given.number("height", kArea, 1, kArea));
-  wanted.symmetric = given.has("symmetric");
-  wanted.unique = given.has("unique");
+  wanted.pieces = static_cast<int>(arguments.number("number", 6, 1, PuzzleFormat::kMostPieces));
+  wanted.width = static_cast<int>(arguments.number("width", kArea, 1, kArea));
+  wanted.height = static_cast<int>(arguments.number("height", kArea, 1, kArea));
+  wanted.symmetric = arguments.has("symmetric");
+  wanted.unique = arguments.has("unique");
   if (wanted.pieces * PENTO::kCells > wanted.width * wanted.height)
     throw UsageError("So many pieces do not fit into this box.");
-  std::mt19937_64 random = generatorFrom(given, surroundings);
+  std::mt19937_64 random = generatorFrom(arguments, environment);
   const auto tries = static_cast<std::uint64_t>(
-      given.number("tries", 10000, 1, std::numeric_limits<long long>::max()));
+      arguments.number("tries", 10000, 1, std::numeric_limits<long long>::max()));
   const std::optional<Generated> puzzle = generatePuzzle(wanted, random, tries);
   if (!puzzle) throw Refusal("No such puzzle was found.");
-  if (!given.arguments.empty()) {
-    writeAll(given.arguments[0], makePuzzleFile(puzzle->solution, PuzzleFormat::kUnlocked),
-             surroundings);
+  if (!arguments.positional.empty()) {
+    writeAll(arguments.positional[0], makePuzzleFile(puzzle->solution, PuzzleFormat::kUnlocked),
+             environment);
     return kDone;
   }
-  surroundings.out << "pieces: " << pieceLetters(piecesOf(puzzle->solution)) << "\n\n"
-                   << picture(puzzle->shape, puzzle->solution);
+  environment.out << "pieces: " << pieceLetters(piecesOf(puzzle->solution)) << "\n\n"
+                  << picture(puzzle->shape, puzzle->solution);
   return kDone;
 }
 

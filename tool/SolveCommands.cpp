@@ -4,7 +4,7 @@
 
 #include "drafts/Drawing.h"
 #include "tool/Commands.h"
-#include "tool/Subject.h"
+#include "tool/Input.h"
 
 // The commands that ask the solver.
 namespace puzzle {
@@ -27,58 +27,58 @@ class Stopwatch {
   std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
 };
 
-int solveAll(const Subject& subject, const solver::PieceSet& supply, const Given& given,
-             Surroundings& surroundings) {
-  if (!subject.types.empty() && static_cast<int>(subject.types.size()) != subject.shape.area())
+int solveAll(const Input& input, const solver::PieceSet& supply, const Arguments& arguments,
+             Environment& environment) {
+  if (!input.types.empty() && static_cast<int>(input.types.size()) != input.shape.area())
     throw Refusal("A drawing that mixes letters and '#' is solved, not counted.");
   const solver::Counting counting =
-      given.has("up-to-symmetry") ? solver::Counting::UpToSymmetry : solver::Counting::All;
+      arguments.has("up-to-symmetry") ? solver::Counting::UpToSymmetry : solver::Counting::All;
   solver::Deliver deliver;
-  if (given.has("all"))
+  if (arguments.has("all"))
     deliver = [&](const solver::Solution& solution) {
-      surroundings.out << picture(subject.shape, solution) << "\n";
+      environment.out << picture(input.shape, solution) << "\n";
       return true;
     };
-  const solver::Work work = solver::forEachSolution({subject.shape, supply}, counting, deliver,
-                                                    limitsFrom(given, surroundings));
-  surroundings.out << (work.complete ? "" : "at least ") << work.solutions << " solutions, "
-                   << work.nodes << " nodes\n";
-  if (!work.complete) surroundings.err << "The limit was reached.\n";
+  const solver::Work work = solver::forEachSolution({input.shape, supply}, counting, deliver,
+                                                    limitsFrom(arguments, environment));
+  environment.out << (work.complete ? "" : "at least ") << work.solutions << " solutions, "
+                  << work.nodes << " nodes\n";
+  if (!work.complete) environment.err << "The limit was reached.\n";
   return work.solutions > 0 ? kDone : kNo;
 }
 
 }  // namespace
 
-int solveCommand(const Given& given, Surroundings& surroundings) {
-  Subject subject = readSubject(given.arguments[0], surroundings);
-  subject.solution.clear();  // it is to be found, not read
-  const solver::PieceSet supply = supplyFor(subject, given);
-  if (const std::string reason = objection(subject.shape, supply); !reason.empty())
+int solveCommand(const Arguments& arguments, Environment& environment) {
+  Input input = readInput(arguments.positional[0], environment);
+  input.solution.clear();  // it is to be found, not read
+  const solver::PieceSet supply = supplyFor(input, arguments);
+  if (const std::string reason = objection(input.shape, supply); !reason.empty())
     throw Refusal(reason);
-  const Stopwatch stopwatch(surroundings.err);
-  if (given.has("count") || given.has("all")) return solveAll(subject, supply, given, surroundings);
-  const solver::Solution solution = solutionOf(subject, supply, limitsFrom(given, surroundings));
-  surroundings.out << "pieces: " << pieceLetters(piecesOf(solution)) << "\n\n"
-                   << picture(subject.shape, solution);
+  const Stopwatch stopwatch(environment.err);
+  if (arguments.has("count") || arguments.has("all"))
+    return solveAll(input, supply, arguments, environment);
+  const solver::Solution solution = solutionOf(input, supply, limitsFrom(arguments, environment));
+  environment.out << "pieces: " << pieceLetters(piecesOf(solution)) << "\n\n"
+                  << picture(input.shape, solution);
   return kDone;
 }
 
-int proveCommand(const Given& given, Surroundings& surroundings) {
+int proveCommand(const Arguments& arguments, Environment& environment) {
   int result = kDone;
-  surroundings.out << "| puzzle | pieces | solutions | nodes |\n|---|---|---|---|\n";
-  for (const std::string& file : given.arguments) {
-    const Subject subject = readSubject(file, surroundings);
+  environment.out << "| puzzle | pieces | solutions | nodes |\n|---|---|---|---|\n";
+  for (const std::string& file : arguments.positional) {
+    const Input input = readInput(file, environment);
     const solver::PieceSet supply =
-        subject.supply ? *subject.supply
-                       : piecesOf(solutionOf(subject, supplyFor(subject, given), {}));
+        input.supply ? *input.supply : piecesOf(solutionOf(input, supplyFor(input, arguments), {}));
     const solver::Work work =
-        solver::countSolutions({subject.shape, supply}, solver::Counting::UpToSymmetry,
-                               limitsFrom(given, surroundings), solver::Strategy::Scan);
+        solver::countSolutions({input.shape, supply}, solver::Counting::UpToSymmetry,
+                               limitsFrom(arguments, environment), solver::Strategy::Scan);
     const char* atLeast = work.complete ? "" : "≥ ";
-    surroundings.out << "| " << subject.name << " | " << supply.total() << " "
-                     << pieceLetters(supply) << " | " << atLeast << work.solutions << " | "
-                     << atLeast << work.nodes << " |\n"
-                     << std::flush;
+    environment.out << "| " << input.name << " | " << supply.total() << " " << pieceLetters(supply)
+                    << " | " << atLeast << work.solutions << " | " << atLeast << work.nodes
+                    << " |\n"
+                    << std::flush;
     if (work.solutions == 0) result = kNo;
   }
   return result;

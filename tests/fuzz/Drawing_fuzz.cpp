@@ -1,4 +1,4 @@
-// Feeds damaged drawings to the puzzle tool: what it makes of one is a sound puzzle of that shape,
+// Feeds damaged drawings to the puzzle tool: what it makes of one is a valid puzzle of that shape,
 // and what it shows is a drawing that it shows again in the same way.
 #include <sstream>
 
@@ -14,8 +14,8 @@ std::optional<std::string> outputOf(const std::vector<std::string>& words,
                                     const std::string& text) {
   std::istringstream in(text);
   std::ostringstream out, talk;
-  puzzle::Surroundings surroundings{in, out, talk, {}};
-  const int code = puzzle::run(words, surroundings);
+  puzzle::Environment environment{in, out, talk, {}};
+  const int code = puzzle::run(words, environment);
   if (code == puzzle::kDone) return out.str();
   EXPECT_EQ(code, puzzle::kNo);
   EXPECT_FALSE(talk.str().empty());

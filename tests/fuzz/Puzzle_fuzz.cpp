@@ -1,5 +1,5 @@
-// Feeds damaged puzzle files to the game's loader and to the puzzle tool. Grids stay sound, the two
-// agree on what a file holds, and what is sound comes back from a save as it was.
+// Feeds damaged puzzle files to the game's loader and to the puzzle tool. Grids stay valid, the two
+// agree on what a file holds, and what is valid comes back from a save as it was.
 #include <sstream>
 
 #include "drafts/Drawing.h"
@@ -66,7 +66,7 @@ void expectAgreement(const std::optional<puzzle::PuzzleFile>& file, bool edited)
   EXPECT_EQ(edited, file && file->lockFlag == PuzzleFormat::kUnlocked) << basTiles::LastFileError;
 }
 
-void expectSoundPuzzle(const puzzle::PuzzleFile& file, const std::string& bytes, Game& game) {
+void expectValidPuzzle(const puzzle::PuzzleFile& file, const std::string& bytes, Game& game) {
   constexpr std::size_t kLock = 38;  // what stands before it is the version of the writer
   const std::size_t pieces = file.pieces.size();
   if (file.lockFlag == PuzzleFormat::kUnlocked) {
@@ -83,8 +83,8 @@ void expectSoundPuzzle(const puzzle::PuzzleFile& file, const std::string& bytes,
 void expectShown(const puzzle::PuzzleFile& file, const std::string& bytes) {
   std::istringstream in(bytes);
   std::ostringstream out, talk;
-  puzzle::Surroundings surroundings{in, out, talk, {}};
-  ASSERT_EQ(puzzle::run({"show", "-"}, surroundings), puzzle::kDone) << talk.str();
+  puzzle::Environment environment{in, out, talk, {}};
+  ASSERT_EQ(puzzle::run({"show", "-"}, environment), puzzle::kDone) << talk.str();
   const puzzle::Drawing drawing = puzzle::readDrawing(out.str());
   EXPECT_EQ(drawing.shape.trimmed().cells(), file.shape().trimmed().cells());
 }
@@ -101,7 +101,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   expectAgreement(file, edited);
   if (edited) expectStableSave(game);
   if (file && puzzle::problemsOf(bytes).empty()) {
-    expectSoundPuzzle(*file, bytes, game);
+    expectValidPuzzle(*file, bytes, game);
     expectShown(*file, bytes);
   }
   return 0;

@@ -24,19 +24,19 @@ class PuzzleTool : public testing::Test {
   int run(const std::vector<std::string>& words, const std::string& input = {}) {
     std::istringstream in(input);
     std::ostringstream out, err;
-    puzzle::Surroundings surroundings{in, out, err, QUINZOLITH_SOURCE_DIR};
-    const int result = puzzle::run(words, surroundings);
+    puzzle::Environment environment{in, out, err, QUINZOLITH_SOURCE_DIR};
+    const int result = puzzle::run(words, environment);
     out_ = out.str();
     err_ = err.str();
     return result;
   }
   std::string path(const std::string& name) const { return (folder_ / name).string(); }
-  /// A sound puzzle file of the 6 x 10 box.
-  std::string soundFile() {
+  /// A valid puzzle file of the 6 x 10 box.
+  std::string validFile() {
     std::string drawing = "\n";
     for (int row = 0; row < 6; ++row) drawing += "##########\n";
-    EXPECT_EQ(run({"make", "-", path("sound.qzl")}, drawing), puzzle::kDone) << err_;
-    return bytesOf(path("sound.qzl"));
+    EXPECT_EQ(run({"make", "-", path("valid.qzl")}, drawing), puzzle::kDone) << err_;
+    return bytesOf(path("valid.qzl"));
   }
 
   fs::path folder_ =
@@ -47,8 +47,8 @@ class PuzzleTool : public testing::Test {
 
 }  // namespace
 
-TEST_F(PuzzleTool, MakesAFileThatIsSoundCentredAndUnlocked) {
-  const std::string bytes = soundFile();
+TEST_F(PuzzleTool, MakesAFileThatIsValidCentredAndUnlocked) {
+  const std::string bytes = validFile();
   EXPECT_EQ(bytes.size(), 435u + 120u);
   const puzzle::PuzzleFile file = puzzle::readPuzzleFile(bytes);
   EXPECT_EQ(file.lockFlag, 'U');
@@ -57,7 +57,7 @@ TEST_F(PuzzleTool, MakesAFileThatIsSoundCentredAndUnlocked) {
   EXPECT_TRUE(file.shape().contains({2, 4}));   // 12 - 10 = 2 free columns, one each side
   EXPECT_TRUE(file.shape().contains({11, 9}));  // 12 - 6 = 6 free rows, three each side
   EXPECT_EQ(puzzle::piecesOf(file.solution()), solver::PieceSet::ofEach(1));
-  EXPECT_EQ(run({"check", path("sound.qzl")}), puzzle::kDone);
+  EXPECT_EQ(run({"check", path("valid.qzl")}), puzzle::kDone);
   EXPECT_EQ(out_, "");
   EXPECT_EQ(run({"make", "--locked", "-", "-"}, "#####\n"), puzzle::kDone);
   EXPECT_EQ(puzzle::readPuzzleFile(out_).lockFlag, 'L');
@@ -110,7 +110,7 @@ TEST_F(PuzzleTool, SaysWhyAShapeIsNoPuzzle) {
 }
 
 TEST_F(PuzzleTool, FindsEachKindOfDamage) {
-  const std::string sound = soundFile();
+  const std::string valid = validFile();
   struct Damage {
     std::size_t offset;
     std::string bytes;
@@ -123,14 +123,14 @@ TEST_F(PuzzleTool, FindsEachKindOfDamage) {
                                {431, "\13", "disagree"},
                                {435, "\14", "unknown type"},
                                {438, "\177", "out of the playing area"},
-                               {435, sound.substr(445, 10), "overlaps"}}) {
-    std::string bytes = sound;
+                               {435, valid.substr(445, 10), "overlaps"}}) {
+    std::string bytes = valid;
     bytes.replace(damage.offset, damage.bytes.size(), damage.bytes);
     EXPECT_EQ(run({"check", "-"}, bytes), puzzle::kNo) << damage.problem;
     EXPECT_NE(out_.find(damage.problem), std::string::npos) << out_;
   }
-  for (std::size_t length = 0; length < sound.size(); ++length)
-    ASSERT_EQ(run({"check", "-"}, sound.substr(0, length)), puzzle::kNo) << length;
+  for (std::size_t length = 0; length < valid.size(); ++length)
+    ASSERT_EQ(run({"check", "-"}, valid.substr(0, length)), puzzle::kNo) << length;
 }
 
 TEST_F(PuzzleTool, SolvesAndCounts) {

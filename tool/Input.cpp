@@ -1,4 +1,4 @@
-#include "tool/Subject.h"
+#include "tool/Input.h"
 
 #include <algorithm>
 #include <fstream>
@@ -15,34 +15,34 @@ namespace puzzle {
 
 namespace {
 
-Subject subjectOf(const PuzzleFile& file) {
-  Subject subject;
-  subject.shape = file.shape();
-  subject.solution = file.solution();
-  subject.supply = piecesOf(subject.solution);
-  return subject;
+Input inputOf(const PuzzleFile& file) {
+  Input input;
+  input.shape = file.shape();
+  input.solution = file.solution();
+  input.supply = piecesOf(input.solution);
+  return input;
 }
 
-Subject subjectOf(const Drawing& drawing) {
-  Subject subject;
-  subject.shape = drawing.shape;
-  subject.types = drawing.types;
+Input inputOf(const Drawing& drawing) {
+  Input input;
+  input.shape = drawing.shape;
+  input.types = drawing.types;
   const auto pieces = drawing.headers.find("pieces");
-  if (pieces != drawing.headers.end()) subject.supply = readPieces(pieces->second);
-  return subject;
+  if (pieces != drawing.headers.end()) input.supply = readPieces(pieces->second);
+  return input;
 }
 
-Subject readBytes(const std::string& bytes) {
-  if (!isPuzzleFile(bytes)) return subjectOf(readDrawing(bytes));
+Input readBytes(const std::string& bytes) {
+  if (!isPuzzleFile(bytes)) return inputOf(readDrawing(bytes));
   const std::vector<std::string> problems = problemsOf(bytes);
   if (!problems.empty()) throw Refusal(problems.front());
-  return subjectOf(readPuzzleFile(bytes));
+  return inputOf(readPuzzleFile(bytes));
 }
 
 /// The cells drawn with the letter of one type, as a shape of their own.
-solver::Shape cellsOfType(const Subject& subject, int type) {
-  solver::Shape shape(subject.shape.width(), subject.shape.height());
-  for (const auto& [cell, drawn] : subject.types)
+solver::Shape cellsOfType(const Input& input, int type) {
+  solver::Shape shape(input.shape.width(), input.shape.height());
+  for (const auto& [cell, drawn] : input.types)
     if (drawn == type) shape.set(cell);
   return shape;
 }
@@ -60,19 +60,19 @@ void add(solver::Answer& whole, const solver::Answer& part) {
 
 }  // namespace
 
-std::string readAll(const std::string& file, Surroundings& surroundings) {
+std::string readAll(const std::string& file, Environment& environment) {
   std::ifstream opened;
   if (file != "-") {
     opened.open(file, std::ios::binary);
     if (!opened || fs::is_directory(file)) throw Refusal(file + ": The file cannot be read.");
   }
-  std::istream& in = file == "-" ? surroundings.in : opened;
+  std::istream& in = file == "-" ? environment.in : opened;
   return {std::istreambuf_iterator<char>(in), {}};
 }
 
-void writeAll(const std::string& file, const std::string& bytes, Surroundings& surroundings) {
+void writeAll(const std::string& file, const std::string& bytes, Environment& environment) {
   if (file == "-") {
-    surroundings.out << bytes;
+    environment.out << bytes;
     return;
   }
   std::error_code failure, ignored;
@@ -94,22 +94,22 @@ void writeAll(const std::string& file, const std::string& bytes, Surroundings& s
   throw Refusal(file + ": The file cannot be written.");
 }
 
-Subject readSubject(const std::string& file, Surroundings& surroundings) {
-  const std::string bytes = readAll(file, surroundings);
+Input readInput(const std::string& file, Environment& environment) {
+  const std::string bytes = readAll(file, environment);
   try {
-    Subject subject = readBytes(bytes);
-    subject.name = file == "-" ? file : fs::path(file).stem().string();
-    return subject;
+    Input input = readBytes(bytes);
+    input.name = file == "-" ? file : fs::path(file).stem().string();
+    return input;
   } catch (const std::runtime_error& error) {
     throw Refusal(file + ": " + error.what());
   }
 }
 
-solver::PieceSet supplyFor(const Subject& subject, const Given& given) {
-  if (given.has("pieces")) return readPieces(given.text("pieces"));
-  if (subject.supply) return *subject.supply;
-  const int pieces = subject.shape.area() / PENTO::kCells;
-  if (given.has("repeats")) return solver::PieceSet::ofEach(std::max(pieces, 1));
+solver::PieceSet supplyFor(const Input& input, const Arguments& arguments) {
+  if (arguments.has("pieces")) return readPieces(arguments.text("pieces"));
+  if (input.supply) return *input.supply;
+  const int pieces = input.shape.area() / PENTO::kCells;
+  if (arguments.has("repeats")) return solver::PieceSet::ofEach(std::max(pieces, 1));
   return solver::PieceSet::ofEach(std::max(1, (pieces + PENTO::kTypes - 1) / PENTO::kTypes));
 }
 
@@ -123,32 +123,32 @@ std::string objection(const solver::Shape& shape, const solver::PieceSet& supply
   return {};
 }
 
-solver::Limits limitsFrom(const Given& given, Surroundings& surroundings) {
+solver::Limits limitsFrom(const Arguments& arguments, Environment& environment) {
   solver::Limits limits;
   limits.nodes = static_cast<std::uint64_t>(
-      given.number("limit", -1, 1, std::numeric_limits<long long>::max()));
-  if (!given.has("quiet")) {
+      arguments.number("limit", -1, 1, std::numeric_limits<long long>::max()));
+  if (!arguments.has("quiet")) {
     limits.reportEvery = std::uint64_t{1} << 27;  // some seconds
-    limits.progress = [&err = surroundings.err](const solver::Work& work) {
+    limits.progress = [&err = environment.err](const solver::Work& work) {
       err << "... " << work.nodes << " nodes, " << work.solutions << " solutions so far\n";
     };
   }
   return limits;
 }
 
-solver::Answer solve(const Subject& subject, const solver::PieceSet& supply,
+solver::Answer solve(const Input& input, const solver::PieceSet& supply,
                      const solver::Limits& limits, const solver::TypeOrder& order) {
-  solver::Problem rest{subject.shape, supply};
+  solver::Problem rest{input.shape, supply};
   solver::Answer whole{solver::Solution{}, {}};
   std::set<int> drawn;
-  for (const auto& [cell, type] : subject.types) {
+  for (const auto& [cell, type] : input.types) {
     drawn.insert(type);
     rest.shape.set(cell, false);
   }
   for (const int type : drawn) {
     solver::PieceSet only;
     only[type] = supply[type];
-    const solver::Problem part{cellsOfType(subject, type), only};
+    const solver::Problem part{cellsOfType(input, type), only};
     rest.supply[type] -= part.shape.area() / PENTO::kCells;
     add(whole, solver::findSolution(part, limits, order));
     if (!whole.solution) return whole;
@@ -158,12 +158,12 @@ solver::Answer solve(const Subject& subject, const solver::PieceSet& supply,
   return whole;
 }
 
-solver::Solution solutionOf(const Subject& subject, const solver::PieceSet& supply,
+solver::Solution solutionOf(const Input& input, const solver::PieceSet& supply,
                             const solver::Limits& limits, const solver::TypeOrder& order) {
-  if (!subject.solution.empty()) return subject.solution;
-  if (const std::string reason = objection(subject.shape, supply); !reason.empty())
+  if (!input.solution.empty()) return input.solution;
+  if (const std::string reason = objection(input.shape, supply); !reason.empty())
     throw Refusal(reason);
-  const solver::Answer answer = solve(subject, supply, limits, order);
+  const solver::Answer answer = solve(input, supply, limits, order);
   if (answer.solution) return *answer.solution;
   const std::string pieces = pieceLetters(supply);
   if (!answer.work.complete)

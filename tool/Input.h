@@ -6,43 +6,42 @@
 namespace puzzle {
 
 /// What a drawing or a puzzle file says.
-struct Subject {
+struct Input {
   std::string name;  ///< the file's name without folder and extension
   solver::Shape shape;
-  solver::Solution solution;  ///< empty when a drawing shows only the shape
-  std::map<solver::Cell, int>
-      types;  ///< cells of a drawing that belong to a piece of a certain type
+  solver::Solution solution;               ///< empty when a drawing shows only the shape
+  std::map<solver::Cell, int> types;       ///< the piece type of each cell drawn as a letter
   std::optional<solver::PieceSet> supply;  ///< the pieces that the file names
 };
 
 /// The whole file, or standard input for "-". Errors: Refusal.
-std::string readAll(const std::string& file, Surroundings& surroundings);
+std::string readAll(const std::string& file, Environment& environment);
 /// Writes beside the file and renames, so that the old file or the new one is there; "-" is
 /// standard output. A link keeps its place, and a device is written to. Errors: Refusal.
-void writeAll(const std::string& file, const std::string& bytes, Surroundings& surroundings);
+void writeAll(const std::string& file, const std::string& bytes, Environment& environment);
 
 /// Reads a drawing or a puzzle file, told apart by the signature.
-/// Errors: Refusal, with the file's name; an unsound puzzle file is refused.
-Subject readSubject(const std::string& file, Surroundings& surroundings);
+/// Errors: Refusal, with the file's name; an invalid puzzle file is refused.
+Input readInput(const std::string& file, Environment& environment);
 
 /// The pieces to solve with: --pieces, else what the file names, else all different ones as long as
 /// there are enough (with --repeats: any).
-solver::PieceSet supplyFor(const Subject& subject, const Given& given);
+solver::PieceSet supplyFor(const Input& input, const Arguments& arguments);
 
 /// Why the shape is no puzzle or cannot be solved with the supply; empty when it may be.
 std::string objection(const solver::Shape& shape, const solver::PieceSet& supply);
 
 /// Limits from --limit, with a line of progress on `err` now and then.
-solver::Limits limitsFrom(const Given& given, Surroundings& surroundings);
+solver::Limits limitsFrom(const Arguments& arguments, Environment& environment);
 
-/// A tiling of the subject that keeps to the letters drawn.
-solver::Answer solve(const Subject& subject, const solver::PieceSet& supply,
+/// A tiling of the input that keeps to the letters drawn.
+solver::Answer solve(const Input& input, const solver::PieceSet& supply,
                      const solver::Limits& limits,
                      const solver::TypeOrder& order = solver::kAwkwardFirst);
 
-/// The solution that the subject shows, or a found one.
+/// The solution that the input shows, or a found one.
 /// Errors: Refusal that says what cannot be tiled by which pieces.
-solver::Solution solutionOf(const Subject& subject, const solver::PieceSet& supply,
+solver::Solution solutionOf(const Input& input, const solver::PieceSet& supply,
                             const solver::Limits& limits,
                             const solver::TypeOrder& order = solver::kAwkwardFirst);
 
