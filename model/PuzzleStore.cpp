@@ -26,8 +26,17 @@ std::string streamRead(const fs::path& file, std::size_t ceiling) {
   return bytes;
 }
 
-void streamWrite(const fs::path& file, const std::string& bytes) {
-  std::ofstream out(file, std::ios::binary | std::ios::trunc);
+void refuseLongTail(const fs::path& file, std::size_t from, std::size_t longestTail) {
+  std::error_code none;
+  const std::uintmax_t size = fs::file_size(file, none);
+  if (!none && size > from && size - from > longestTail)
+    throw std::length_error("The file that would be written over is too large.");
+}
+
+void streamWrite(const fs::path& file, const std::string& bytes, std::size_t longestTail) {
+  refuseLongTail(file, bytes.size(), longestTail);
+  std::ofstream(file, std::ios::binary | std::ios::app);  // creates it; the next would not
+  std::fstream out(file, std::ios::binary | std::ios::in | std::ios::out);
   if (!out) throw std::runtime_error("The file cannot be opened for writing.");
   out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
   out.close();

@@ -17,9 +17,12 @@ struct PuzzleStore {
   /// Errors: std::exception with a readable reason.
   std::function<std::string(const std::filesystem::path&, std::size_t ceiling)> read;
 
-  /// Makes `bytes` the whole content of the file, which is created when missing.
-  /// Errors: std::exception with a readable reason.
-  std::function<void(const std::filesystem::path&, const std::string& bytes)> write;
+  /// Makes `bytes` the start of the file, which is created when missing. What a longer file holds
+  /// behind them stays, up to `longestTail` bytes.
+  /// Errors: std::length_error for a longer tail; std::exception with a readable reason.
+  std::function<void(const std::filesystem::path&, const std::string& bytes,
+                     std::size_t longestTail)>
+      write;
 };
 
 /// A store on standard streams. It writes in place: a failure may leave a file half written.

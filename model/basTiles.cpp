@@ -30,9 +30,9 @@ std::function<void(const fs::path&)> AfterSave;
 namespace {
 
 constexpr int kTriesPerPiece = 100;
-constexpr int kRandomTurns = 3;  // 0 to 2
-constexpr int kRandomFlips = 2;  // 0 or 1
-constexpr std::size_t kLargestTail = std::size_t{64} << 20;
+constexpr int kRandomTurns = 3;                              // 0 to 2
+constexpr int kRandomFlips = 2;                              // 0 or 1
+constexpr std::size_t kLongestTail = std::size_t{64} << 20;  // beyond it a file is no puzzle
 
 /// A file that is not let into the grids, with the text for the user.
 class Refusal : public std::runtime_error {
@@ -172,17 +172,6 @@ std::string reasonOf(const std::exception& error) {
   return error.what();
 }
 
-/// The bytes of an existing longer file that lie behind what is about to be written.
-std::string tailBehind(const fs::path& FileName, std::size_t length) {
-  if (!store.exists(FileName)) return {};
-  const std::size_t ceiling = length + kLargestTail;
-  std::string old = store.read(FileName, ceiling + 1);
-  if (old.size() > ceiling)
-    throw std::runtime_error("The file that would be written over is too large to be a puzzle.");
-  old.erase(0, length);
-  return old;
-}
-
 void refuseHiddenName(const fs::path& FileName) {
   const std::string name = FileName.filename().string();
   if (!name.empty() && name.front() == '.')
@@ -217,10 +206,9 @@ bool SavePuzzle(const fs::path& FileName, const PuzzleTarget& Board) {
   LastFileError.clear();
   try {
     refuseHiddenName(FileName);
-    std::string bytes = PuzzleFormat::write(
+    const std::string bytes = PuzzleFormat::write(
         *Board.Grid(), fDeveloperVersion ? PuzzleFormat::kLocked : PuzzleFormat::kUnlocked);
-    bytes += tailBehind(FileName, bytes.size());
-    store.write(FileName, bytes);
+    store.write(FileName, bytes, kLongestTail);
   } catch (const std::exception& error) {
     LastFileError = reasonOf(error) + "\r\n" + FileName.string();
     return false;

@@ -54,7 +54,7 @@ class WithoutPlugins {
 };
 
 void wireModel() {
-  basTiles::store = {SafeFile::exists, SafeFile::read, SafeFile::write};
+  basTiles::store = {SafeFile::exists, SafeFile::read, SafeFile::writeOver};
   basTiles::Random = [] { return Program::Random(); };
 }
 

@@ -24,15 +24,15 @@ class TestDisk {
 
   TestDisk() {
     DiskCalls& disk = SafeFile::disk;
-    disk.read = [](int file, void* to, std::size_t size) {
-      return DiskCalls{}.read(file, to, std::min<std::size_t>(size, 200));
+    disk.read = [](int file, void* to, std::size_t size, off_t offset) {
+      return DiskCalls{}.read(file, to, std::min<std::size_t>(size, 200), offset);
     };
     disk.write = [](int file, const void* from, std::size_t size, off_t offset) {
       return DiskCalls{}.write(file, from, std::min<std::size_t>(size, 150), offset);
     };
-    disk.open = [this](const char* file, int flags, mode_t mode) {
+    disk.open = [this](int folder, const char* name, int flags, mode_t mode) {
       const bool allowed = allows((flags & O_EXCL) != 0 ? "create" : "open");
-      return allowed ? DiskCalls{}.open(file, flags, mode) : -1;
+      return allowed ? DiskCalls{}.open(folder, name, flags, mode) : -1;
     };
     count(disk.close, "close");
     count(disk.read, "read");
@@ -45,9 +45,9 @@ class TestDisk {
     count(disk.status, "status");
     count(disk.statusOfLink, "statusOfLink");
     count(disk.readLink, "readLink");
-    count(disk.mayAccess, "mayAccess");
     count(disk.rename, "rename");
     count(disk.remove, "remove");
+    count(disk.list, "list");
   }
   TestDisk(const TestDisk&) = delete;
   TestDisk& operator=(const TestDisk&) = delete;
@@ -64,9 +64,10 @@ class TestDisk {
   template <typename Result, typename... Arguments>
   void count(std::function<Result(Arguments...)>& call, const std::string& name) {
     call = [this, name, real = call](Arguments... arguments) -> Result {
-      if (allows(name)) return real(arguments...);
+      if (allows(name)) return real(static_cast<Arguments>(arguments)...);
       const int error = errno;
-      if (name == "close") real(arguments...);  // as the system does: closed, whatever it says
+      if (name == "close")
+        real(static_cast<Arguments>(arguments)...);  // as the system does: closed, whatever it says
       errno = error;
       return -1;
     };

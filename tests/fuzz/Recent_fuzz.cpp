@@ -60,7 +60,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const auto sound = soundSetting();
   Recent recent;
   BareWindows windows;
-  basTiles::store = {SafeFile::exists, SafeFile::read, SafeFile::write};
+  basTiles::store = {SafeFile::exists, SafeFile::read, SafeFile::writeOver};
   for (const std::string& name : recent.files()) {
     const bool loaded = basTiles::LoadPuzzle(name, true);
     EXPECT_EQ(loaded, basTiles::LastFileError.empty());

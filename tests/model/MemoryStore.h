@@ -21,8 +21,11 @@ class MemoryStore {
               const std::string& bytes = files.at(file);
               return bytes.substr(0, std::min(ceiling, bytes.size()));
             },
-            [this](const std::filesystem::path& file, const std::string& bytes) {
-              files[file] = bytes;
+            [this](const std::filesystem::path& file, const std::string& bytes,
+                   std::size_t longestTail) {
+              const std::string& old = files[file];
+              if (old.size() > bytes.size() + longestTail) throw std::length_error("too large");
+              files[file] = bytes + (old.size() > bytes.size() ? old.substr(bytes.size()) : "");
             }};
   }
 };

@@ -264,7 +264,7 @@ TEST_F(Tiles, OnlyASuccessfulSaveIsToldOnward) {
   std::vector<std::string> saved;
   basTiles::AfterSave = [&](const auto& file) { saved.push_back(file.string()); };
   EXPECT_TRUE(SavePuzzle("one.qzl", windows.editor));
-  basTiles::store.write = [](const auto&, const auto&) {
+  basTiles::store.write = [](const auto&, const auto&, std::size_t) {
     throw std::system_error(ENOSPC, std::generic_category());
   };
   EXPECT_FALSE(SavePuzzle("two.qzl", windows.editor));
@@ -306,7 +306,7 @@ TEST(StreamStore, CountsOnlyOrdinaryFilesWithoutADotAndReadsWhatItWrote) {
   fs::remove_all(folder);
   fs::create_directories(folder / "folder.qzl");
   const PuzzleStore store = streamPuzzleStore();
-  for (const char* name : {"a.qzl", ".hidden.qzl"}) store.write(folder / name, "bytes");
+  for (const char* name : {"a.qzl", ".hidden.qzl"}) store.write(folder / name, "bytes", 0);
   EXPECT_TRUE(store.exists(folder / "a.qzl"));
   EXPECT_FALSE(store.exists(folder / ".hidden.qzl"));
   EXPECT_FALSE(store.exists(folder / "folder.qzl"));
@@ -314,7 +314,10 @@ TEST(StreamStore, CountsOnlyOrdinaryFilesWithoutADotAndReadsWhatItWrote) {
   EXPECT_EQ(store.read(folder / "a.qzl", 100), "bytes");
   EXPECT_EQ(store.read(folder / "a.qzl", 3), "byt");
   EXPECT_THROW(store.read(folder / "none.qzl", 3), std::runtime_error);
-  EXPECT_THROW(store.write(folder / "none" / "a.qzl", "x"), std::runtime_error);
+  EXPECT_THROW(store.write(folder / "none" / "a.qzl", "x", 0), std::runtime_error);
+  store.write(folder / "a.qzl", "new", 2);
+  EXPECT_EQ(store.read(folder / "a.qzl", 100), "newes");
+  EXPECT_THROW(store.write(folder / "a.qzl", "x", 3), std::length_error);
   fs::remove_all(folder);
 }
 
