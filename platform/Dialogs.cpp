@@ -1,10 +1,10 @@
 #include "platform/Dialogs.h"
 
 #include <QApplication>
-#include <QFileDialog>
 #include <QMessageBox>
 #include <QStandardPaths>
 
+#include "platform/FileChooser.h"
 #include "platform/Form.h"
 #include "platform/PendingEvents.h"
 #include "platform/Program.h"
@@ -82,19 +82,16 @@ bool FileDialog::ShowSave() {
 bool FileDialog::show(bool save) {
   const NestedLoop nested;
   QWidget* parent = owner();
-  QFileDialog dialog(parent, QString::fromStdString(title), startFolder(folder),
-                     QString::fromStdString(filterName));
-  dialog.setOption(QFileDialog::DontUseNativeDialog);
-  dialog.setOption(QFileDialog::DontConfirmOverwrite, !overwritePrompt);
+  FileChooser dialog(parent, QString::fromStdString(title), startFolder(folder),
+                     QString::fromStdString(filterName), QString::fromStdString(defaultExtension));
+  dialog.asksBeforeReplacing = overwritePrompt;
   dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
-  dialog.setFileMode(QFileDialog::AnyFile);
-  dialog.setDefaultSuffix(QString::fromStdString(defaultExtension));
-  if (!fileName.empty()) dialog.selectFile(text(fileName));
+  if (!fileName.empty()) dialog.preset(text(fileName));
   if (parent) dialog.setWindowModality(Qt::WindowModal);
   const bool accepted = dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty();
   if (parent && !Form::Unloaded(parent)) parent->activateWindow();
   if (!accepted) return false;
-  fileName = fs::path(dialog.selectedFiles().first().toStdU16String());
+  fileName = fs::path(dialog.chosen().toStdU16String());
   folder = fileName.parent_path();
   return true;
 }

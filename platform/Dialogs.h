@@ -25,7 +25,7 @@ Answer askYesNoCancel(const std::string& text);
 struct FileDialog {
   std::string title;
   std::string filterName;        ///< "Pentomino Puzzles (*.qzl)"
-  std::string defaultExtension;  ///< added to a name that has none, without the dot
+  std::string defaultExtension;  ///< added to a name that does not end so, without the dot
   bool overwritePrompt = false;  ///< asks before an existing file is chosen for saving
   std::filesystem::path folder;  ///< where it starts; the last chosen file's folder afterwards
   std::filesystem::path fileName;

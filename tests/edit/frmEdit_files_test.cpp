@@ -1,5 +1,7 @@
 // The editor's files: opening and saving through real dialogs, and the question before changes are
 // lost.
+#include <QListView>
+
 #include "tests/edit/EditorFixture.h"
 
 using basTiles::CurrentFileName;
@@ -45,7 +47,8 @@ TEST_F(EditorFiles, AFileIsSavedByTheByteAndOpenedAgain) {
     EXPECT_EQ(current(), file);
     menu(edit(), "mnuFileSaveAs");
     choose(file);
-    answer(QMessageBox::Yes, "Open Puzzle");
+    EXPECT_EQ(answer(QMessageBox::Yes),
+              "cross & co.qzl already exists.\nDo you want to replace it?");
     waitQuiet();
     EXPECT_EQ(bytesOf(file), two);
 
@@ -173,7 +176,7 @@ TEST_F(EditorFiles, ACancelledSaveAsChangesNothingAndTheDialogKeepsItsFolder) {
     waitForDialog();
     EXPECT_EQ(nameInDialog(), "dog.qzl");
     choose(folder / "dog");  // without the extension it is the same file
-    answer(QMessageBox::No, "Open Puzzle");
+    answer(QMessageBox::No);
     cancelDialog();
     EXPECT_TRUE(changed());
     EXPECT_TRUE(saved());
@@ -187,6 +190,78 @@ TEST_F(EditorFiles, ACancelledSaveAsChangesNothingAndTheDialogKeepsItsFolder) {
     EXPECT_EQ(nameInDialog(), "");
     EXPECT_EQ(Script::onScreen([] { return dialog()->directory().path().toStdString(); }),
               folder.string());
+    cancelDialog();
+  });
+}
+
+TEST_F(EditorFiles, ANameIsCompletedUnlessItEndsInTheExtensionInAnyCase) {
+  inEditor([this] {
+    lay(8, 1, 1);
+    const auto saveAs = [this](const char* typed, const char* stored) {
+      menu(edit(), "mnuFileSaveAs");
+      choose(user_ / typed);
+      waitQuiet();
+      EXPECT_EQ(current(), user_ / stored);
+      EXPECT_TRUE(fs::exists(user_ / stored));
+    };
+    saveAs("Mr. Smile", "Mr. Smile.qzl");  // seen: no extension, and in no list of puzzles
+    saveAs("LOUD.QZL", "LOUD.QZL");
+    menu(edit(), "mnuFileSaveAs");
+    choose(user_ / "Mr. Smile");
+    EXPECT_EQ(answer(QMessageBox::No), "Mr. Smile.qzl already exists.\nDo you want to replace it?");
+    cancelDialog();
+    EXPECT_EQ(current(), user_ / "LOUD.QZL");
+
+    putBytes(user_ / "bare.name", bytesOf(user_ / "LOUD.QZL"));
+    for (const auto& [typed, opened] :
+         {std::pair{"Mr. Smile", "Mr. Smile.qzl"}, std::pair{"bare.name", "bare.name"}}) {
+      menu(edit(), "mnuFileOpen");
+      choose(user_ / typed);
+      waitQuiet();
+      EXPECT_EQ(current(), user_ / opened);
+    }
+  });
+}
+
+TEST_F(EditorFiles, SaveAsPresetsTheBareNameOfAFileWhoseFolderIsGone) {
+  inEditor([this] {
+    fs::create_directories(user_ / "animals");
+    lay(8, 1, 1);
+    menu(edit(), "mnuFileSaveAs");
+    choose(user_ / "animals" / "dog");
+    waitQuiet();
+    fs::remove_all(user_ / "animals");
+    menu(edit(), "mnuFileSaveAs");
+    waitForDialog();
+    EXPECT_EQ(nameInDialog(), "dog.qzl");  // seen: the whole path without its leading "/"
+    cancelDialog();
+  });
+}
+
+TEST_F(EditorFiles, NamesThatLookLikeMarkupAreShownAsTheyAre) {
+  const std::string name = "<b>big<img src=&#47;dev&#47;zero>" + std::string(200, 'W');
+  inEditor([&] {
+    writePuzzle(user_ / (name + ".qzl"));
+    menu(edit(), "mnuFileSaveAs");
+    choose(user_ / name);
+    const std::string question = answer(QMessageBox::No);
+    EXPECT_EQ(question.rfind("<b>big<img", 0), 0U) << question;
+    EXPECT_NE(question.find("…"), std::string::npos) << question;
+    const auto files = [] { return dialog()->findChild<QListView*>("listView"); };
+    Script::waitFor("the dialog's list", [&] {
+      return dialog() && files()->model()->rowCount(files()->rootIndex()) == 1;
+    });
+    Script::post([&] {  // the toolkit's own question
+      files()->setCurrentIndex(files()->model()->index(0, 0, files()->rootIndex()));
+      auto* remove = dialog()->findChild<QAction*>("qt_delete_action");
+      remove->setEnabled(true);
+      remove->trigger();
+    });
+    const auto box = [] { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()); };
+    Script::waitFor("the question", [&] { return box() != nullptr; });
+    EXPECT_EQ(Script::onScreen([&] { return box()->textFormat(); }), Qt::PlainText);
+    Script::post([&] { box()->button(QMessageBox::No)->click(); });
+    Script::waitFor("the dialog again", [] { return dialog() != nullptr; });
     cancelDialog();
   });
 }

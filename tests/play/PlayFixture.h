@@ -148,13 +148,13 @@ class PlayFixture : public ::testing::Test {
   }
 
   /// Waits for a message box, answers it with a button and returns its text.
-  static std::string answer(QMessageBox::StandardButton button = QMessageBox::Ok,
-                            const QString& title = "Quinzolith") {
+  static std::string answer(QMessageBox::StandardButton button = QMessageBox::Ok) {
     const auto box = [] { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()); };
     Script::waitFor("a message", [&] { return box() != nullptr; });
     return Script::onScreen([&] {
       const std::string text = box()->text().toStdString();
-      EXPECT_EQ(box()->windowTitle(), title);
+      EXPECT_EQ(box()->windowTitle(), "Quinzolith");
+      EXPECT_EQ(box()->textFormat(), Qt::PlainText);
       EXPECT_TRUE(box()->parentWidget()) << "it would stand anywhere on the screen";
       box()->button(button)->click();
       return text;
