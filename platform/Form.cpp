@@ -103,6 +103,9 @@ void Form::loadBelow(QWidget* parent) {
 
 namespace {
 
+/// What window managers commonly put round a window, title included; logical pixels.
+constexpr QSize kFrame(12, 36);
+
 void fitWindow(QWidget& window, QWidget& client, const QSizeF& twips, bool fixed) {
   QSize size = Twips::toPixels(twips, window);
   if (&window != &client)
@@ -110,7 +113,7 @@ void fitWindow(QWidget& window, QWidget& client, const QSizeF& twips, bool fixed
   if (fixed)
     window.setFixedSize(size);
   else
-    window.resize(size.boundedTo(window.screen()->availableSize()));
+    window.resize(size.boundedTo(window.screen()->availableSize() - kFrame));
 }
 
 }  // namespace

@@ -1,22 +1,20 @@
 #include "platform/Shell.h"
 
+#include <unistd.h>
+
+#include <QDeadlineTimer>
 #include <QDesktopServices>
-#include <QEventLoop>
 #include <QProcess>
 #include <QStandardPaths>
-#include <QTimer>
 #include <QUrl>
 #include <array>
-
-#ifdef Q_OS_UNIX
-#include <unistd.h>
-#endif
+#include <chrono>
 
 namespace Shell {
 
 namespace {
 
-constexpr int kPatienceMilliseconds = 2000;
+constexpr std::chrono::seconds kPatience(30);
 
 QUrl urlOf(const std::string& address) {
   const QUrl url(QString::fromStdString(address).trimmed(), QUrl::TolerantMode);
@@ -26,47 +24,47 @@ QUrl urlOf(const std::string& address) {
   return {};
 }
 
+bool succeeded(const QProcess& opener) {
+  return opener.error() == QProcess::UnknownError && opener.exitStatus() == QProcess::NormalExit &&
+         opener.exitCode() == 0;
+}
+
+/// Qt's own call says yes although xdg-open has failed, so its exit code is read here.
+void watch(QProcess* opener, const std::function<void()>& failed) {
+  const QDeadlineTimer patience(kPatience);
+  const auto ended = [opener, failed, patience] {
+    if (!succeeded(*opener) && !patience.hasExpired()) failed();
+    opener->deleteLater();
+  };
+  QObject::connect(opener, &QProcess::finished, opener, ended);
+  QObject::connect(opener, &QProcess::errorOccurred, opener, [ended](QProcess::ProcessError error) {
+    if (error == QProcess::FailedToStart) ended();  // the others are followed by finished()
+  });
+}
+
 /// The opener outlives this program if it has turned into the browser: it gets a session of its
 /// own, no pipe to us, and a parent that is never destroyed, since a process object ends its
 /// process.
-QProcess* startOpener(const QString& program, const QUrl& url) {
+void startOpener(const QString& program, const QUrl& url, const std::function<void()>& failed) {
   static auto* const everlasting = new QObject;
   auto* opener = new QProcess(everlasting);
   opener->setStandardInputFile(QProcess::nullDevice());
   opener->setStandardOutputFile(QProcess::nullDevice());
   opener->setStandardErrorFile(QProcess::nullDevice());
-#ifdef Q_OS_UNIX
   opener->setChildProcessModifier([] { ::setsid(); });
-#endif
+  watch(opener, failed);
   opener->start(program, {QString::fromLatin1(url.toEncoded())});
-  return opener;
-}
-
-/// Qt's own call says yes although xdg-open has failed, so its exit code is read here.
-bool succeeds(QProcess* opener) {
-  QEventLoop loop;
-  QObject::connect(opener, &QProcess::finished, &loop, &QEventLoop::quit);
-  QObject::connect(opener, &QProcess::errorOccurred, &loop, &QEventLoop::quit);
-  QTimer::singleShot(kPatienceMilliseconds, &loop, &QEventLoop::quit);
-  if (opener->state() != QProcess::NotRunning) loop.exec(QEventLoop::ExcludeUserInputEvents);
-  if (opener->state() != QProcess::NotRunning) {
-    QObject::connect(opener, &QProcess::finished, opener, &QObject::deleteLater);
-    return true;
-  }
-  const bool opened = opener->error() == QProcess::UnknownError &&
-                      opener->exitStatus() == QProcess::NormalExit && opener->exitCode() == 0;
-  opener->deleteLater();
-  return opened;
 }
 
 }  // namespace
 
-bool open(const std::string& address) {
+bool open(const std::string& address, const std::function<void()>& failed) {
   const QUrl url = urlOf(address);
   if (!url.isValid() || url.isEmpty()) return false;
   const QString opener = QStandardPaths::findExecutable("xdg-open");
   if (opener.isEmpty()) return QDesktopServices::openUrl(url);
-  return succeeds(startOpener(opener, url));
+  startOpener(opener, url, failed);
+  return true;
 }
 
 }  // namespace Shell

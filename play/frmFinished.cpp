@@ -1,11 +1,13 @@
 #include "play/frmFinished.h"
 
 #include <QLabel>
+#include <QScreen>
 
 #include "model/basTiles.h"
 #include "platform/DensePicture.h"
 #include "platform/Program.h"
 #include "platform/Twips.h"
+#include "play/BesideShape.h"
 #include "play/Option.h"
 #include "play/frmMain.h"
 #include "play/frmOpen.h"
@@ -87,9 +89,19 @@ void frmFinished::addOption(const QString& name, const QString& caption, const Q
 void frmFinished::Form_Load() {
   // A key still typed for mirroring must choose nothing: no option has the focus at first.
   Client()->setFocus();
+  firstMoment_ = new FirstMoment(Window());
   if (Program::ColorDepth >= Program::kDeepColour) return;
   const QPixmap fewColours = densePicture(":/pictures/waytogo256.bmp");
   if (!fewColours.isNull()) Client()->findChild<QLabel*>("imgWayToGo")->setPixmap(fewColours);
+}
+
+void frmFinished::Form_Resize() {
+  if (Window()->isVisible() || !windows_.Main->Loaded()) return;
+  const QWidget& play = *windows_.Main->Window();
+  // Its own frame is not known yet, but that of the play window is.
+  const QSize frame = play.frameGeometry().size() - play.size();
+  const QRect screen = play.screen()->availableGeometry();
+  Window()->move(besideShape(Window()->size() + frame, windows_.Main->ShapeOnScreen(), screen));
 }
 
 void frmFinished::imgRetry_Click() {

@@ -28,6 +28,9 @@ class frmMain : public Form {
   /// or the file was refused; a refusal has been shown by then.
   bool OpenFile();
 
+  /// The place of the puzzle's shape on the screen, logical pixels.
+  QRect ShapeOnScreen() const;
+
   /// Set by another window just before it closes this one while this one waits for it: after the
   /// dialog returns, no control is touched.
   bool fCancelLoad = false;

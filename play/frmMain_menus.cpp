@@ -1,5 +1,3 @@
-#include <QActionGroup>
-
 #include "platform/Menus.h"
 #include "platform/Program.h"
 #include "play/frmMain.h"
@@ -33,11 +31,8 @@ void frmMain::buildSoundMenu() {
   mnuSoundOn_ = Menus::addItem(sound, "mnuSoundOn", "Sound on", [this] { mnuSound_Click(true); });
   mnuSoundOff_ =
       Menus::addItem(sound, "mnuSoundOff", "Sound off", [this] { mnuSound_Click(false); });
-  auto* either = new QActionGroup(sound);
-  for (QAction* item : {mnuSoundOn_.data(), mnuSoundOff_.data()}) {
-    item->setCheckable(true);
-    either->addAction(item);
-  }
+  // A group of actions would draw dots instead of check marks.
+  for (QAction* item : {mnuSoundOn_.data(), mnuSoundOff_.data()}) item->setCheckable(true);
 }
 
 void frmMain::buildViewMenu() {

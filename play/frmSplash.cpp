@@ -95,7 +95,8 @@ void frmSplash::Form_Load() {
 void frmSplash::Form_Activate() {
   if (!basStartup::fSplashDone) return;
   edit_->showOption(false);
-  play_->say("Ok", "Back to the game");
+  const bool fromGame = Window()->parentWidget() == windows_.Main->Window();
+  play_->say("Ok", fromGame ? "Back to the game" : "Back to the editor");
   Form_Resize();
 }
 

@@ -1,11 +1,13 @@
 #include "services/basKelvoEMail.h"
 
+#include <QApplication>
 #include <algorithm>
 #include <array>
 #include <cctype>
 #include <string_view>
 
 #include "platform/Dialogs.h"
+#include "platform/Form.h"
 #include "platform/Program.h"
 #include "services/basKelvoWinAPI.h"
 
@@ -58,6 +60,10 @@ void ShowLinkError() {
                        "Kelvo Software" + end + indent + kPostalAddress[0] + end + indent +
                        kPostalAddress[1],
                    Dialogs::Icon::Exclamation);
+}
+
+void ShowLateLinkError() {
+  if (topmostForm() || QApplication::activeModalWidget()) ShowLinkError();
 }
 
 }  // namespace basKelvoEMail

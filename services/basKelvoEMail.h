@@ -23,4 +23,8 @@ void MailTo(const std::string& Address, const std::string& Subject, const std::s
 /// Says that the shell could not open a link, and how else to reach the maker.
 void ShowLinkError();
 
+/// The same for an opener that was started and failed a while later: over the window that is active
+/// by then, or not at all if none is left.
+void ShowLateLinkError();
+
 }  // namespace basKelvoEMail

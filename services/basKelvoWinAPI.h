@@ -39,7 +39,7 @@ std::filesystem::path GetProgramFilesDir();
 
 /// Opens a web or a mail address, given as raw, unencoded text. Knows the verb "open", takes no
 /// parameters and no folder; the show command is the opened program's own business. A result of 32
-/// or less means failure. A test puts its own function here.
+/// or less means failure; a larger one, that it was started. A test puts its own function here.
 extern std::function<int(QWidget* hwnd, const std::string& lpOperation, const std::string& lpFile,
                          const std::string& lpParameters, const std::string& lpDirectory,
                          int nShowCmd)>

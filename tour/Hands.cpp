@@ -61,7 +61,8 @@ QPointF Hands::cell(PENTOWINDOW& board, double column, double row) {
 void Hands::clickOn(Form& window, const QString& name) {
   Script::waitFor("the control " + name.toStdString(), [&] {
     const QWidget* found = control(window, name);
-    return found && found->isVisible() && found->isEnabled();
+    const bool listens = &window != &program_.finished || program_.finished.TakesInput();
+    return found && found->isVisible() && found->isEnabled() && listens;
   });
   robot_.moveTo([&] { return centreOf(*control(window, name)); });
   robot_.click();

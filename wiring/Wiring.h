@@ -1,6 +1,7 @@
 #pragma once
 
 #include "edit/frmEdit.h"
+#include "platform/HeldEnter.h"
 #include "play/PlayWindows.h"
 #include "play/frmFinished.h"
 #include "play/frmMain.h"
@@ -24,4 +25,7 @@ class Wiring {
   frmOpen open{windows};
   frmFinished finished{windows};
   frmEdit edit;
+
+ private:
+  HeldEnter heldEnter_;
 };

@@ -50,6 +50,7 @@ class PlayFixture : public ::testing::Test {
     program_.reset();
     finishFirstLevelWork();
     Screen::bitsPerPixel = depth_;
+    Program::Timer = clock_;
     Program::ColorDepth = 24;
     basTiles::CurrentPuzzleFile.clear();
   }
@@ -191,10 +192,19 @@ class PlayFixture : public ::testing::Test {
       board.Drop();
     });
     waitOpen(program_->finished);
+    letPass(1);
+  }
+
+  /// Puts the program's clock forward.
+  static void letPass(double seconds) {
+    Script::onScreen([seconds] {
+      Program::Timer = [clock = Program::Timer, seconds] { return clock() + seconds; };
+    });
   }
 
   QTemporaryDir temporary_;
   fs::path folder_;
   std::unique_ptr<Wiring> program_;
   std::function<int(const QWidget&)> depth_;
+  const std::function<double()> clock_ = Program::Timer;
 };

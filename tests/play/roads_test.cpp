@@ -1,4 +1,7 @@
 // The ways between the windows, and how the program ends.
+#include <QMouseEvent>
+
+#include "play/BesideShape.h"
 #include "services/basKelvoWinAPI.h"
 #include "tests/play/PlayFixture.h"
 
@@ -75,6 +78,85 @@ TEST_F(Roads, ASolvedPuzzleOffersFourWaysOn) {
     waitClosed(program_->main);
   });
   EXPECT_EQ(Form::Count(), 0);
+}
+
+TEST_F(Roads, TheSolvedDialogIgnoresWhatWasMeantForTheBoard) {
+  play([this] {
+    toPlay();
+    Script::onScreen([] { Program::Timer = [] { return 86399.9; }; });  // midnight is near
+    solve();
+    Script::onScreen([this] {  // the button that laid the last piece is still held
+      auto* option = qobject_cast<QAbstractButton*>(control(program_->finished, "imgQuit"));
+      const QPointF middle(option->rect().center());
+      QMouseEvent press(QEvent::MouseButtonPress, middle, option->mapToGlobal(middle),
+                        Qt::LeftButton, Qt::LeftButton | Qt::RightButton, {});
+      QApplication::sendEvent(option, &press);
+      EXPECT_FALSE(option->isDown());
+    });
+    const auto stays = [this](double now) {
+      Script::onScreen([now] { Program::Timer = [now] { return now; }; });
+      const auto tryOut = [this](const char* name, bool byKey) {
+        Script::post([=, this] {
+          if (!program_->finished.Loaded()) return;
+          QWidget* option = control(program_->finished, name);
+          if (byKey)
+            QTest::keyClick(option, Qt::Key_Return);
+          else
+            QTest::mouseClick(option, Qt::LeftButton);
+        });
+      };
+      tryOut("imgQuit", false);
+      tryOut("lblQuit", false);
+      tryOut("imgQuit", true);
+      Script::onScreen([] {});
+      return Script::onScreen([this] { return program_->finished.Loaded(); });
+    };
+    EXPECT_TRUE(stays(86399.9));  // seen: a second press, 450 ms after the last drop, left the game
+    EXPECT_TRUE(stays(0.55));
+    EXPECT_FALSE(stays(0.7));
+    waitClosed(program_->main);
+  });
+}
+
+TEST(BesideShape, ItHidesNoneOfTheShapeWhereThereIsRoomAndStaysOnTheScreen) {
+  const QRect screen(0, 30, 1000, 700);
+  const QSize dialog(400, 300);
+  for (const QRect& shape : {QRect(300, 200, 200, 200), QRect(500, 40, 480, 680),
+                             QRect(100, 40, 800, 300), QRect(100, 400, 800, 320)}) {
+    const QRect placed(besideShape(dialog, shape, screen), dialog);
+    EXPECT_TRUE(screen.contains(placed)) << placed.x() << ' ' << placed.y();
+    EXPECT_FALSE(placed.intersects(shape)) << placed.x() << ' ' << placed.y();
+  }
+  const QRect small(0, 0, 300, 200);  // smaller than the dialog: its title stays in reach
+  EXPECT_EQ(besideShape(dialog, QRect(50, 50, 200, 100), small), QPoint(0, 0));
+}
+
+TEST_F(Roads, AHeldEnterPressesNothingASecondTime) {
+  play([this] {
+    waitOpen(program_->splash);
+    const auto held = [](Form& window) {
+      Script::onScreen([&] {
+        QKeyEvent again(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r", true);
+        QWidget* focus = window.Window()->focusWidget();
+        QApplication::sendEvent(focus ? focus : window.Window(), &again);
+      });
+    };
+    held(program_->splash);
+    EXPECT_TRUE(Script::onScreen([this] { return program_->splash.Loaded(); }));
+    key(program_->splash, Qt::Key_Return);
+    waitOpen(program_->open);
+    held(program_->open);
+    Script::onScreen([this] { control(program_->open, "cmdCancel")->setFocus(); });
+    held(program_->open);
+    EXPECT_TRUE(Script::onScreen([this] { return program_->open.Loaded(); }));
+    escape(program_->open);
+    solve();
+    Script::onScreen([this] { control(program_->finished, "imgQuit")->setFocus(); });
+    held(program_->finished);
+    EXPECT_TRUE(Script::onScreen([this] { return program_->finished.Loaded(); }));
+    click(program_->finished, "imgQuit");
+    waitClosed(program_->main);
+  });
 }
 
 TEST_F(Roads, TheSplashWindowIsTheAboutBoxOnceItHasBeenLeft) {

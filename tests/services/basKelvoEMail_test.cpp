@@ -7,6 +7,7 @@
 #include <QTimer>
 #include <vector>
 
+#include "platform/Form.h"
 #include "platform/HelpProcess.h"
 #include "platform/Program.h"
 #include "services/basHTMLHelp.h"
@@ -93,6 +94,19 @@ TEST_F(LinksTest, AResultUpTo32ShowsTheLinkMessage) {
   const std::string postal = messages.front().substr(beginning.size());
   ASSERT_NE(postal.find("\n      "), std::string::npos) << "a second line of the postal address";
   EXPECT_NE(postal.back(), '\n');
+}
+
+TEST_F(LinksTest, ALateFailureIsShownOverAWindowOrNotAtAll) {
+  ShowLateLinkError();  // returns: the program ends, and no box may keep it
+  class Window : public Form {
+   public:
+    Window() : Form({}) {}
+    void BuildControls() override {}
+  } window;
+  window.Show();
+  answerNextMessage();
+  ShowLateLinkError();
+  EXPECT_EQ(messages.size(), 1U);
 }
 
 TEST(HtmlHelp, TheViewerGetsTheFileAndATopicOnlyWhenAskedForOne) {
