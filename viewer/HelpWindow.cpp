@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QPointer>
 #include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
@@ -136,8 +137,11 @@ void HelpWindow::showTopic(int topic) {
 }
 
 void HelpWindow::openOutside(const QUrl& address) {
-  if (Shell::open(address.toString(QUrl::FullyEncoded).toStdString())) return;
-  const QString shown = PlainText::plain(address.toDisplayString());
-  statusBar()->showMessage(tr("This link could not be opened: %1").arg(shown),
-                           kMessageMilliseconds);
+  const auto failed = [self = QPointer(this), address] {
+    const QString shown = PlainText::plain(address.toDisplayString());
+    if (self)
+      self->statusBar()->showMessage(tr("This link could not be opened: %1").arg(shown),
+                                     kMessageMilliseconds);
+  };
+  if (!Shell::open(address.toString(QUrl::FullyEncoded).toStdString(), failed)) failed();
 }

@@ -111,7 +111,7 @@ TEST_F(EditorFiles, AFailedSaveHoldsTheCommandBackAndKeepsTheChangesAndTheOldFil
     const auto setWrite = [](const decltype(working)& write) {
       Script::onScreen([&] { basTiles::store.write = write; });
     };
-    const auto fullDisk = [](const fs::path&, const std::string&) {
+    const auto fullDisk = [](const fs::path&, const std::string&, std::size_t) {
       throw std::system_error(std::make_error_code(std::errc::no_space_on_device));
     };
     const auto expectFailure = [&] {

@@ -3,10 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include <QCoreApplication>
-#include <QEventLoop>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QtTest/QTest>
 
 namespace {
 
@@ -37,9 +36,7 @@ class ShellTest : public ::testing::Test {
     end.write("\n");
   }
   static void waitFor(const std::function<bool()>& condition) {
-    for (int tries = 0; tries < 3000 && !condition(); ++tries)
-      QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-    EXPECT_TRUE(condition());
+    ASSERT_TRUE(QTest::qWaitFor(condition, 30'000));
   }
   QString log() const { return folder.filePath("arguments"); }
   std::string arguments() const {
