@@ -77,10 +77,7 @@ void NavigationPane::buildIndex() {
   connect(indexWord_, &QLineEdit::textChanged, this, &NavigationPane::filterIndex);
   connect(indexWord_, &QLineEdit::returnPressed, this,
           [this] { choose(index_->currentItem(), {}); });
-  connect(index_, &QListWidget::itemActivated, this,
-          [this](const QListWidgetItem* item) { choose(item, {}); });
-  connect(index_, &QListWidget::itemClicked, this,
-          [this](const QListWidgetItem* item) { choose(item, {}); });
+  chooseOnClick(index_);
 }
 
 void NavigationPane::buildSearch() {
@@ -91,10 +88,15 @@ void NavigationPane::buildSearch() {
   connect(words_, &QLineEdit::textChanged, this, &NavigationPane::search);
   connect(words_, &QLineEdit::returnPressed, this,
           [this] { choose(hits_->item(0), words_->text()); });
-  connect(hits_, &QListWidget::itemActivated, this,
-          [this](const QListWidgetItem* item) { choose(item, words_->text()); });
-  connect(hits_, &QListWidget::itemClicked, this,
-          [this](const QListWidgetItem* item) { choose(item, words_->text()); });
+  chooseOnClick(hits_);
+}
+
+void NavigationPane::chooseOnClick(QListWidget* list) {
+  const auto chosen = [this, list](const QListWidgetItem* item) {
+    choose(item, list == hits_ ? words_->text() : QString());
+  };
+  connect(list, &QListWidget::itemActivated, this, chosen);
+  connect(list, &QListWidget::itemClicked, this, chosen);
 }
 
 void NavigationPane::setBook(const HelpBook* book) {

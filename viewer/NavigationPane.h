@@ -33,6 +33,7 @@ class NavigationPane : public QTabWidget {
   void buildContents();
   void buildIndex();
   void buildSearch();
+  void chooseOnClick(QListWidget* list);
   void fillContents();
   void fillIndex();
   void filterIndex(const QString& beginning);
