@@ -1,45 +1,73 @@
-// Draws the picture of the twelve pentominoes for the help page about them.
-// Usage: help_pictures OUTPUT.png
+// Draws the picture of the twelve pentominoes, in the game's textures and with their letters.
+// Usage: help_pictures TEXTURES OUTPUT.png
+#include <QFontInfo>
+#include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
-#include <array>
 #include <cstdio>
 
+#include "drawing/TextureAtlas.h"
 #include "model/PENTO.h"
 
 namespace {
 
-constexpr int kCell = 16;
+constexpr int kCell = 18;
 constexpr int kColumns = 6;
-constexpr int kPlaceWidth = 96;
-constexpr int kPlaceHeight = 104;
+constexpr int kPlaceWidth = 100;
+constexpr int kPlaceHeight = 128;
+constexpr int kLetterHeight = 24;
 
-// Colours that stay apart for colour-blind eyes, too: lightness changes along with the hue.
-constexpr std::array<QRgb, PENTO::kTypes> kColours{0xffe8a33d, 0xff3d6fb6, 0xff8fc96b, 0xffc0563f,
-                                                   0xff6a5aa8, 0xffe6d25a, 0xff4fb3a9, 0xffd983b0,
-                                                   0xff5c5c74, 0xff9cc4ea, 0xffa2744a, 0xff7d9a3c};
+QFont letterFont() {
+  QFont font("DejaVu Sans");
+  font.setPixelSize(16);
+  font.setBold(true);
+  if (!QFontInfo(font).exactMatch()) qFatal("The letters need the font DejaVu Sans.");
+  return font;
+}
 
-void drawPiece(QPainter& painter, int type) {
+QRect squareOf(const PENTO& piece, int cell) {
+  return {piece.GridX(cell) * kCell, piece.GridY(cell) * kCell, kCell, kCell};
+}
+
+void drawCells(QPainter& painter, const PENTO& piece, const QImage& textures) {
+  const int type = piece.PentoType();
+  const QRect texture(type % AtlasLayout::kColumns * kCell, type / AtlasLayout::kColumns * kCell,
+                      kCell, kCell);
+  QRegion covered;
+  for (int cell = 0; cell < PENTO::kCells; ++cell) covered += squareOf(piece, cell);
+  for (const QPoint& border : {QPoint(1, 0), QPoint(-1, 0), QPoint(0, 1), QPoint(0, -1)})
+    for (const QRect& part : covered.translated(border)) painter.fillRect(part, QColor(64, 64, 96));
+  for (int cell = 0; cell < PENTO::kCells; ++cell)
+    painter.drawImage(squareOf(piece, cell), textures, texture);
+}
+
+void drawPiece(QPainter& painter, int type, const QImage& textures) {
   PENTO piece;
   piece.PentoType(static_cast<std::int16_t>(type));
-  const int left = (type % kColumns) * kPlaceWidth + (kPlaceWidth - piece.Width() * kCell) / 2;
-  const int top = (type / kColumns) * kPlaceHeight + (kPlaceHeight - piece.Height() * kCell) / 2;
-  const QColor colour(kColours[static_cast<std::size_t>(type)]);
-  painter.setPen(colour.darker(150));
-  painter.setBrush(colour);
-  for (int cell = 0; cell < PENTO::kCells; ++cell)
-    painter.drawRect(left + piece.GridX(cell) * kCell, top + piece.GridY(cell) * kCell, kCell,
-                     kCell);
+  const QRect place(type % kColumns * kPlaceWidth, type / kColumns * kPlaceHeight, kPlaceWidth,
+                    kPlaceHeight);
+  painter.drawText(place, Qt::AlignHCenter | Qt::AlignBottom, QChar(pentominoLetter(type)));
+  painter.save();
+  painter.translate(place.x() + (place.width() - piece.Width() * kCell) / 2,
+                    place.y() + (place.height() - kLetterHeight - piece.Height() * kCell) / 2);
+  drawCells(painter, piece, textures);
+  painter.restore();
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 2) return std::fputs("Usage: help_pictures OUTPUT.png\n", stderr), 2;
+  if (argc != 3) return std::fputs("Usage: help_pictures TEXTURES OUTPUT.png\n", stderr), 2;
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QGuiApplication application(argc, argv);
+  TextureAtlas atlas(1, 1);
+  atlas.load(argv[1], kCell);
   QImage picture(kColumns * kPlaceWidth, 2 * kPlaceHeight, QImage::Format_RGB32);
   picture.fill(Qt::white);
   QPainter painter(&picture);
-  for (int type = 0; type < PENTO::kTypes; ++type) drawPiece(painter, type);
+  painter.setFont(letterFont());
+  painter.setPen(QColor(32, 32, 40));
+  for (int type = 0; type < PENTO::kTypes; ++type) drawPiece(painter, type, atlas.picture());
   painter.end();
-  return picture.save(argv[1]) ? 0 : 1;
+  return picture.save(argv[2]) ? 0 : 1;
 }

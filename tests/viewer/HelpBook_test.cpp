@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QRegularExpression>
+#include <QSet>
 #include <QtEndian>
 
 #include "tests/viewer/HelpFileOnDisk.h"
@@ -95,6 +96,48 @@ TEST(ShippedHelp, HasNoLinkPictureOrEntryThatLeadsNowhere) {
         expectPlace(*book, target, address.toString().toStdString());
       }
     }
+  }
+}
+
+/// The pages that a reader who begins at one page comes to by links.
+QSet<QString> reachedFrom(const HelpBook& book, const QUrl& start) {
+  static const QRegularExpression link("<a\\s[^>]*href=\"([^\"]+)\"");
+  QSet<QString> reached;
+  for (QList<QUrl> left{start}; !left.isEmpty();) {
+    const QUrl address = left.takeFirst();
+    if (reached.contains(address.path())) continue;
+    reached << address.path();
+    for (auto links = link.globalMatch(book.page(address).value_or("")); links.hasNext();)
+      left << address.resolved(QUrl(links.next().captured(1)));
+  }
+  return reached;
+}
+
+TEST(ShippedHelp, LeadsToEachPageByLinkContentsAndIndex) {
+  const auto book = shippedBook();
+  ASSERT_TRUE(book);
+  const auto named = [](const QList<SiteMap::Entry>& entries) {
+    QSet<QString> pages;
+    for (const SiteMap::Entry& entry : entries) pages << HelpBook::address(entry.page).path();
+    return pages;
+  };
+  const QSet<QString> reached = reachedFrom(*book, book->startPage());
+  const QSet<QString> contents = named(book->contents()), index = named(book->index());
+  for (const QUrl& page : book->pages()) {
+    const std::string name = page.path().toStdString();
+    EXPECT_TRUE(reached.contains(page.path())) << "no link leads to " << name;
+    EXPECT_TRUE(contents.contains(page.path())) << "Quinzolith.hhc has no entry for " << name;
+    EXPECT_TRUE(index.contains(page.path())) << "Quinzolith.hhk has no entry for " << name;
+  }
+}
+
+TEST(ShippedHelp, HasItsIndexInTheOrderOfTheAlphabet) {
+  const auto book = shippedBook();
+  ASSERT_TRUE(book);
+  QString before;
+  for (const SiteMap::Entry& entry : book->index()) {
+    EXPECT_LT(before, entry.name.toLower());
+    before = entry.name.toLower();
   }
 }
 
