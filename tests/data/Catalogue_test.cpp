@@ -104,7 +104,6 @@ TEST(Catalogue, ListsWhatLiesInTheFolderAndNothingElse) {
     if (file.path().extension() == ".txt") drawings.insert(file.path().stem());
   }
   drawings.erase("CMakeLists");
-  EXPECT_EQ(listed.size(), 36u);
   EXPECT_EQ(listed, files);
   EXPECT_EQ(listed, drawings);
 }
