@@ -137,11 +137,11 @@ void HelpWindow::showTopic(int topic) {
 }
 
 void HelpWindow::openOutside(const QUrl& address) {
-  const auto failed = [self = QPointer(this), address] {
-    const QString shown = PlainText::plain(address.toDisplayString());
-    if (self)
-      self->statusBar()->showMessage(tr("This link could not be opened: %1").arg(shown),
-                                     kMessageMilliseconds);
+  const QString shown = PlainText::plain(address.toDisplayString());
+  const auto tell = [window = QPointer(this), shown] {
+    if (window)
+      window->statusBar()->showMessage(tr("This link could not be opened: %1").arg(shown),
+                                       kMessageMilliseconds);
   };
-  if (!Shell::open(address.toString(QUrl::FullyEncoded).toStdString(), failed)) failed();
+  if (!Shell::open(address.toString(QUrl::FullyEncoded).toStdString(), tell)) tell();
 }
