@@ -8,11 +8,11 @@
 
 #include "bench/Stopwatch.h"
 #include "bench/Table.h"
-#include "board/BoardBackground.h"
 #include "board/PENTOWINDOW.h"
 #include "board/TextureFile.h"
 #include "model/PuzzleFormat.h"
 #include "model/basTiles.h"
+#include "platform/DensePicture.h"
 #include "platform/Program.h"
 
 namespace {
@@ -37,7 +37,7 @@ PENTOGRID playedBoard() {
 struct Painter {
   Painter(int tile, int width, int height) : atlas(101, 85) {
     atlas.load(textureFile(24), tile);
-    composition.background(boardBackground(1));
+    composition.background(densePicture("background.png", 1));
     surface.resize(width, height);
     scene = {&grid, &atlas, nullptr};
   }
@@ -126,7 +126,7 @@ void dragStep() {
 
   const auto ours = [&](int i) { p.composition.draw(p.scene, area(i), p.surface); };
   const QImage atlas = p.atlas.picture(),
-               back = boardBackground(1).convertToFormat(QImage::Format_RGB32);
+               back = densePicture("background.png", 1).convertToFormat(QImage::Format_RGB32);
   QImage buffer(width, height, QImage::Format_RGB32);
   QImage onto(kSide * s, kSide * s, QImage::Format_RGB32);
   const auto usual = [&](int i) { drawUsually(p, atlas, back, area(i), buffer, onto); };

@@ -2,18 +2,27 @@
 
 #include <stdexcept>
 
-#include "board/BoardBackground.h"
 #include "drawing/Rounding.h"
+#include "platform/DensePicture.h"
 #include "platform/Twips.h"
 
 namespace BoardLayout {
+
+namespace {
+
+/// The picture that is tiled behind the cells of a board on the screen that shows a widget.
+QImage background(const QWidget& widget) {
+  return densePicture("background.png", widget, Fit::Tiled);
+}
+
+}  // namespace
 
 PENTOWINDOW* newControl(QWidget* parent, const char* name, const QString& accessibleName) {
   auto* control = new PENTOWINDOW(parent);
   control->setObjectName(name);
   control->setAccessibleName(accessibleName);
   PropertyBag layout;
-  layout.WriteProperty("BackTexture", boardBackground(parent->devicePixelRatioF()), QImage());
+  layout.WriteProperty("BackTexture", background(*parent), QImage());
   control->ReadProperties(layout);
   return control;
 }
@@ -50,7 +59,7 @@ namespace {
 /// been left without one stays so.
 void matchBackground(PENTOWINDOW& control) {
   if (control.BackTexture().isNull()) return;
-  const QImage wanted = boardBackground(control.devicePixelRatioF());
+  const QImage wanted = background(control);
   if (control.BackTexture().size() != wanted.size()) control.BackTexture(wanted);
 }
 

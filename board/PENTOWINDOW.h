@@ -14,6 +14,8 @@
 #include "drawing/Composition.h"
 #include "drawing/TextureAtlas.h"
 #include "model/basTiles.h"
+#include "pictures/HotSpots.h"
+#include "platform/DenseCursor.h"
 #include "platform/PictureBox.h"
 #include "platform/PointerSurface.h"
 #include "services/basKelvoWinAPI.h"
@@ -174,6 +176,8 @@ class PENTOWINDOW : public PointerSurface, public PuzzleTarget {
   CursorShape cursor_ = CursorShape::Default;
   PieceCursor pieceCursor_;
   mutable QPointer<Hand> hand_;
+  DenseCursor imgHand_{"hand.png", pictures::kHand};
+  DenseCursor imgClear_{"clear.png", {}};
   bool Pickup_ = false;
   bool DisplayHint_ = false;
 };

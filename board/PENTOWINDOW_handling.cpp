@@ -1,9 +1,7 @@
-#include <QPixmap>
 #include <cmath>
 
 #include "board/PENTOWINDOW.h"
 #include "drawing/Rounding.h"
-#include "pictures/HotSpots.h"
 #include "platform/Dialogs.h"
 #include "platform/Form.h"
 #include "platform/Twips.h"
@@ -18,16 +16,6 @@ constexpr const char* kAskFlip =
     "flip?";
 constexpr int kLongestKeyText = 1000;
 
-const QCursor& imgHand() {
-  static const QCursor cursor(QPixmap(":/pictures/hand.png"), pictures::kHand.x, pictures::kHand.y);
-  return cursor;
-}
-
-const QCursor& imgClear() {
-  static const QCursor cursor(QPixmap(":/pictures/clear.png"));
-  return cursor;
-}
-
 }  // namespace
 
 bool PENTOWINDOW::windowIsActive() const {
@@ -41,10 +29,10 @@ void PENTOWINDOW::showCursor(CursorShape shape) {
       pctFore_->setPictureCursor(Qt::ArrowCursor);
       break;
     case CursorShape::Hand:
-      pctFore_->setPictureCursor(imgHand());
+      pctFore_->setPictureCursor(imgHand_.on(*this));
       break;
     case CursorShape::Clear:
-      pctFore_->setPictureCursor(imgClear());
+      pctFore_->setPictureCursor(imgClear_.on(*this));
       break;
   }
 }

@@ -3,6 +3,8 @@
 #include <QPainter>
 #include <QPixmap>
 
+#include "platform/DenseCursor.h"
+
 namespace {
 
 /// The piece with its corner at a point of a picture that is transparent elsewhere.
@@ -33,7 +35,6 @@ const QCursor& PieceCursor::of(const PENTO& piece, const TextureAtlas& atlas, co
   const QRect picture = QRect(QPoint(0, 0), whole) | QRect(grab, QSize(1, 1));
   QPixmap pixmap = QPixmap::fromImage(pictureOf(piece, atlas, -picture.topLeft(), picture.size()));
   pixmap.setDevicePixelRatio(ratio);
-  const QPointF hotSpot = QPointF(grab - picture.topLeft()) / ratio;
-  cursor_ = QCursor(pixmap, static_cast<int>(hotSpot.x()), static_cast<int>(hotSpot.y()));
+  cursor_ = pointingWith(pixmap, grab - picture.topLeft());
   return cursor_;
 }

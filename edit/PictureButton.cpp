@@ -2,21 +2,14 @@
 
 #include <QStyleOptionButton>
 #include <QStylePainter>
-#include <utility>
 
 #include "drawing/Rounding.h"
+#include "platform/DensePicture.h"
 
 namespace {
 
 constexpr QColor kFace(192, 192, 192);
 constexpr int kSunken = 1;  // pixels by which the picture of a pressed button moves
-
-/// The density of the picture that a screen of that ratio shows, and the end of its file's name.
-std::pair<double, const char*> densityFor(double ratio) {
-  if (ratio <= 1) return {1, ".png"};
-  if (ratio <= 1.5) return {1.5, "@1.5x.png"};
-  return {2, "@2x.png"};
-}
 
 }  // namespace
 
@@ -34,12 +27,8 @@ PictureButton::PictureButton(QWidget* parent, const QString& picture, const QStr
 const QImage& PictureButton::pictureFor(double ratio) {
   if (ratio == ratio_) return picture_;
   ratio_ = ratio;
-  const auto [density, ending] = densityFor(ratio);
-  picture_ = QImage(":/pictures/" + name_ + ending);
-  picture_.setDevicePixelRatio(1);  // the toolkit reads a density off some names, not off others
-  if (density != ratio)
-    picture_ = picture_.scaled(picture_.size() * (ratio / density), Qt::IgnoreAspectRatio,
-                               Qt::SmoothTransformation);
+  picture_ = densePicture(name_ + ".png", ratio, Fit::Exact);
+  picture_.setDevicePixelRatio(1);  // it is drawn in device pixels
   return picture_;
 }
 

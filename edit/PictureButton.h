@@ -5,10 +5,8 @@
 
 /// A button with a picture in its middle, one pixel of the picture to one pixel of the screen.
 ///
-/// Pictures: ":/pictures/NAME.png" of the logical size; "NAME@1.5x.png" and "NAME@2x.png" for
-///           denser screens. At densities between these the next larger one is scaled down.
-/// Focus:    by the Tab key only; a click leaves it where it was, so that keys typed while a piece
-///           floats go on reaching the board.
+/// Focus: by the Tab key only; a click leaves it where it was, so that keys typed while a piece
+///        floats go on reaching the board.
 class PictureButton : public QPushButton {
  public:
   /// `hint` is the tooltip; `name` says what the button is to those who cannot see the picture.

@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "drawing/Rounding.h"
-#include "pictures/HotSpots.h"
 #include "platform/DensePicture.h"
 #include "platform/Form.h"
 #include "platform/Twips.h"
@@ -13,12 +12,6 @@
 namespace {
 
 constexpr int kLabelMargin = 2;
-
-const QCursor& optionPointer() {
-  static const QCursor pointer(QPixmap(":/pictures/pointer.png"), pictures::kPointer.x,
-                               pictures::kPointer.y);
-  return pointer;
-}
 
 QString capitalized(const QString& name) {
   return name.left(1).toUpper() + name.mid(1);
@@ -28,17 +21,16 @@ QString capitalized(const QString& name) {
 
 Option::Option(QWidget* parent, const QString& name, const QString& caption, const QString& hint)
     : QAbstractButton(parent),
-      picture_(densePicture(":/pictures/option-" + name.toLower() + ".png")),
+      picture_(QPixmap::fromImage(densePicture("option-" + name.toLower() + ".png"))),
       label_(new QLabel(parent)) {
   setObjectName("img" + capitalized(name));
   label_->setObjectName("lbl" + capitalized(name));
   label_->setFont(Form::ControlFont());
   label_->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
   label_->setWordWrap(true);
+  installEventFilter(this);
   label_->installEventFilter(this);
   say(caption, hint);
-  setCursor(optionPointer());
-  label_->setCursor(optionPointer());
   setFocusPolicy(Qt::TabFocus);
 }
 
@@ -70,6 +62,11 @@ void Option::showOption(bool shown) {
   label_->setVisible(shown);
 }
 
+void Option::setPointers() {
+  setCursor(pointer_.on(*this));
+  label_->setCursor(pointer_.on(*this));
+}
+
 void Option::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
@@ -89,6 +86,7 @@ void Option::keyPressEvent(QKeyEvent* event) {
 }
 
 bool Option::eventFilter(QObject* object, QEvent* event) {
+  if (event->type() == QEvent::Enter) setPointers();
   if (object != label_) return QAbstractButton::eventFilter(object, event);
   switch (event->type()) {
     case QEvent::MouseButtonPress:

@@ -3,6 +3,9 @@
 #include <QAbstractButton>
 #include <QLabel>
 
+#include "pictures/HotSpots.h"
+#include "platform/DenseCursor.h"
+
 /// A way on that a window offers: a picture of 32 x 32 with a label below it. A click on either
 /// chooses it; the picture takes the focus by Tab, shows it, and answers Enter and the space bar.
 class Option : public QAbstractButton {
@@ -30,7 +33,10 @@ class Option : public QAbstractButton {
   bool eventFilter(QObject* object, QEvent* event) override;
 
  private:
+  void setPointers();
+
   QPixmap picture_;
+  DenseCursor pointer_{"pointer.png", pictures::kPointer};
   QLabel* label_;
   bool labelPressed_ = false;
 };

@@ -3,6 +3,7 @@
 #include <QProxyStyle>
 #include <QTabBar>
 
+#include "platform/DensePicture.h"
 #include "platform/Form.h"
 #include "platform/Twips.h"
 
@@ -25,8 +26,7 @@ class TightTabs : public QProxyStyle {
   }
 };
 
-QPixmap masked(const QString& file) {
-  QImage picture(file);
+QPixmap masked(QImage picture) {
   if (picture.isNull()) return {};
   picture = picture.convertToFormat(QImage::Format_ARGB32);
   for (int y = 0; y < picture.height(); ++y) {
@@ -88,9 +88,8 @@ QListWidget* newPuzzleList(QWidget* parent, const QString& name) {
 }
 
 QIcon puzzleIcon(const QString& key) {
-  QIcon icon(masked(":/pictures/icons/" + key + ".png"));
-  QPixmap doubled = masked(":/pictures/icons/" + key + "@2x.png");
-  doubled.setDevicePixelRatio(2);
-  if (!doubled.isNull()) icon.addPixmap(doubled);
+  QIcon icon;
+  for (const double ratio : {1, 2})
+    icon.addPixmap(masked(densePicture("icons/" + key + ".png", ratio)));
   return icon;
 }

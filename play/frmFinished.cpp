@@ -59,7 +59,7 @@ void frmFinished::buildPicture() {
   imgWayToGo->setObjectName("imgWayToGo");
   imgWayToGo->setAccessibleName("A picture for the winner");
   imgWayToGo->setScaledContents(true);
-  imgWayToGo->setPixmap(densePicture(":/pictures/waytogo.png"));
+  imgWayToGo->setPixmap(QPixmap::fromImage(densePicture("waytogo.png")));
   Twips::place(*imgWayToGo, 0, 0, 6000, 3000);
   addText(Client(), "lblSolve", "Congratulations!  You have solved the puzzle! ", 12, 1380, 1500,
           3495, 615);
@@ -91,7 +91,7 @@ void frmFinished::Form_Load() {
   Client()->setFocus();
   firstMoment_ = new FirstMoment(Window());
   if (Program::ColorDepth >= Program::kDeepColour) return;
-  const QPixmap fewColours = densePicture(":/pictures/waytogo256.bmp");
+  const QPixmap fewColours = QPixmap::fromImage(densePicture("waytogo256.bmp"));
   if (!fewColours.isNull()) Client()->findChild<QLabel*>("imgWayToGo")->setPixmap(fewColours);
 }
 

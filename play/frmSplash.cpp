@@ -34,7 +34,7 @@ void frmSplash::BuildControls() {
   Image1_->setObjectName("Image1");
   Image1_->setAccessibleName("Picture of the game");
   Image1_->setScaledContents(true);
-  Image1_->setPixmap(densePicture(":/pictures/splash.png"));
+  Image1_->setPixmap(QPixmap::fromImage(densePicture("splash.png")));
   Twips::place(*Image1_, 120, 60, 2484, 3456);
   buildTitle();
   buildOptions();
@@ -88,7 +88,7 @@ void frmSplash::Form_Load() {
   lblVersion_->setText("Version " + QString::fromStdString(Program::versionText()));
   Program::ColorDepth = basKelvoWinAPI::GetDeviceCaps(*Window(), basKelvoWinAPI::BITSPIXEL);
   if (Program::ColorDepth >= Program::kDeepColour) return;
-  const QPixmap fewColours = densePicture(":/pictures/about256.bmp");
+  const QPixmap fewColours = QPixmap::fromImage(densePicture("about256.bmp"));
   if (!fewColours.isNull()) Image1_->setPixmap(fewColours);
 }
 

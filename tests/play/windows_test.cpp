@@ -4,7 +4,6 @@
 
 #include <algorithm>
 
-#include "board/BoardBackground.h"
 #include "catalogue/Catalogue.h"
 #include "tests/play/PlayFixture.h"
 
