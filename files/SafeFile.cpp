@@ -21,7 +21,7 @@ DiskCalls disk;
 
 namespace {
 
-constexpr mode_t kNewFile = 0666;  // less what the user's mask takes away
+constexpr mode_t kNewFile = 0666;
 constexpr mode_t kPermissions = 07777;
 constexpr off_t kLargestInPlace = off_t{65} << 20;
 
@@ -104,8 +104,9 @@ void syncFolder(const OpenFile& folder) {
   if (folder.isOpen() && disk.sync(folder.descriptor()) < 0 && errno != EINVAL) failCall();
 }
 
-void writeBeside(const Place& place, const std::string& bytes, const std::optional<Old>& old) {
-  FileBeside beside(place, old ? old->status.st_mode & S_IRWXU : kNewFile);
+void writeBeside(const Place& place, const std::string& bytes, const std::optional<Old>& old,
+                 mode_t mode) {
+  FileBeside beside(place, old ? old->status.st_mode & S_IRWXU : mode);
   beside.file().write(bytes);
   if (old) keepPermissions(beside.file(), old->status);
   beside.file().sync();
@@ -145,10 +146,11 @@ std::string tailOf(const std::optional<Old>& old, std::size_t start, std::size_t
   return old->from(start);
 }
 
-void writeTo(const Place& place, const std::string& bytes, const std::optional<Old>& old) {
+void writeTo(const Place& place, const std::string& bytes, const std::optional<Old>& old,
+             mode_t mode) {
   OpenFile folder = folderToSync(place);
   try {
-    writeBeside(place, bytes, old);
+    writeBeside(place, bytes, old, mode);
     syncFolder(folder);
   } catch (const NotBeside&) {
     if (!old) throw;
@@ -177,10 +179,10 @@ std::string read(const fs::path& file, std::size_t ceiling) {
   return source.read(0, ceiling);
 }
 
-void write(const fs::path& file, const std::string& bytes) {
+void write(const fs::path& file, const std::string& bytes, mode_t mode) {
   const HeldSignals held;
   const Place place = placeOf(file);
-  writeTo(place, bytes, oldFileAt(place));
+  writeTo(place, bytes, oldFileAt(place), mode);
   removeLeftovers(place.folder);
 }
 
@@ -188,7 +190,7 @@ void writeOver(const fs::path& file, const std::string& bytes, std::size_t longe
   const HeldSignals held;
   const Place place = placeOf(file);
   const std::optional<Old> old = oldFileAt(place);
-  writeTo(place, bytes + tailOf(old, bytes.size(), longestTail), old);
+  writeTo(place, bytes + tailOf(old, bytes.size(), longestTail), old, kNewFile);
   removeLeftovers(place.folder);
 }
 

@@ -33,8 +33,8 @@ std::string read(const std::filesystem::path& file, std::size_t ceiling);
 /// take the target's name; then the folder reaches the disk. So a failure, or an end of the program
 /// at any moment, leaves the old bytes or the new ones; a killed program may leave the new file
 /// beside them, which the next save into the folder removes when it is older than an hour.
-/// Permissions stay, owner and group where the user may set them; a second hard link keeps the old
-/// bytes.
+/// Permissions stay, owner and group where the user may set them; a new file gets `mode`, less what
+/// the user's mask takes away. A second hard link keeps the old bytes.
 ///
 /// Links stay links, and what they point to is replaced; only the user's own links are followed
 /// (see Place). The old file is opened once, and what was opened is compared with what was looked
@@ -50,7 +50,7 @@ std::string read(const std::filesystem::path& file, std::size_t ceiling);
 /// Errors: the target is read-only or no ordinary file, a link of another user, or a call to the
 ///         disk failed. Where the last step failed (the folder could not reach the disk), the new
 ///         bytes are already there.
-void write(const std::filesystem::path& file, const std::string& bytes);
+void write(const std::filesystem::path& file, const std::string& bytes, mode_t mode = 0666);
 
 /// As write, but what a longer file holds behind `bytes` stays, up to `longestTail` bytes.
 /// Errors: as write; std::length_error for a longer tail; a tail that cannot be read.

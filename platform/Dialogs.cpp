@@ -8,6 +8,7 @@
 #include "platform/Form.h"
 #include "platform/PendingEvents.h"
 #include "platform/Program.h"
+#include "platform/ToolkitSettings.h"
 
 namespace fs = std::filesystem;
 
@@ -80,6 +81,7 @@ bool FileDialog::ShowSave() {
 }
 
 bool FileDialog::show(bool save) {
+  keepToolkitFromStoring();
   const NestedLoop nested;
   QWidget* parent = owner();
   FileChooser dialog(parent, QString::fromStdString(title), startFolder(folder),

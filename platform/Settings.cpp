@@ -1,77 +1,107 @@
 #include "platform/Settings.h"
 
-#include <QIODevice>
-#include <QSettings>
-#include <QUrl>
-#include <memory>
+#include <QLockFile>
+#include <QStandardPaths>
+#include <cstdio>
+#include <stdexcept>
 
+#include "files/SafeFile.h"
 #include "platform/Program.h"
+#include "platform/SettingsText.h"
+
+namespace fs = std::filesystem;
 
 namespace Settings {
 
 namespace {
 
-std::string& testFile() {
-  static std::string file;
-  return file;
-}
+constexpr std::size_t kLargestFile = std::size_t{1} << 20;
+constexpr int kPatienceMilliseconds = 200;
+constexpr mode_t kPrivate = 0600;
 
-constexpr qint64 kLargestFile = qint64{1} << 20;
-constexpr const char* kPlain = " !\"#$&'()*+,/:;<=>?@[\\]^`{|}";  // in values; else also -._~
+/// What is not in the user's file, or not yet.
+struct State {
+  std::string testFile;
+  bool looked = false;      ///< at the lock
+  bool unwritable = false;  ///< nothing is stored any more in this run
+  SettingsTexts kept;       ///< what was saved since
+};
 
-QString decoded(const QByteArray& text) {
-  return QString::fromUtf8(QByteArray::fromPercentEncoding(text));
-}
-
-bool readTexts(QIODevice& file, QSettings::SettingsMap& texts) {
-  QString section;
-  for (QByteArray line : file.read(kLargestFile).split('\n')) {
-    if (line.endsWith('\r')) line.chop(1);
-    const qsizetype equals = line.indexOf('=');
-    if (line.startsWith('['))
-      section = decoded(line.mid(1, line.indexOf(']') - 1));
-    else if (equals > 0)
-      texts[section + '/' + decoded(line.left(equals))] = decoded(line.mid(equals + 1));
-  }
-  return true;
-}
-
-bool writeTexts(QIODevice& file, const QSettings::SettingsMap& texts) {
-  QString section;
-  for (auto text = texts.begin(); text != texts.end(); ++text) {
-    if (const QString own = text.key().section('/', 0, 0); own != section) {
-      section = own;
-      file.write('[' + QUrl::toPercentEncoding(section) + "]\n");
-    }
-    file.write(QUrl::toPercentEncoding(text.key().section('/', 1)) + '=' +
-               QUrl::toPercentEncoding(text.value().toString(), kPlain) + '\n');
-  }
-  return true;  // a failed write is the file's to tell
-}
-
-/// Where the system has no store of its own: "[section]", "key=text", percent-encoded UTF-8. Qt's
-/// own format of such files also holds whole Qt objects, whose damage ends the program.
-QSettings::Format format() {
-#ifdef Q_OS_WIN
-  return QSettings::NativeFormat;
-#else
-  static const QSettings::Format texts =
-      QSettings::registerFormat("conf", readTexts, writeTexts, Qt::CaseSensitive);
-  return texts;
-#endif
+State& state() {
+  static State state;
+  return state;
 }
 
 /// "Maker\Title" names the folder and the file of the store.
-std::unique_ptr<QSettings> open(const std::string& application) {
-  if (!testFile().empty())
-    return std::make_unique<QSettings>(QString::fromStdString(testFile()), format());
-  const QString name = QString::fromStdString(application);
-  return std::make_unique<QSettings>(format(), QSettings::UserScope, name.section('\\', 0, 0),
-                                     name.section('\\', 1));
+fs::path fileOf(const std::string& application) {
+  if (!state().testFile.empty()) return state().testFile;
+  const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+  const std::size_t backslash = application.find('\\');
+  return fs::path(folder.toStdU16String()) / application.substr(0, backslash) /
+         (application.substr(backslash + 1) + ".conf");
 }
 
-QString path(const std::string& section, const std::string& key) {
+void giveUp(const fs::path& file, const char* reason) {
+  if (!state().unwritable)
+    std::fprintf(stderr, "%s: The settings cannot be kept (%s: %s); changes hold for this run.\n",
+                 Program::kTitle, file.c_str(), reason);
+  state().unwritable = true;
+}
+
+QString lockOf(const fs::path& file) {
+  return QString::fromStdU16String(file.u16string()) + ".lock";
+}
+
+/// Errors: std::runtime_error when it cannot be had in time.
+void take(QLockFile& lock) {
+  const fs::path file = lock.fileName().toStdU16String();
+  const fs::file_type type = fs::symlink_status(file).type();
+  if (type != fs::file_type::regular && type != fs::file_type::not_found)
+    throw std::runtime_error("its lock is not an ordinary file");  // a pipe would be waited for
+  if (lock.tryLock(kPatienceMilliseconds)) return;
+  throw std::runtime_error(lock.error() == QLockFile::LockFailedError
+                               ? "another program or machine holds " + file.string()
+                               : file.string() + " cannot be made");
+}
+
+/// A lock that nobody gives back is noticed before anything is changed.
+void lookAtLock(const fs::path& file) {
+  if (std::exchange(state().looked, true)) return;
+  QLockFile lock(lockOf(file));
+  if (fs::symlink_status(lock.fileName().toStdU16String()).type() != fs::file_type::not_found)
+    take(lock);
+}
+
+SettingsTexts stored(const fs::path& file) {
+  if (fs::symlink_status(file).type() == fs::file_type::not_found) return {};
+  return readSettings(QByteArray::fromStdString(SafeFile::read(file, kLargestFile)));
+}
+
+void store(const fs::path& file, const QString& path, const QString& text) {
+  fs::create_directories(file.parent_path());
+  QLockFile lock(lockOf(file));
+  take(lock);
+  SettingsTexts texts = stored(file);
+  const auto old = texts.find(path);
+  if (old != texts.end() && old->second == text) return;
+  texts[path] = text;
+  SafeFile::write(file, writeSettings(texts).toStdString(), kPrivate);
+}
+
+QString pathOf(const std::string& section, const std::string& key) {
   return QString::fromStdString(section) + '/' + QString::fromStdString(key);
+}
+
+/// Runs `action` on the user's file; what it throws ends the storing.
+template <typename Action>
+void onFile(const std::string& application, Action action) {
+  fs::path file;
+  try {
+    file = fileOf(application);
+    action(file);
+  } catch (const std::exception& error) {
+    giveUp(file, error.what());
+  }
 }
 
 }  // namespace
@@ -82,19 +112,26 @@ std::string application() {
 
 std::string get(const std::string& application, const std::string& section, const std::string& key,
                 const std::string& otherwise) {
-  return open(application)
-      ->value(path(section, key), QString::fromStdString(otherwise))
-      .toString()
-      .toStdString();
+  SettingsTexts texts;
+  onFile(application, lookAtLock);
+  onFile(application, [&](const fs::path& file) { texts = stored(file); });
+  const QString path = pathOf(section, key);
+  const auto kept = state().kept.find(path), found = texts.find(path);
+  if (kept != state().kept.end()) return kept->second.toStdString();
+  return found == texts.end() ? otherwise : found->second.toStdString();
 }
 
 void save(const std::string& application, const std::string& section, const std::string& key,
           const std::string& value) {
-  open(application)->setValue(path(section, key), QString::fromStdString(value));
+  const QString path = pathOf(section, key), text = QString::fromStdString(value);
+  if (!state().unwritable)
+    onFile(application, [&](const fs::path& file) { store(file, path, text); });
+  if (state().unwritable) state().kept[path] = text;
 }
 
 void useFile(const std::string& file) {
-  testFile() = file;
+  state() = {};
+  state().testFile = file;
 }
 
 }  // namespace Settings

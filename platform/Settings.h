@@ -2,8 +2,19 @@
 
 #include <string>
 
-/// The per-user settings store. Keys live in sections, sections in applications; every value is a
-/// text in UTF-8. The store is a file on Linux and the registry on Windows.
+/// The per-user settings store: one file of the user's own, and no other is ever read. Keys live in
+/// sections, sections in applications; every value is a text in UTF-8.
+///
+/// File:   `~/.config/MAKER/TITLE.conf` (below $XDG_CONFIG_HOME if that is set): lines "[section]"
+/// and
+///         "key=text", percent-encoded. Replaced as a whole (files/SafeFile.h), so reading needs no
+///         lock; two programs that write at once wait for each other by a lock file beside it.
+/// Errors: nobody waits longer than 200 ms. A file that cannot be read counts as empty; where it
+///         cannot be written or locked, all that is saved from then on holds until the program's
+///         end. That is said once, in a line on the standard error stream.
+///
+/// Why not QSettings: it waits for a lock without end, opens a pipe in the file's place, and its
+/// own format also holds whole objects, whose damage ends the program.
 namespace Settings {
 
 /// The application under which this program keeps its settings: maker, backslash, title.
@@ -13,11 +24,12 @@ std::string application();
 std::string get(const std::string& application, const std::string& section, const std::string& key,
                 const std::string& otherwise);
 
-/// Stores a text. A store that cannot be written keeps what it had, without a word.
+/// Stores a text.
 void save(const std::string& application, const std::string& section, const std::string& key,
           const std::string& value);
 
-/// Keeps the settings in an ini file of this name instead: for tests. Empty: the user's own again.
+/// Keeps the settings in a file of this name instead: for tests. Empty: the user's own again.
+/// Either way as a program that has just started does.
 void useFile(const std::string& file);
 
 }  // namespace Settings
