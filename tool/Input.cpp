@@ -2,18 +2,21 @@
 
 #include <algorithm>
 #include <fstream>
-#include <iterator>
 #include <ostream>
 #include <set>
 
 #include "drafts/Drawing.h"
 #include "drafts/PuzzleFile.h"
+#include "files/Device.h"
+#include "files/SafeFile.h"
 
 namespace fs = std::filesystem;
 
 namespace puzzle {
 
 namespace {
+
+constexpr std::size_t kLargestInput = std::size_t{1} << 20;
 
 Input inputOf(const PuzzleFile& file) {
   Input input;
@@ -67,7 +70,12 @@ std::string readAll(const std::string& file, Environment& environment) {
     if (!opened || fs::is_directory(file)) throw Refusal(file + ": The file cannot be read.");
   }
   std::istream& in = file == "-" ? environment.in : opened;
-  return {std::istreambuf_iterator<char>(in), {}};
+  std::string bytes(kLargestInput + 1, '\0');
+  in.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  bytes.resize(static_cast<std::size_t>(in.gcount()));
+  if (bytes.size() > kLargestInput)
+    throw Refusal(file + ": Neither a drawing nor a puzzle is larger than 1 MiB.");
+  return bytes;
 }
 
 void writeAll(const std::string& file, const std::string& bytes, Environment& environment) {
@@ -75,23 +83,13 @@ void writeAll(const std::string& file, const std::string& bytes, Environment& en
     environment.out << bytes;
     return;
   }
-  std::error_code failure, ignored;
-  const fs::path target = fs::weakly_canonical(file, ignored);  // a link stays one
-  const fs::path named = ignored ? fs::path(file) : target;
-  const fs::file_type type = fs::symlink_status(named, ignored).type();
-  // A device, or what a link to nothing yet names, is written in place.
-  const bool beside = type == fs::file_type::regular || type == fs::file_type::not_found;
-  const fs::path written = beside ? fs::path(named.string() + ".new") : named;
-  {
-    std::ofstream out(written, std::ios::binary | std::ios::trunc);
-    out << bytes;
-    out.close();
-    if (!out) failure = std::make_error_code(std::errc::io_error);
+  try {
+    if (!SafeFile::send(file, bytes)) SafeFile::write(file, bytes);
+  } catch (const std::system_error& error) {
+    throw Refusal(file + ": " + error.code().message() + ".");
+  } catch (const std::exception& error) {
+    throw Refusal(file + ": " + error.what());
   }
-  if (beside && !failure) fs::rename(written, named, failure);
-  if (!failure) return;
-  if (beside) fs::remove(written, ignored);
-  throw Refusal(file + ": The file cannot be written.");
 }
 
 Input readInput(const std::string& file, Environment& environment) {

@@ -14,10 +14,11 @@ struct Input {
   std::optional<solver::PieceSet> supply;  ///< the pieces that the file names
 };
 
-/// The whole file, or standard input for "-". Errors: Refusal.
+/// The whole file, pipe or device, or standard input for "-". Errors: Refusal, also of what goes on
+/// behind the first MiB; no more than that is read.
 std::string readAll(const std::string& file, Environment& environment);
-/// Writes beside the file and renames, so that the old file or the new one is there; "-" is
-/// standard output. A link keeps its place, and a device is written to. Errors: Refusal.
+/// Saves the file as the game does (files/SafeFile.h), sends to a device or pipe (files/Device.h);
+/// "-" is standard output. Errors: Refusal.
 void writeAll(const std::string& file, const std::string& bytes, Environment& environment);
 
 /// Reads a drawing or a puzzle file, told apart by the signature.
