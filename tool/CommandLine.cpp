@@ -16,7 +16,7 @@ constexpr std::string_view kProgram = "quinzolith-puzzle";
 constexpr std::string_view kPurpose = "makes, shows, checks and solves pentomino puzzles";
 constexpr std::string_view kGeneral =
     "COMMAND --help tells its options. --help, --version and --man stand alone. The file name -\n"
-    "is standard input or output. -- ends the options.";
+    "is standard input or output. -- ends the options. No more than 1 MiB of a file is read.";
 constexpr std::string_view kExitCodes[] = {
     "0  done", "1  the answer is no: no solution, a file refused", "2  wrong use"};
 
@@ -175,7 +175,9 @@ std::string manualPage() {
 
 int run(const std::vector<std::string>& words, Environment& environment) {
   try {
-    return dispatch(words, environment);
+    const int result = dispatch(words, environment);
+    if (!environment.out.flush()) throw Refusal("The output cannot be written.");
+    return result;
   } catch (const UsageError& error) {
     environment.err << kProgram << ": " << error.what() << "\nTry " << kProgram << " --help.\n";
     return kWrongUse;

@@ -1,5 +1,7 @@
 #include <QBuffer>
 #include <algorithm>
+#include <cmath>
+#include <limits>
 #include <ostream>
 #include <random>
 
@@ -14,6 +16,9 @@
 namespace puzzle {
 
 namespace {
+
+constexpr double kMostPixels = 1 << 26;             // 256 MiB
+constexpr std::uint64_t kNodesToShow = 50'000'000;  // some seconds
 
 std::mt19937_64 generatorFrom(const Arguments& arguments, Environment& environment) {
   const auto fresh = static_cast<long long>(std::random_device{}());
@@ -37,10 +42,20 @@ void trim(Input& input, int ring) {
 }
 
 /// Lettered drawings become solutions when all of their cells are lettered.
-void readLetters(Input& input) {
+void readLetters(Input& input, const solver::Limits& limits) {
   if (input.solution.empty() && !input.types.empty() &&
       static_cast<int>(input.types.size()) == input.shape.area())
-    input.solution = solutionOf(input, solver::PieceSet::ofEach(input.shape.area()), {});
+    input.solution = solutionOf(input, solver::PieceSet::ofEach(input.shape.area()), limits);
+}
+
+/// Before any of it is held in memory. `ring` is the number of empty cells on each side.
+void refuseLargePicture(const solver::Shape& shape, int ring, int tile) {
+  const auto cells = static_cast<double>(shape.width() + 2 * ring) * (shape.height() + 2 * ring);
+  const double pixels = cells * tile * tile;
+  if (pixels <= kMostPixels) return;
+  throw Refusal("The picture would have " + std::to_string(static_cast<int>(pixels / 1e6)) +
+                " million pixels; the largest tile that will do is --tile=" +
+                std::to_string(static_cast<int>(std::sqrt(kMostPixels / cells))) + ".");
 }
 
 std::string json(const Input& input) {
@@ -75,6 +90,14 @@ std::string coloured(const std::string& text) {
   return result;
 }
 
+/// The picture without its edges: a view, valid as long as the picture.
+QImage inside(const QImage& image, int edge) {
+  const int bytesPerPixel = image.depth() / 8;
+  return {image.constScanLine(edge) + std::ptrdiff_t{edge} * bytesPerPixel,
+          image.width() - 2 * edge, image.height() - 2 * edge, image.bytesPerLine(),
+          image.format()};
+}
+
 }  // namespace
 
 int makeCommand(const Arguments& arguments, Environment& environment) {
@@ -99,7 +122,7 @@ int makeCommand(const Arguments& arguments, Environment& environment) {
 
 int showCommand(const Arguments& arguments, Environment& environment) {
   Input input = readInput(arguments.positional[0], environment);
-  readLetters(input);
+  readLetters(input, limitsFrom(arguments, environment, kNodesToShow));
   if (arguments.has("shape")) input.solution.clear();
   if (arguments.has("json")) {
     environment.out << json(input);
@@ -116,16 +139,18 @@ int showCommand(const Arguments& arguments, Environment& environment) {
 int renderCommand(const Arguments& arguments, Environment& environment) {
   Input input = readInput(arguments.positional[0], environment);
   const auto tile = static_cast<int>(arguments.number("tile", 30, 1, 512));
-  readLetters(input);
-  if (arguments.has("solution"))
-    input.solution = solutionOf(input, supplyFor(input, arguments), {});
-  if (arguments.has("shape")) input.solution.clear();
   const bool whole = arguments.has("whole");
+  refuseLargePicture(whole ? input.shape : input.shape.trimmed(), whole ? 0 : 1, tile);
+  const solver::Limits limits = limitsFrom(arguments, environment, kNodesToShow);
+  readLetters(input, limits);
+  if (arguments.has("solution"))
+    input.solution = solutionOf(input, supplyFor(input, arguments), limits);
+  if (arguments.has("shape")) input.solution.clear();
   if (!whole) trim(input, 1);  // the ring gives the edge its outline and is cut off again
   TextureAtlas textures(0, 0);
   textures.load(environment.installation / "tiles" / "tiles.jpg", tile);
-  QImage image = boardPicture(boardWith(input.shape, input.solution), textures);
-  if (!whole) image = image.copy(tile, tile, image.width() - 2 * tile, image.height() - 2 * tile);
+  const QImage board = boardPicture(boardWith(input.shape, input.solution), textures);
+  const QImage image = whole ? board : inside(board, tile);
   QByteArray png;
   QBuffer buffer(&png);
   buffer.open(QIODevice::WriteOnly);
@@ -145,6 +170,7 @@ int checkCommand(const Arguments& arguments, Environment& environment) {
       problems = {refusal.what()};
     }
     for (const std::string& problem : problems) environment.out << problem << "\n";
+    if (!environment.out) break;
     if (!problems.empty()) result = kNo;
   }
   return result;
@@ -162,7 +188,9 @@ int generateCommand(const Arguments& arguments, Environment& environment) {
   std::mt19937_64 random = generatorFrom(arguments, environment);
   const auto tries = static_cast<std::uint64_t>(
       arguments.number("tries", 10000, 1, std::numeric_limits<long long>::max()));
-  const std::optional<Generated> puzzle = generatePuzzle(wanted, random, tries);
+  std::uint64_t nodes = limitsFrom(arguments, environment).nodes;
+  const std::optional<Generated> puzzle = generatePuzzle(wanted, random, tries, nodes);
+  if (!puzzle && nodes == 0) throw Refusal("No such puzzle was found within the limit.");
   if (!puzzle) throw Refusal("No such puzzle was found.");
   if (!arguments.positional.empty()) {
     writeAll(arguments.positional[0], makePuzzleFile(puzzle->solution, PuzzleFormat::kUnlocked),

@@ -1,5 +1,7 @@
 #include "tool/Generator.h"
 
+#include <algorithm>
+
 #include "drafts/Drawing.h"
 
 namespace puzzle {
@@ -42,12 +44,22 @@ std::optional<solver::Shape> randomShape(const Wanted& wanted, std::mt19937_64& 
   return shape.trimmed();
 }
 
-bool isUnique(const Generated& puzzle) {
+solver::Limits atMost(std::uint64_t nodes, std::uint64_t left) {
   solver::Limits limits;
-  limits.nodes = kNodesToCount;
+  limits.nodes = std::min(nodes, left);
+  return limits;
+}
+
+void take(std::uint64_t& left, const solver::Work& work) {
+  left -= std::min(left, work.nodes);
+}
+
+bool isUnique(const Generated& puzzle, std::uint64_t& left) {
+  solver::Limits limits = atMost(kNodesToCount, left);
   limits.solutions = 2;
   const solver::Work work = solver::countSolutions({puzzle.shape, piecesOf(puzzle.solution)},
                                                    solver::Counting::UpToSymmetry, limits);
+  take(left, work);
   return work.complete && work.solutions == 1;
 }
 
@@ -62,17 +74,17 @@ solver::TypeOrder randomOrder(std::mt19937_64& random) {
 }
 
 std::optional<Generated> generatePuzzle(const Wanted& wanted, std::mt19937_64& random,
-                                        std::uint64_t tries) {
-  solver::Limits limits;
-  limits.nodes = kNodesPerTry;
+                                        std::uint64_t tries, std::uint64_t& nodes) {
   const solver::PieceSet supply = solver::PieceSet::ofEach(1 + (wanted.pieces - 1) / PENTO::kTypes);
-  for (std::uint64_t i = 0; i < tries; ++i) {
+  for (std::uint64_t i = 0; i < tries && nodes > 0; ++i) {
     const std::optional<solver::Shape> shape = randomShape(wanted, random);
     if (!shape) continue;
-    const auto answer = solver::findSolution({*shape, supply}, limits, randomOrder(random));
+    const auto answer =
+        solver::findSolution({*shape, supply}, atMost(kNodesPerTry, nodes), randomOrder(random));
+    take(nodes, answer.work);
     if (!answer.solution) continue;
     const Generated puzzle{*shape, *answer.solution};
-    if (!wanted.unique || isUnique(puzzle)) return puzzle;
+    if (!wanted.unique || isUnique(puzzle, nodes)) return puzzle;
   }
   return std::nullopt;
 }

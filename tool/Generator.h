@@ -22,10 +22,10 @@ struct Generated {
 };
 
 /// Grows random shapes until one can be tiled by different pieces (from the thirteenth on, by two
-/// of a type) and is as wanted, at most `tries` times. The same random numbers give the same
-/// puzzle.
+/// of a type) and is as wanted, at most `tries` times and as long as `nodes` are left, from which
+/// those searched are taken. The same random numbers give the same puzzle.
 std::optional<Generated> generatePuzzle(const Wanted& wanted, std::mt19937_64& random,
-                                        std::uint64_t tries);
+                                        std::uint64_t tries, std::uint64_t& nodes);
 
 /// The twelve types in a random order.
 solver::TypeOrder randomOrder(std::mt19937_64& random);

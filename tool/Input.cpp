@@ -121,10 +121,13 @@ std::string objection(const solver::Shape& shape, const solver::PieceSet& supply
   return {};
 }
 
-solver::Limits limitsFrom(const Arguments& arguments, Environment& environment) {
+solver::Limits limitsFrom(const Arguments& arguments, Environment& environment,
+                          std::uint64_t otherwise) {
   solver::Limits limits;
-  limits.nodes = static_cast<std::uint64_t>(
-      arguments.number("limit", -1, 1, std::numeric_limits<long long>::max()));
+  limits.nodes = otherwise;
+  if (arguments.has("limit"))
+    limits.nodes = static_cast<std::uint64_t>(
+        arguments.number("limit", 1, 1, std::numeric_limits<long long>::max()));
   if (!arguments.has("quiet")) {
     limits.reportEvery = std::uint64_t{1} << 27;  // some seconds
     limits.progress = [&err = environment.err](const solver::Work& work) {
@@ -165,7 +168,7 @@ solver::Solution solutionOf(const Input& input, const solver::PieceSet& supply,
   if (answer.solution) return *answer.solution;
   const std::string pieces = pieceLetters(supply);
   if (!answer.work.complete)
-    throw Refusal("No tiling by " + pieces + " was found within the limit.");
+    throw Refusal("No tiling by " + pieces + " was found within the limit (--limit).");
   throw Refusal("The shape cannot be tiled by the pieces " + pieces + " (proved with " +
                 std::to_string(answer.work.nodes) + " nodes).");
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <limits>
+
 #include "solver/Solver.h"
 #include "tool/CommandLine.h"
 
@@ -32,8 +34,10 @@ solver::PieceSet supplyFor(const Input& input, const Arguments& arguments);
 /// Why the shape is no puzzle or cannot be solved with the supply; empty when it may be.
 std::string objection(const solver::Shape& shape, const solver::PieceSet& supply);
 
+inline constexpr std::uint64_t kUnlimited = std::numeric_limits<std::uint64_t>::max();
 /// Limits from --limit, with a line of progress on `err` now and then.
-solver::Limits limitsFrom(const Arguments& arguments, Environment& environment);
+solver::Limits limitsFrom(const Arguments& arguments, Environment& environment,
+                          std::uint64_t otherwise = kUnlimited);
 
 /// A tiling of the input that keeps to the letters drawn.
 solver::Answer solve(const Input& input, const solver::PieceSet& supply,

@@ -11,6 +11,8 @@ namespace puzzle {
 
 namespace {
 
+constexpr const char* kLimitReached = "The limit was reached.\n";
+
 /// Tells on `err` how long something took, when it ends.
 class Stopwatch {
  public:
@@ -36,14 +38,14 @@ int solveAll(const Input& input, const solver::PieceSet& supply, const Arguments
   solver::Deliver deliver;
   if (arguments.has("all"))
     deliver = [&](const solver::Solution& solution) {
-      environment.out << picture(input.shape, solution) << "\n";
-      return true;
+      environment.out << picture(input.shape, solution) << "\n" << std::flush;
+      return environment.out.good();
     };
   const solver::Work work = solver::forEachSolution({input.shape, supply}, counting, deliver,
                                                     limitsFrom(arguments, environment));
   environment.out << (work.complete ? "" : "at least ") << work.solutions << " solutions, "
                   << work.nodes << " nodes\n";
-  if (!work.complete) environment.err << "The limit was reached.\n";
+  if (!work.complete) environment.err << kLimitReached;
   return work.solutions > 0 ? kDone : kNo;
 }
 
@@ -69,17 +71,20 @@ int proveCommand(const Arguments& arguments, Environment& environment) {
   environment.out << "| puzzle | pieces | solutions | nodes |\n|---|---|---|---|\n";
   for (const std::string& file : arguments.positional) {
     const Input input = readInput(file, environment);
+    const solver::Limits limits = limitsFrom(arguments, environment);
     const solver::PieceSet supply =
-        input.supply ? *input.supply : piecesOf(solutionOf(input, supplyFor(input, arguments), {}));
-    const solver::Work work =
-        solver::countSolutions({input.shape, supply}, solver::Counting::UpToSymmetry,
-                               limitsFrom(arguments, environment), solver::Strategy::Scan);
+        input.supply ? *input.supply
+                     : piecesOf(solutionOf(input, supplyFor(input, arguments), limits));
+    const solver::Work work = solver::countSolutions(
+        {input.shape, supply}, solver::Counting::UpToSymmetry, limits, solver::Strategy::Scan);
+    if (!work.complete) environment.err << input.name << ": " << kLimitReached;
     const char* atLeast = work.complete ? "" : "≥ ";
     environment.out << "| " << input.name << " | " << supply.total() << " " << pieceLetters(supply)
                     << " | " << atLeast << work.solutions << " | " << atLeast << work.nodes
                     << " |\n"
                     << std::flush;
     if (work.solutions == 0) result = kNo;
+    if (!environment.out) break;
   }
   return result;
 }

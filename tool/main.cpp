@@ -9,8 +9,5 @@ int main(int argc, char** argv) {
   puzzle::Environment environment{
       std::cin, std::cout, std::cerr,
       (none ? std::filesystem::absolute(argv[0]) : program).parent_path()};
-  const int result = puzzle::run({argv + 1, argv + argc}, environment);
-  if (std::cout.flush()) return result;
-  std::cerr << "quinzolith-puzzle: The output cannot be written.\n";
-  return puzzle::kNo;
+  return puzzle::run({argv + 1, argv + argc}, environment);
 }

@@ -14,6 +14,12 @@ namespace fs = std::filesystem;
 
 namespace {
 
+std::string boxOf(std::size_t width, int height, char cell) {
+  std::string rows;
+  for (int row = 0; row < height; ++row) rows += std::string(width, cell) + "\n";
+  return rows;
+}
+
 constexpr const char* kHolder = "title: Holder\npieces: LPWY\n\n#####\n#####\n#####\n#####\n";
 
 /// Runs the tool in-process, its files in a folder of the test's own.
@@ -107,6 +113,46 @@ TEST_F(PuzzleTool, ReadsNoMoreThanADrawingOrAPuzzleCanBe) {
               std::string::npos)
         << err_;
     EXPECT_EQ(run({"check", name}), puzzle::kNo);
+  }
+}
+
+TEST_F(PuzzleTool, EndsAtOnceWhenItsOutputCannotBeWritten) {
+  // Seen: the search went on behind a full disk. All solutions of this box take longer than a life.
+  std::istringstream in("\n" + boxOf(20, 20, '#'));
+  std::ofstream full("/dev/full");
+  std::ostringstream err;
+  puzzle::Environment environment{in, full, err, QUINZOLITH_SOURCE_DIR};
+  EXPECT_EQ(puzzle::run({"solve", "--all", "--repeats", "-"}, environment), puzzle::kNo);
+  EXPECT_NE(err.str().find("The output cannot be written."), std::string::npos) << err.str();
+}
+
+TEST_F(PuzzleTool, RefusesAPictureThatIsTooLargeBeforeItIsMade) {
+  putBytes(path("large.txt"), "\n" + boxOf(1000, 998, '#'));
+  EXPECT_EQ(run({"render", path("large.txt"), path("large.png")}), puzzle::kNo);
+  EXPECT_NE(err_.find("901 million pixels; the largest tile that will do is --tile=8."),
+            std::string::npos)
+      << err_;
+  EXPECT_FALSE(fs::exists(path("large.png")));
+  putBytes(path("box.txt"), "\n" + boxOf(40, 30, '#'));
+  EXPECT_EQ(run({"render", "--tile=7", path("box.txt"), path("box.png")}), puzzle::kDone) << err_;
+  EXPECT_EQ(QImage(QString::fromStdString(path("box.png"))).size(), QSize(280, 210));
+}
+
+TEST_F(PuzzleTool, EverySearchEndsAtItsLimitAndSaysSo) {
+  const std::string lettered = boxOf(23, 15, 'P'), box = "\n" + boxOf(20, 20, '#');
+  putBytes(path("letters"), lettered);
+  putBytes(path("box"), box);
+  for (const std::vector<std::string>& words :
+       std::vector<std::vector<std::string>>{{"show", path("letters")},
+                                             {"render", path("letters"), path("picture.png")},
+                                             {"solve", "--repeats", path("box")},
+                                             {"solve", "--count", "--repeats", path("box")},
+                                             {"prove", path("box")},
+                                             {"generate", "--unique", "--number=12"}}) {
+    std::vector<std::string> limited = words;
+    limited.insert(limited.begin() + 1, "--limit=50");
+    EXPECT_EQ(run(limited), puzzle::kNo) << words[0];
+    EXPECT_NE(err_.find("limit"), std::string::npos) << words[0] << err_;
   }
 }
 
