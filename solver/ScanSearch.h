@@ -90,7 +90,8 @@ bool ScanSearch<Bits, Left>::run(int goal, WorkMeter& meter, Found&& found) {
     const Left left = next->left;
     const int from = next->position;
     const unsigned pieces = next->pieces;
-    if (pieces > 0) steps_[pieces - 1].orientation = next->orientation;
+    const std::uint16_t own = next->orientation;
+    if (pieces > 0) steps_[pieces - 1].orientation = own;
     steps_[pieces].position = from;
     for (OrientationSet candidates = next->candidates; candidates != 0;
          candidates &= candidates - 1) {
@@ -100,9 +101,14 @@ bool ScanSearch<Bits, Left>::run(int goal, WorkMeter& meter, Found&& found) {
       layout.advance(window, position);
       if (position >= goal) {
         steps_[pieces].orientation = orientation;
-        if (!meter.node() || !found(std::span(steps_.data(), pieces + 1), window, position))
-          return false;
-        continue;
+        const bool goesOn = meter.node();
+        if (!found(std::span(steps_.data(), pieces + 1), window, position)) return false;
+        if (goesOn) continue;
+        // Interrupted in the middle of a state, which then waits with what is left of it.
+        *next++ = {base, candidates & (candidates - 1), left, from,
+                   static_cast<std::uint16_t>(pieces), own};
+        size_ += static_cast<std::size_t>(next - place);
+        return false;
       }
       const Left rest = left.without(orientation, tables);
       const OrientationSet fitting = tables.fitting(window) & rest.allowed();
@@ -114,7 +120,7 @@ bool ScanSearch<Bits, Left>::run(int goal, WorkMeter& meter, Found&& found) {
       next->orientation = static_cast<std::uint16_t>(orientation);
       next += static_cast<int>(fitting != 0) & static_cast<int>(!tables.hasIsolatedCell(window));
     }
-    siblings_[pieces + 1] = next - place;
+    siblings_[pieces + 1] = std::max<std::int64_t>(1, next - place);
     size_ += static_cast<std::size_t>(next - place);
     if (pieces > 0 && !meter.node()) return false;
   }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <functional>
 #include <limits>
@@ -30,6 +31,12 @@ class WorkMeter {
 
   /// Counts a node. False when the search is to end.
   bool node() { return ++work.nodes < pause_ || pauseHere(); }
+  /// Lets node() return false after so many more nodes without marking the search as ended;
+  /// Limits::kNone for never.
+  void interruptAfter(std::uint64_t nodes) {
+    interruptAt_ = nodes == Limits::kNone ? nodes : work.nodes + nodes;
+    setPause();
+  }
   /// Counts solutions. False when these were enough.
   bool solutions(std::uint64_t count) {
     work.solutions += count;
@@ -43,19 +50,20 @@ class WorkMeter {
 
  private:
   void setPause() {
-    pause_ = limits_.nodes;
-    if (limits_.progress && limits_.nodes - work.nodes > limits_.reportEvery)
+    pause_ = std::min(limits_.nodes, interruptAt_);
+    if (limits_.progress && pause_ - work.nodes > limits_.reportEvery)
       pause_ = work.nodes + limits_.reportEvery;
   }
   bool pauseHere() {
     if (work.nodes >= limits_.nodes) return stop();
+    if (work.nodes >= interruptAt_) return false;
     limits_.progress(work);
     setPause();
     return true;
   }
 
   const Limits& limits_;
-  std::uint64_t pause_ = 0;
+  std::uint64_t pause_ = 0, interruptAt_ = Limits::kNone;
 };
 
 }  // namespace solver

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "solver/Scan.h"
 #include "tests/solver/BruteForce.h"
 
 namespace solver {
@@ -140,6 +141,22 @@ TEST(Solver, CountsTheSameWithAndWithoutDelivering) {
       EXPECT_EQ(delivered.solutions, counted.solutions);
       EXPECT_EQ(delivered.nodes, counted.nodes) << "two runs, two amounts of work";
     }
+}
+
+TEST(Solver, GoesOnWhereItWasInterrupted) {
+  const Scan<Bits64> scan(Shape::rectangle(6, 5));
+  for (const std::uint64_t turn : {1, 2, 7, 50}) {
+    ScanSearch<Bits64, OneEach> search(scan.tables, scan.layout, PieceSet::ofEach(1));
+    const Limits none;
+    WorkMeter meter(none);
+    bool done = false;
+    while (!done) {
+      meter.interruptAfter(turn);
+      done = search.run(scan.layout.end(), meter, [&](auto&&...) { return meter.solutions(1); });
+    }
+    EXPECT_TRUE(meter.work.solutions == 2164) << turn;
+    EXPECT_TRUE(meter.work.complete);
+  }
 }
 
 TEST(Solver, SolvesWideShapesWithManyPiecesOfAType) {
