@@ -2,9 +2,12 @@
 
 #include <QEvent>
 
+#include "board/PENTOWINDOW.h"
+#include "platform/Form.h"
 #include "platform/Pointer.h"
 
-Hand::Hand(QWidget& window) : QObject(&window), window_(window) {
+Hand::Hand(QWidget& window)
+    : QObject(&window), window_(window), keys_(window), mark_(new HandMark(&window)) {
   setObjectName("hand");
   window.installEventFilter(this);
 }
@@ -29,6 +32,25 @@ void Hand::holds(const QWidget* control, bool piece) {
     window_.setCursor(Qt::ClosedHandCursor);
   else
     window_.unsetCursor();
+}
+
+void Hand::put(const QPointF& global) {
+  Pointer::insist(global, window_);
+}
+
+bool Hand::keyPressed(const QKeyEvent& event) {
+  if (!keys_.press(event)) return false;
+  if (!Form::Unloaded(&window_)) showMark();
+  return true;
+}
+
+void Hand::showMark() {
+  if (const PENTOWINDOW* control = keys_.underHand())
+    mark_->showAt(Pointer::position(), control->TileWidth() / control->devicePixelRatioF());
+}
+
+void Hand::pointerMoved() {
+  if (mark_->isVisible()) mark_->pointerMoved(Pointer::position());
 }
 
 bool Hand::eventFilter(QObject*, QEvent* event) {

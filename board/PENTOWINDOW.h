@@ -64,6 +64,21 @@ class PENTOWINDOW : public PointerSurface, public PuzzleTarget {
   void RemoveFloatingPento() override;
   bool fEasyMode = false;  ///< turning and mirroring ask first
 
+  // --- for keys and fingers ---
+  /// The cell that a left press would use: the one under the hand, or where the corner of the
+  /// floating piece would lie; of the grid's cells the nearest.
+  QPoint CellOfHand() const;
+  /// The nearest cell that the hand, with the floating piece, can be put to.
+  QPoint NearestCellForHand(const QPoint& cell) const;
+  void HandToCell(const QPoint& cell);
+  void PressAtHand();               ///< a left press where the hand is
+  void TurnQuarters(int quarters);  ///< turns the floating piece clockwise; easy mode asks once
+  /// Lays the floating piece down with its corner in a cell. False where it does not fit.
+  bool LayDownAt(const QPoint& cell);
+  /// Lays the floating piece, as it lay, where it was picked up, else at the nearest free place of
+  /// the tray. A piece that was never picked up is thrown away where there is no tray.
+  void TakeBack(PENTOWINDOW* tray);
+
   // --- stored properties ---
   QImage BlockTexture() const { return atlas_.picture(); }
   void BlockTexture(const QImage& picture);
@@ -96,6 +111,7 @@ class PENTOWINDOW : public PointerSurface, public PuzzleTarget {
   void moveEvent(QMoveEvent* event) override;
   void showEvent(QShowEvent* event) override;
   void hideEvent(QHideEvent* event) override;
+  bool eventFilter(QObject* object, QEvent* event) override;  // of the key box
 
  private:
   enum class CursorShape { Default, Hand, Clear };
@@ -133,7 +149,7 @@ class PENTOWINDOW : public PointerSurface, public PuzzleTarget {
   void hover(double x, double y);
   void pickUp(double x, double y);
   void layDown(double x, double y);
-  void turn();
+  bool turn();
   void mirrorThroughKeyBox();
   bool easyModeAllows(const char* question);
   void showRefusal();

@@ -49,6 +49,7 @@ void PENTOWINDOW::hover(double x, double y) {
 
 void PENTOWINDOW::pctFore_MouseMove(double x, double y) {
   pace_.rest(false);
+  hand().pointerMoved();
   hover(x, y);
   if (!windowIsActive()) {
     HideFloatingPento();
@@ -71,6 +72,7 @@ void PENTOWINDOW::pctFore_MouseMove(double x, double y) {
 /// Over the margin round the surface.
 void PENTOWINDOW::pointerMove(const QPointF&) {
   pace_.rest(false);
+  hand().pointerMoved();
   if (!windowIsActive()) {
     HideFloatingPento();
     return;
@@ -110,6 +112,7 @@ void PENTOWINDOW::pickUp(double x, double y) {
   FloatingPento(P);
   grabCentre();
   if (Pickup_) grid_->RemovePento(column, row);
+  hand().tookFrom({P, this, {P->X(), P->Y()}, P->RotationCount, P->FlipCount});
   placeCursor(s * P->Width() / 2.0 + s * P->X(), s * P->Height() / 2.0 + s * P->Y());
 }
 
@@ -129,10 +132,12 @@ bool PENTOWINDOW::easyModeAllows(const char* question) {
   return fFloating_;
 }
 
-void PENTOWINDOW::turn() {
-  if (!easyModeAllows(kAskRotate)) return;
+/// False when the player thought better of it.
+bool PENTOWINDOW::turn() {
+  if (!easyModeAllows(kAskRotate)) return false;
   FloatingPento_->Rotate();
   if (!RecenterGrab()) redrawFloating();
+  return true;
 }
 
 void PENTOWINDOW::mirrorThroughKeyBox() {
@@ -157,16 +162,9 @@ void PENTOWINDOW::layDown(double x, double y) {
   const int s = atlas_.tileWidth();
   const int column = nearest(x - GrabX_ + s / 2.0) / s;
   const int row = nearest(y - GrabY_ + s / 2.0) / s;
-  if (!grid_->AddPento(FloatingPento_, column, row)) {
-    raise(DropError);
-    if (!Form::Unloaded(this)) showRefusal();
-    return;
-  }
-  floats(false);
-  raise(Drop);
-  if (Form::Unloaded(this)) return;
-  showCursor(CursorShape::Default);
-  pctFore_Paint();
+  if (LayDownAt({column, row})) return;
+  raise(DropError);
+  if (!Form::Unloaded(this)) showRefusal();
 }
 
 /// Heard where there is sound, it can be seen everywhere.

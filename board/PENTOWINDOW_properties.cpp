@@ -39,6 +39,7 @@ PENTOWINDOW::PENTOWINDOW(QWidget* parent)
   pctFore_->MouseDown = [this](Button b, double x, double y) { pctFore_MouseDown(b, x, y); };
   pctFore_->DblClick = [this](Button) { pctFore_DblClick(); };
   QObject::connect(txtKey_, &QLineEdit::textChanged, this, [this] { txtKey_Change(); });
+  txtKey_->installEventFilter(this);
   setFocusProxy(txtKey_);
 }
 

@@ -4,6 +4,7 @@
 #include <QCursor>
 #include <QElapsedTimer>
 #include <QMouseEvent>
+#include <optional>
 
 #include "platform/FollowingMove.h"
 
@@ -11,6 +12,7 @@ namespace Pointer {
 
 namespace {
 
+constexpr double kReached = 1.5;         // logical pixels; the server rounds both coordinates
 constexpr qint64 kSameMoment = 500'000;  // nanoseconds in which two questions get one answer
 
 /// Remembers what events told of the pointer.
@@ -36,7 +38,10 @@ class Listener : public QObject {
     return false;
   }
 
+  void keep(const QPointF& position) { kept_ = position; }
+
   QPointF position() {
+    if (kept_) return *kept_;
     const qint64 now = server.nanoseconds();
     if (known_ || (asked_ >= 0 && now - asked_ < kSameMoment)) return last_;
     asked_ = now;
@@ -45,6 +50,7 @@ class Listener : public QObject {
   }
 
   void forget() {
+    kept_.reset();
     known_ = false;
     asked_ = -1;
   }
@@ -58,9 +64,11 @@ class Listener : public QObject {
     if (position != last_) lastMove_ = server.nanoseconds();
     last_ = position;
     known_ = true;
+    kept_.reset();
   }
 
   QPointF last_;
+  std::optional<QPointF> kept_;
   bool known_ = false;
   qint64 asked_ = -1;
   qint64 lastMove_ = -1'000'000'000;
@@ -101,6 +109,11 @@ void place(const QPointF& wanted, QWidget& window) {
     forget();
   }
   moveFollows(window);
+}
+
+void insist(const QPointF& wanted, QWidget& window) {
+  place(wanted, window);
+  if (listener && (server.position() - wanted).manhattanLength() > kReached) listener->keep(wanted);
 }
 
 void moveFollows(QWidget& window) {

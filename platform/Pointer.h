@@ -28,6 +28,10 @@ QPointF position();
 /// place where the pointer then is, whether or not the server placed it or tells of a move.
 void place(const QPointF& position, QWidget& window);
 
+/// As place; but where the server does not put the pointer there, the program takes it to be there
+/// until it hears of a motion.
+void insist(const QPointF& position, QWidget& window);
+
 /// Lets a move follow as if the pointer had just come to where it is. The move is posted, never
 /// sent from inside; a move that the server tells of meanwhile takes its place, and so does a later
 /// one of ours. It goes to the PointerSurface under the pointer, if there is one and no dialog

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QKeyEvent>
+#include <QPoint>
+#include <QWidget>
+#include <vector>
+
+class PENTOWINDOW;
+
+/// The keys by which a window's hand is moved and used. All of it goes the roads of the mouse.
+///
+///   arrows          one cell of the board that the hand is over; beyond its edge, the board beside
+///   it Tab             the next piece of the tray; while a piece is carried, the next free cell of
+///   the
+///                   board. Shift+Tab goes back.
+///   Enter           as the left button
+///   Page Down, Up   turn clockwise, counter-clockwise
+///   Escape          takes the carried piece back, in place and orientation, to where it came from,
+///                   else to the nearest free place of the tray; a new piece is thrown away
+///
+/// Only arrows repeat when they are held.
+class HandKeys {
+ public:
+  explicit HandKeys(QWidget& window) : window_(window) {}
+
+  /// The board to which pieces belong, and the tray from which they come (null: there is none).
+  void serve(PENTOWINDOW& board, PENTOWINDOW* tray);
+
+  /// True when the key was one of these.
+  bool press(const QKeyEvent& event);
+  /// Moves the hand onto the board, where it is not there yet.
+  void toBoard();
+  /// The board control that the hand is over, or null.
+  PENTOWINDOW* underHand() const;
+
+ private:
+  PENTOWINDOW* carrying() const;
+  PENTOWINDOW* beside(const PENTOWINDOW& from, int direction) const;
+  void step(const QPoint& by);
+  void goTo(PENTOWINDOW& control, const QPoint& cell);
+  void next(int direction);
+  void nextOf(PENTOWINDOW& control, const std::vector<QPoint>& cells, int direction);
+  std::vector<PENTOWINDOW*> boards() const;
+
+  QWidget& window_;
+  PENTOWINDOW* board_ = nullptr;
+  PENTOWINDOW* tray_ = nullptr;
+};
