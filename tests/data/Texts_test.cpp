@@ -1,7 +1,6 @@
 // What readers are told in several places is what the tables of the program say.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <filesystem>
 #include <regex>
 #include <set>
@@ -43,6 +42,15 @@ TEST(Texts, NameEachCommandOfThePuzzleTool) {
   EXPECT_EQ(allOf(textOf("help/tool.html"), "<tr><td><code>([a-z]+)</code>"), names);
   const auto inReadme = allOf(textOf("README.md"), "`(?:quinzolith-puzzle )?([a-z]+)[^`]*`");
   for (const std::string& name : names) EXPECT_TRUE(inReadme.count(name)) << "README: " << name;
+}
+
+TEST(Texts, GiveTheFiguresOfEachTune) {
+  std::multiset<std::string> tunes;
+  for (const char* set : {"Correct", "Wrong", "Song"})
+    for (const auto& file : std::filesystem::directory_iterator(
+             std::filesystem::path(QUINZOLITH_SOURCE_DIR) / "tunes" / set))
+      tunes.insert(std::string(set) + '/' + file.path().stem().string());
+  EXPECT_EQ(allOf(textOf("docs/tunes.md"), "\n\\| ([A-Z][a-z]+/[^ ]+) \\|"), tunes);
 }
 
 }  // namespace
