@@ -1,8 +1,8 @@
 // What readers are told in several places is what the tables of the program say.
 #include <gtest/gtest.h>
 
+#include <QRegularExpression>
 #include <filesystem>
-#include <regex>
 #include <set>
 #include <string>
 
@@ -18,10 +18,10 @@ std::string textOf(const char* file) {
 
 /// What the first group of a pattern matches, from each match in a text.
 std::multiset<std::string> allOf(const std::string& text, const char* pattern) {
-  const std::regex expression(pattern);
   std::multiset<std::string> found;
-  for (std::sregex_iterator match(text.begin(), text.end(), expression), end; match != end; ++match)
-    found.insert((*match)[1]);
+  const QRegularExpression expression(pattern);
+  for (auto matches = expression.globalMatch(QString::fromStdString(text)); matches.hasNext();)
+    found.insert(matches.next().captured(1).toStdString());
   return found;
 }
 
