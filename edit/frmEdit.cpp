@@ -1,39 +1,17 @@
 #include "edit/frmEdit.h"
 
-#include <QFileInfo>
-#include <QStandardPaths>
-
 #include "board/BoardLayout.h"
 #include "model/PuzzleFormat.h"
 #include "model/basTiles.h"
-#include "platform/Program.h"
+#include "services/PuzzleDialog.h"
 
 namespace fs = std::filesystem;
 
-namespace {
-
-Form::Design design() {
-  Form::Design d;
-  d.title = "Quinzolith - Edit Mode";
-  d.client = QSizeF(9108, 6516);
-  d.back = QColor(192, 192, 255);
-  return d;
-}
-
-/// Where puzzles are saved: the user's puzzle folder, or the user's documents where there is none
-/// or nothing may be written.
-fs::path startFolder() {
-  const QFileInfo folder(QString::fromStdU16String(Program::UserPath.u16string()));
-  if (folder.isDir() && folder.isWritable()) return Program::UserPath;
-  return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation).toStdU16String();
-}
-
-}  // namespace
-
-frmEdit::frmEdit() : Form(design()) {
-  cdlgOpen_.title = "Open Puzzle";
-  cdlgOpen_.filterName = "Pentomino Puzzles (*.qzl)";
-  cdlgOpen_.defaultExtension = "qzl";
+frmEdit::frmEdit()
+    : Form({.title = "Quinzolith - Edit Mode",
+            .client = {9108, 6516},
+            .back = {192, 192, 255}}),
+      cdlgOpen_(puzzleDialog()) {
   cdlgOpen_.overwritePrompt = true;
 }
 
@@ -61,7 +39,7 @@ void frmEdit::Form_Activate() {
   if (SetChooserEdit) SetChooserEdit(true);
   fFileChanged = false;
   mnuFileNew_Click();
-  cdlgOpen_.folder = startFolder();
+  cdlgOpen_.folder = puzzleFolder();
 }
 
 void frmEdit::Form_Unload(bool& Cancel) {
@@ -80,4 +58,5 @@ void frmEdit::cmdPento_Click(std::int16_t Index) {
   const auto piece = std::make_shared<PENTO>();
   piece->PentoType(Index);
   Grid->FloatingPento(piece);
+  hint_.begin(*Grid);
 }

@@ -7,6 +7,7 @@
 #include <functional>
 #include <optional>
 
+#include "board/CarryHint.h"
 #include "board/PENTOWINDOW.h"
 #include "edit/KSRecent.h"
 #include "model/PENTOGRID.h"
@@ -77,5 +78,6 @@ class frmEdit : public Form, private RecentMenu {
   bool fActivated_ = false;
   Dialogs::FileDialog cdlgOpen_;
   QPointer<QFrame> fraCover_;
+  CarryHint hint_;
   std::array<QPointer<QAction>, kRecentFiles + 1> mnuFileRecent_;
 };

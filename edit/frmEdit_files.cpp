@@ -40,6 +40,7 @@ void frmEdit::mnuFileRecent_Click(std::int16_t Index) {
 
 void frmEdit::open(const fs::path& file) {
   if (!Loaded()) return;
+  hint_.end();
   if (!basTiles::LoadPuzzle(file, true)) {
     Dialogs::message(basTiles::LastFileError, Dialogs::Icon::None);
     basTiles::CurrentFileName.clear();

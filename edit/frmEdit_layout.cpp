@@ -23,8 +23,14 @@ void frmEdit::BuildControls() {
   buildPieceButtons();
   buildShiftButtons();
   Grid = BoardLayout::newControl(Client(), "Grid", "Board");
-  Grid->Float = [this](PentoRef&) { fFileChanged = true; };
-  Grid->Drop = [this] { fFileChanged = true; };
+  Grid->Float = [this](PentoRef&) {
+    fFileChanged = true;
+    hint_.begin(*Grid);
+  };
+  Grid->Drop = [this] {
+    fFileChanged = true;
+    hint_.end();
+  };
   Grid->setFocus();
   fraCover_ = BoardLayout::newCover(Client());
   buildFileMenu();
@@ -63,8 +69,10 @@ void frmEdit::buildShiftButtons() {
       [this] { Grid->MoveRight(); });
   add("cmdDown", "arrow-down", "Shift down", "Move all pieces down", {840, 4260},
       [this] { Grid->MoveDown(); });
-  add("cmdTrash", "trash", "Throw away", "Throw the floating piece away", {2760, 3960},
-      [this] { Grid->RemoveFloatingPento(); });
+  add("cmdTrash", "trash", "Throw away", "Throw the floating piece away", {2760, 3960}, [this] {
+    Grid->RemoveFloatingPento();
+    hint_.end();
+  });
 }
 
 void frmEdit::Form_Resize() {
@@ -72,6 +80,7 @@ void frmEdit::Form_Resize() {
   if (Minimized()) return;
   Client()->setMinimumSize(Twips::toPixels(kSmallest, *Client()));
   layOutBoard();
+  hint_.place(*Grid);
   if (!fActivated_ && Program::ColorDepth == Program::kPaletteDepth) Grid->BackTexture(QImage());
   fraCover_->hide();
 }

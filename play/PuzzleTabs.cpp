@@ -9,9 +9,6 @@
 
 namespace {
 
-constexpr QRgb kMask = qRgb(192, 192, 192);
-constexpr QSize kIconSize(32, 32);
-constexpr QSize kEntrySize(72, 66);
 constexpr int kTabPadding = 12;  // both sides together; the style's is too wide for five tabs
 
 /// Tabs with less room beside their captions. Of a known style: one that a desktop's theme wraps
@@ -25,17 +22,6 @@ class TightTabs : public QProxyStyle {
                                         : QProxyStyle::pixelMetric(metric, option, widget);
   }
 };
-
-QPixmap masked(QImage picture) {
-  if (picture.isNull()) return {};
-  picture = picture.convertToFormat(QImage::Format_ARGB32);
-  for (int y = 0; y < picture.height(); ++y) {
-    auto* line = reinterpret_cast<QRgb*>(picture.scanLine(y));
-    for (int x = 0; x < picture.width(); ++x)
-      if (line[x] == kMask) line[x] = 0;
-  }
-  return QPixmap::fromImage(picture);
-}
 
 }  // namespace
 
@@ -69,27 +55,4 @@ void PuzzleTabs::placeAll() {
     const QPoint page = placed.control->parentWidget()->mapTo(this, QPoint(0, 0));
     placed.control->setGeometry(Twips::toPixels(placed.twips, *this).translated(-page));
   }
-}
-
-QListWidget* newPuzzleList(QWidget* parent, const QString& name) {
-  auto* list = new QListWidget(parent);
-  list->setObjectName(name);
-  list->setFont(Form::ControlFont());
-  list->setViewMode(QListView::IconMode);
-  list->setMovement(QListView::Static);
-  list->setResizeMode(QListView::Adjust);
-  list->setIconSize(kIconSize);
-  list->setGridSize(kEntrySize);
-  list->setWordWrap(true);
-  list->setTextElideMode(Qt::ElideRight);
-  list->setSelectionMode(QAbstractItemView::SingleSelection);
-  list->setEditTriggers(QAbstractItemView::NoEditTriggers);
-  return list;
-}
-
-QIcon puzzleIcon(const QString& key) {
-  QIcon icon;
-  for (const double ratio : {1, 2})
-    icon.addPixmap(masked(densePicture("icons/" + key + ".png", ratio)));
-  return icon;
 }

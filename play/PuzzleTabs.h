@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QListWidget>
 #include <QTabWidget>
 #include <vector>
 
@@ -27,9 +26,3 @@ class PuzzleTabs : public QTabWidget {
 
   std::vector<Placed> placed_;
 };
-
-/// A list of puzzles as pictures of 32 x 32 with their titles below.
-QListWidget* newPuzzleList(QWidget* parent, const QString& name);
-
-/// The picture of a puzzle's icon key, its mask colour RGB(192, 192, 192) made transparent.
-QIcon puzzleIcon(const QString& key);

@@ -14,15 +14,6 @@
 
 namespace {
 
-Form::Design design() {
-  Form::Design d;
-  d.title = "Congratulations!";
-  d.border = Form::Border::FixedDialog;
-  d.client = QSizeF(5988, 4260);
-  d.back = QColor(192, 192, 255);
-  return d;
-}
-
 void addLine(QWidget* parent, double y, const QColor& colour) {
   auto* line = new QWidget(parent);
   line->setAutoFillBackground(true);
@@ -47,7 +38,12 @@ void addText(QWidget* parent, const char* name, const QString& text, double poin
 
 }  // namespace
 
-frmFinished::frmFinished(PlayWindows& windows) : Form(design()), windows_(windows) {}
+frmFinished::frmFinished(PlayWindows& windows)
+    : Form({.title = "Congratulations!",
+            .border = Border::FixedDialog,
+            .client = {5988, 4260},
+            .back = {192, 192, 255}}),
+      windows_(windows) {}
 
 void frmFinished::BuildControls() {
   buildPicture();

@@ -7,26 +7,16 @@
 #include "platform/Program.h"
 #include "play/frmFinished.h"
 #include "play/frmOpen.h"
+#include "services/PuzzleDialog.h"
 #include "services/basKelvoMusic.h"
 
-namespace {
-
-Form::Design design() {
-  Form::Design d;
-  d.title = Program::kTitle;
-  d.client = QSizeF(10044, 7500);
-  d.back = QColor(192, 192, 255);
-  d.maximized = true;
-  return d;
-}
-
-}  // namespace
-
-frmMain::frmMain(PlayWindows& windows) : Form(design()), windows_(windows) {
-  cdlgOpen_.title = "Open Puzzle";
-  cdlgOpen_.filterName = "Pentomino Puzzles (*.qzl)";
-  cdlgOpen_.defaultExtension = "qzl";
-}
+frmMain::frmMain(PlayWindows& windows)
+    : Form({.title = Program::kTitle,
+            .client = {10044, 7500},
+            .back = {192, 192, 255},
+            .maximized = true}),
+      windows_(windows),
+      cdlgOpen_(puzzleDialog()) {}
 
 frmMain::~frmMain() = default;
 
@@ -61,6 +51,7 @@ void frmMain::Form_Activate() {
   if (Program::ColorDepth < Program::kDeepColour) mnuView_->menuAction()->setVisible(false);
   basKelvoMusic::InitSound(*musicCorrect_, *musicWrong_, *musicSong_);
   if (!Loaded()) return;  // opening tunes lets events run
+  cdlgOpen_.folder = puzzleFolder();
   showSoundSwitch();
   basTiles::LoadPuzzle(Program::installationFolder() / "puzzles" / "rocket.qzl", false);
   basTiles::CurrentFileName.clear();
@@ -72,6 +63,7 @@ void frmMain::Form_Activate() {
 
 /// Opens the chooser, waits for it, and uncovers the boards unless it has closed this window.
 void frmMain::waitForChooser() {
+  hint_.end();
   fCancelLoad = false;
   windows_.Open->fEdit = false;
   windows_.Open->ShowModal(this);
@@ -96,17 +88,22 @@ void frmMain::connectBoards() {
 
 /// Lets a piece that is picked up in one control travel to the other.
 void frmMain::relay(PENTOWINDOW& from, PENTOWINDOW& to) {
-  from.Float = [&to](PentoRef& P) {
+  from.Float = [this, &to](PentoRef& P) {
     to.FloatingPento(P);
     to.HideFloatingPento();
+    hint_.begin(*Grid);
   };
   from.Capture = [&to] { to.HideFloatingPento(); };
   from.Uncapture = [&to] { to.ShowFloatingPento(); };
-  from.Drop = [&to] { to.RemoveFloatingPento(); };
+  from.Drop = [this, &to] {
+    to.RemoveFloatingPento();
+    hint_.end();
+  };
 }
 
 void frmMain::Grid_Drop() {
   PentoPanel->RemoveFloatingPento();
+  hint_.end();
   if (Grid->EmptyCount() != 0) return;
   Grid->PaintAll();
   basKelvoMusic::PlaySong();

@@ -6,6 +6,7 @@
 #include <QPointer>
 #include <memory>
 
+#include "board/CarryHint.h"
 #include "board/PENTOWINDOW.h"
 #include "model/PENTOGRID.h"
 #include "platform/Dialogs.h"
@@ -77,6 +78,7 @@ class frmMain : public Form {
 
   Dialogs::FileDialog cdlgOpen_;
   QPointer<QFrame> fraCover_;
+  CarryHint hint_;
   QPointer<QAction> mnuSoundOn_;
   QPointer<QAction> mnuSoundOff_;
   QPointer<QMenu> mnuView_;

@@ -18,6 +18,7 @@ void frmMain::Form_Resize() {
   showCover();
   layOutTray();
   layOutBoard();
+  hint_.place(*Grid);
   if (Program::ColorDepth == Program::kPaletteDepth) dropBackgrounds();
   if (fActivated_) fraCover_->hide();
 }

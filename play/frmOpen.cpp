@@ -1,6 +1,5 @@
 #include "play/frmOpen.h"
 
-#include <algorithm>
 #include <vector>
 
 #include "catalogue/Catalogue.h"
@@ -8,6 +7,7 @@
 #include "platform/Dialogs.h"
 #include "platform/Program.h"
 #include "play/Attempt.h"
+#include "play/UserPuzzles.h"
 #include "play/frmMain.h"
 #include "services/basHTMLHelp.h"
 
@@ -15,40 +15,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr int kKeyRole = Qt::UserRole;       // the entry's key
-constexpr int kFileRole = Qt::UserRole + 1;  // the real name of a user's puzzle
-
-QListWidgetItem* addEntry(QListWidget* list, const QString& key, const QString& title,
-                          const QIcon& icon) {
-  auto* entry = new QListWidgetItem(icon, title, list);
-  entry->setData(kKeyRole, key);
-  entry->setToolTip(title);
-  return entry;
-}
-
-QString text(const fs::path& path) {
-  return QString::fromStdString(path.string());
-}
-
-bool isPuzzleName(const fs::path& name) {
-  QString extension = text(name.extension());
-  return text(name.filename()).front() != '.' &&
-         extension.compare(".qzl", Qt::CaseInsensitive) == 0;
-}
-
-/// The ordinary .qzl files of a folder by name.
-std::vector<fs::path> puzzlesIn(const fs::path& folder) {
-  std::vector<fs::path> names;
-  for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
-    std::error_code unreadable;
-    if (isPuzzleName(entry.path()) && entry.is_regular_file(unreadable))
-      names.push_back(entry.path().filename());
-  }
-  std::sort(names.begin(), names.end(), [](const fs::path& a, const fs::path& b) {
-    return text(a).localeAwareCompare(text(b)) < 0;
-  });
-  return names;
-}
+constexpr const char* kExtension = ".qzl";
 
 }  // namespace
 
@@ -57,7 +24,6 @@ void frmOpen::Form_Load() {
   cmdOk_->setEnabled(!fEdit);
   attempt([this] { fillCatalogue(); });
   attempt([this] { fillUserPuzzles(); });
-  selectFirstEntries();
   lvwPuzzles_[kOther]->setVisible(lvwPuzzles_[kOther]->count() > 0);
   QObject::connect(tabGames_, &QTabWidget::currentChanged, tabGames_, [this] { tabGames_Click(); });
   tabGames_->setCurrentIndex(LastTab_);
@@ -65,22 +31,23 @@ void frmOpen::Form_Load() {
 }
 
 void frmOpen::fillCatalogue() {
+  std::array<std::vector<PuzzleEntry>, kTabs> puzzles;
   for (const Catalogue::Entry& entry : Catalogue::entries())
-    addEntry(lvwPuzzles_.at(static_cast<std::size_t>(entry.tab)), QString::fromUtf8(entry.key),
-             QString::fromUtf8(entry.title), puzzleIcon(QString::fromUtf8(entry.icon)));
+    puzzles.at(static_cast<std::size_t>(entry.tab))
+        .push_back({QString::fromUtf8(entry.key), QString::fromUtf8(entry.title),
+                    puzzleIcon(QString::fromUtf8(entry.icon)),
+                    std::string(entry.key) + kExtension});
+  for (std::size_t tab = 0; tab < kOther; ++tab) lvwPuzzles_[tab]->fill(std::move(puzzles[tab]));
 }
 
 void frmOpen::fillUserPuzzles() {
   const QIcon icon = puzzleIcon("pento");
+  std::vector<PuzzleEntry> puzzles;
   for (const fs::path& name : puzzlesIn(Program::UserPath)) {
-    const QString stem = text(name.stem());
-    addEntry(lvwPuzzles_[kOther], stem, stem, icon)
-        ->setData(kFileRole, QByteArray::fromStdString(name.string()));
+    const QString stem = QString::fromStdString(name.stem().string());
+    puzzles.push_back({stem, stem, icon, name});
   }
-}
-
-void frmOpen::selectFirstEntries() {
-  for (QListWidget* list : lvwPuzzles_) list->setCurrentRow(0);
+  lvwPuzzles_[kOther]->fill(std::move(puzzles));
 }
 
 void frmOpen::tabGames_Click() {
@@ -95,10 +62,8 @@ void frmOpen::setRandom() {
   basTiles::fRandomRotation = basTiles::fRandomFlip;
 }
 
-fs::path frmOpen::chosenFile(const QListWidgetItem& entry, int tab) const {
-  if (tab == kOther) return Program::UserPath / entry.data(kFileRole).toByteArray().toStdString();
-  return Program::installationFolder() / "puzzles" /
-         (entry.data(kKeyRole).toString().toStdString() + ".qzl");
+fs::path frmOpen::folderOf(int tab) {
+  return tab == kOther ? Program::UserPath : Program::installationFolder() / "puzzles";
 }
 
 void frmOpen::cmdOk_Click() {
@@ -106,13 +71,13 @@ void frmOpen::cmdOk_Click() {
   windows_.Main->Grid->fEasyMode = chkEasy_->isChecked();
   windows_.Main->PentoPanel->fEasyMode = chkEasy_->isChecked();
   const int tab = tabGames_->currentIndex();
-  const QListWidgetItem* entry = lvwPuzzles_.at(static_cast<std::size_t>(tab))->currentItem();
-  if (!entry) {
+  const PuzzleEntry* puzzle = lvwPuzzles_.at(static_cast<std::size_t>(tab))->selected();
+  if (!puzzle) {
     Dialogs::message("Please select a puzzle.", Dialogs::Icon::Exclamation);
     return;
   }
-  const std::string key = entry->data(kKeyRole).toString().toStdString();
-  if (basTiles::LoadPuzzle(chosenFile(*entry, tab), fEdit)) {
+  const std::string key = puzzle->key.toStdString();
+  if (basTiles::LoadPuzzle(folderOf(tab) / puzzle->file, fEdit)) {
     basTiles::CurrentFileName = key;
     Unload();
   } else {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QCheckBox>
-#include <QListWidget>
 #include <QPointer>
 #include <QPushButton>
 #include <array>
@@ -9,6 +8,7 @@
 
 #include "platform/Form.h"
 #include "play/PlayWindows.h"
+#include "play/PuzzleList.h"
 #include "play/PuzzleTabs.h"
 
 /// The dialog in which the player picks the next puzzle: one of the catalogue, one of the user's
@@ -35,7 +35,6 @@ class frmOpen : public Form {
                          void (frmOpen::*action)());
   void fillCatalogue();
   void fillUserPuzzles();
-  void selectFirstEntries();
   void tabGames_Click();
   void cmdOk_Click();
   void cmdBrowse_Click();
@@ -43,14 +42,14 @@ class frmOpen : public Form {
   void cmdCreate_Click();
   void cmdHelp_Click();
   void setRandom();
-  std::filesystem::path chosenFile(const QListWidgetItem& entry, int tab) const;
+  static std::filesystem::path folderOf(int tab);
 
   PlayWindows& windows_;
   bool fEasyChecked_ = false;
   std::int16_t LastTab_ = 0;
 
   QPointer<PuzzleTabs> tabGames_;
-  std::array<QPointer<QListWidget>, kTabs> lvwPuzzles_;
+  std::array<QPointer<PuzzleList>, kTabs> lvwPuzzles_;
   QPointer<QPushButton> cmdOk_;
   QPointer<QCheckBox> chkEasy_;
 };

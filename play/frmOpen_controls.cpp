@@ -1,18 +1,10 @@
 #include "platform/Twips.h"
 #include "play/frmOpen.h"
+#include "services/basHTMLHelp.h"
 
 namespace {
 
 constexpr const char* kTabNames[] = {"Novice", "Easy", "Intermediate", "Expert", "Other"};
-
-Form::Design design() {
-  Form::Design d;
-  d.title = "Select Quinzolith Puzzle";
-  d.border = Form::Border::FixedDialog;
-  d.client = QSizeF(5412, 3960);
-  d.back = QColor(228, 228, 240);
-  return d;
-}
 
 void addLine(QWidget* parent, double x, QPalette::ColorRole role) {
   auto* line = new QWidget(parent);
@@ -23,22 +15,28 @@ void addLine(QWidget* parent, double x, QPalette::ColorRole role) {
 
 }  // namespace
 
-frmOpen::frmOpen(PlayWindows& windows) : Form(design()), windows_(windows) {}
+frmOpen::frmOpen(PlayWindows& windows)
+    : Form({.title = "Select Quinzolith Puzzle",
+            .border = Border::FixedDialog,
+            .client = {5412, 3960},
+            .back = {228, 228, 240}}),
+      windows_(windows) {}
 
 void frmOpen::BuildControls() {
   buildTabs();
   addLine(Client(), 3960, QPalette::Dark);
   addLine(Client(), 3972, QPalette::Light);
   buildButtons();
+  basHTMLHelp::ShowHelpOnF1(*this, basHTMLHelp::Topic::Chooser);
 }
 
 void frmOpen::buildTabs() {
   tabGames_ = new PuzzleTabs(Client());
   for (int tab = 0; tab < kTabs; ++tab) {
     auto* page = new QWidget;
-    QListWidget* list = newPuzzleList(page, QString("lvwPuzzles%1").arg(tab));
+    auto* list = new PuzzleList(page, QString("lvwPuzzles%1").arg(tab));
     list->setAccessibleName(QString("%1 puzzles").arg(kTabNames[tab]));
-    QObject::connect(list, &QListWidget::itemDoubleClicked, list, [this] { cmdOk_Click(); });
+    QObject::connect(list, &PuzzleList::doubleClicked, list, [this] { cmdOk_Click(); });
     lvwPuzzles_.at(static_cast<std::size_t>(tab)) = list;
     if (tab == kOther) {
       auto* cmdCreate = new QPushButton("Create puzzles", page);

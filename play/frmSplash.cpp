@@ -15,19 +15,15 @@ namespace {
 
 constexpr double kLabelTop = 4140;  // twips
 
-Form::Design design() {
-  Form::Design d;
-  d.title = Program::kTitle;
-  d.border = Form::Border::FixedDialog;
-  d.client = QSizeF(7008, 4476);
-  d.back = QColor(192, 192, 255);
-  d.activation = Form::Activation::BeforePaint;
-  return d;
-}
-
 }  // namespace
 
-frmSplash::frmSplash(PlayWindows& windows) : Form(design()), windows_(windows) {}
+frmSplash::frmSplash(PlayWindows& windows)
+    : Form({.title = Program::kTitle,
+            .border = Border::FixedDialog,
+            .client = {7008, 4476},
+            .back = {192, 192, 255},
+            .activation = Activation::BeforePaint}),
+      windows_(windows) {}
 
 void frmSplash::BuildControls() {
   Image1_ = new QLabel(Client());

@@ -1,7 +1,6 @@
 #include "tour/Hands.h"
 #include "script/Script.h"
 
-#include <QListWidget>
 #include <QMenuBar>
 #include <QTabBar>
 #include <QTabWidget>
@@ -105,23 +104,26 @@ void Hands::pick(const Catalogue::Entry& puzzle, bool easy) {
   Script::waitFor("the tab", [&] { return tabs()->currentIndex() == tab; });
   const auto isEasy = [&] { return chooser.findChild<QAbstractButton*>("chkEasy")->isChecked(); };
   if (Script::onScreen(isEasy) != easy) clickOn(program_.open, "chkEasy");
-  clickOnEntry(*chooser.findChild<QListWidget*>(QString("lvwPuzzles%1").arg(tab)), puzzle);
+  auto* list = chooser.findChild<QListView*>(QString("lvwPuzzles%1").arg(tab));
+  clickOnEntry(dynamic_cast<PuzzleList&>(*list), puzzle);
   clickOn(program_.open, "cmdOk");
   waitClosed(program_.open);
   waitOpen(program_.main);
 }
 
-void Hands::clickOnEntry(QListWidget& list, const Catalogue::Entry& puzzle) {
+void Hands::clickOnEntry(PuzzleList& list, const Catalogue::Entry& puzzle) {
   const QString title = QString::fromUtf8(puzzle.title.data(), qsizetype(puzzle.title.size()));
   robot_.moveTo([&] {
-    QListWidgetItem* entry = list.findItems(title, Qt::MatchExactly).value(0);
-    list.scrollToItem(entry);
-    const QRectF place = list.visualItemRect(entry);
+    const QModelIndex first = list.model()->index(0, 0);
+    const QModelIndex entry =
+        list.model()->match(first, Qt::DisplayRole, title, 1, Qt::MatchExactly).value(0);
+    list.scrollTo(entry);
+    const QRectF place = list.visualRect(entry);
     return toDevice(list, list.viewport()->mapToGlobal(place.center()));
   });
   robot_.click();
   Script::waitFor("the entry to be chosen",
-                  [&] { return list.currentItem() && list.currentItem()->text() == title; });
+                  [&] { return list.selected() && list.selected()->title == title; });
 }
 
 std::vector<PuzzleFormat::PieceRecord> Hands::solution(const std::filesystem::path& file) {

@@ -52,7 +52,7 @@ class Hands {
   static PictureBox& surface(PENTOWINDOW& control);
 
  private:
-  void clickOnEntry(class QListWidget& list, const Catalogue::Entry& puzzle);
+  void clickOnEntry(class PuzzleList& list, const Catalogue::Entry& puzzle);
   QPointF overBoard(int column, int row) const;
   void orient(const PuzzleFormat::PieceRecord& record);
 

@@ -6,6 +6,22 @@ namespace {
 
 using Editor = EditorFixture;
 
+TEST_F(Editor, TheFirstPieceInTheAirIsToldAboutAndNoOther) {
+  inEditor([this] {
+    const auto told = [this] {
+      return Script::onScreen(
+          [this] { return edit().Window()->findChild<QLabel*>("lblCarryHint") != nullptr; });
+    };
+    EXPECT_FALSE(told());
+    click(edit(), "cmdPento3");
+    EXPECT_TRUE(visible(edit(), "lblCarryHint"));
+    click(edit(), "cmdTrash");
+    EXPECT_FALSE(told());
+    click(edit(), "cmdPento3");
+    EXPECT_FALSE(told());
+  });
+}
+
 TEST_F(Editor, PiecesAreLaidShiftedPickedUpAndThrownAway) {
   inEditor([this] {
     EXPECT_FALSE(changed());
@@ -149,6 +165,9 @@ TEST_F(Editor, WithFewColoursTheBackgroundGoesAndTheAboutBoxIsShownOverTheCover)
     EXPECT_TRUE(Script::onScreen([this] { return edit().Grid->BackTexture().isNull(); }));
     EXPECT_FALSE(visible(edit(), "fraCover"));
     openAbout(edit());
+    EXPECT_EQ(Script::onScreen(
+                  [this] { return control(program_->splash, "imgPlay")->toolTip().toStdString(); }),
+              "Back to the editor");
     EXPECT_TRUE(visible(edit(), "fraCover"));
     key(program_->splash, Qt::Key_Return);
     waitClosed(program_->splash);

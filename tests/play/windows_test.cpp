@@ -1,6 +1,8 @@
 // What the play window, the chooser and the others show and do.
 #include <QCheckBox>
+#include <QFileDialog>
 #include <QMenu>
+#include <QTabBar>
 
 #include <algorithm>
 
@@ -17,16 +19,24 @@ std::ptrdiff_t puzzlesOnTab(int tab) {
 
 class Windows : public PlayFixture {
  protected:
-  QListWidget* list(int tab) {
-    return qobject_cast<QListWidget*>(
+  PuzzleList* list(int tab) {
+    return dynamic_cast<PuzzleList*>(
         control(program_->open, qPrintable(QString("lvwPuzzles%1").arg(tab))));
+  }
+
+  QModelIndex entry(int tab, const QString& title) {
+    const QAbstractItemModel& model = *list(tab)->model();
+    return model.match(model.index(0, 0), Qt::DisplayRole, title, 1, Qt::MatchExactly).value(0);
+  }
+
+  void clickIn(int tab, const QPoint& at, Qt::KeyboardModifiers keys = {}) {
+    QTest::mouseClick(list(tab)->viewport(), Qt::LeftButton, keys, at);
   }
 
   void select(int tab, const QString& title) {
     Script::onScreen([&] {
-      const auto found = list(tab)->findItems(title, Qt::MatchExactly);
-      ASSERT_EQ(found.size(), 1) << title.toStdString();
-      list(tab)->setCurrentItem(found.first());
+      ASSERT_TRUE(entry(tab, title).isValid()) << title.toStdString();
+      list(tab)->setCurrentIndex(entry(tab, title));
     });
   }
 };
@@ -78,9 +88,9 @@ TEST_F(Windows, TheChooserListsTheCatalogueAndKeepsTabAndEasyMode) {
     Script::onScreen([this] {
       for (int tab = 0; tab < 4; ++tab) {
         EXPECT_EQ(list(tab)->count(), puzzlesOnTab(tab));
-        EXPECT_EQ(list(tab)->currentRow(), 0);
+        EXPECT_EQ(list(tab)->currentIndex().row(), 0);
       }
-      EXPECT_EQ(list(0)->item(1)->text(), "Tobin's Critter");
+      EXPECT_EQ(list(0)->model()->index(1, 0).data().toString(), "Tobin's Critter");
     });
     click(program_->open, "chkEasy");
     showTab(2);
@@ -139,8 +149,8 @@ TEST_F(Windows, UserPuzzlesAreListedUnderTheirRealNames) {
       showTab(4);
       select(4, title);
       Script::post([this] {
-        QListWidget* entries = list(4);
-        const QPoint middle = entries->visualItemRect(entries->currentItem()).center();
+        QListView* entries = list(4);
+        const QPoint middle = entries->visualRect(entries->currentIndex()).center();
         QTest::mouseClick(entries->viewport(), Qt::LeftButton, {}, middle);
         QTest::mouseDClick(entries->viewport(), Qt::LeftButton, {}, middle);
       });
@@ -148,6 +158,67 @@ TEST_F(Windows, UserPuzzlesAreListedUnderTheirRealNames) {
       EXPECT_EQ(Script::onScreen([] { return basTiles::CurrentFileName.string(); }), title);
       openChooser();
     }
+    escape(program_->open);
+    closeMain();
+  });
+}
+
+TEST_F(Windows, AListOfPuzzlesAlwaysHasOneSelectedAndLoadsThatOne) {
+  play([this] {
+    toPlay();
+    openChooser();
+    Script::onScreen([this] {
+      clickIn(0, list(0)->visualRect(entry(0, "Ten")).center());
+      clickIn(0, list(0)->viewport()->rect().bottomRight() - QPoint(2, 2));
+      clickIn(0, list(0)->visualRect(entry(0, "Ten")).center(), Qt::ControlModifier);
+      QTest::keyClick(list(0), Qt::Key_Space, Qt::ControlModifier);
+      EXPECT_EQ(list(0)->selectionModel()->selectedIndexes(), QModelIndexList{entry(0, "Ten")});
+    });
+    click(program_->open, "cmdOk");
+    waitClosed(program_->open);
+    EXPECT_EQ(Script::onScreen([] { return basTiles::CurrentPuzzleFile.filename(); }), "ten.qzl");
+    closeMain();
+  });
+}
+
+TEST_F(Windows, TheChooserShowsNamesAsTheyAreAndTabReachesTheListFirst) {
+  const std::string wicked = "<h1>\u202eBig\n<img src=&#47;dev&#47;zero>";
+  fs::create_directories(folder_ / "User");
+  writePuzzle(folder_ / "User" / (wicked + std::string(255 - wicked.size() - 4, 'W') + ".qzl"));
+  play([this] {
+    toPlay();
+    openChooser();
+    showTab(4);
+    Script::onScreen([this] {
+      const QModelIndex first = list(4)->model()->index(0, 0);
+      const QString tip = first.data(Qt::ToolTipRole).toString();
+      EXPECT_TRUE(tip.startsWith("<qt>&lt;h1&gt;\\u202EBig\\u000A&lt;img")) << tip.toStdString();
+      EXPECT_LE(list(4)->visualRect(first).width(), 100);
+      QTabBar* tabs = program_->open.Window()->findChild<QTabWidget*>()->tabBar();
+      tabs->setFocus();
+      QTest::keyClick(tabs, Qt::Key_Tab);
+      EXPECT_TRUE(list(4)->hasFocus());
+      QTest::keyClick(list(4), Qt::Key_Tab);
+      EXPECT_TRUE(control(program_->open, "cmdCreate")->hasFocus());
+    });
+    escape(program_->open);
+    closeMain();
+  });
+}
+
+TEST_F(Windows, BrowseStartsInTheUsersFolder) {
+  play([this] {
+    toPlay();
+    openChooser();
+    click(program_->open, "cmdBrowse");
+    const auto dialog = [] {
+      return qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+    };
+    Script::waitFor("the file dialog", [&] { return dialog() != nullptr; });
+    EXPECT_EQ(Script::onScreen([&] { return dialog()->directory().path().toStdString(); }),
+              (folder_ / "User").string());
+    Script::post([&] { dialog()->reject(); });
+    Script::waitFor("the chooser again", [&] { return !dialog(); });
     escape(program_->open);
     closeMain();
   });

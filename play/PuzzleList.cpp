@@ -1,0 +1,125 @@
+#include "play/PuzzleList.h"
+
+#include <QStyledItemDelegate>
+
+#include "platform/DensePicture.h"
+#include "platform/Form.h"
+#include "platform/PlainText.h"
+
+namespace {
+
+constexpr QRgb kMask = qRgb(192, 192, 192);
+constexpr QSize kIconSize(32, 32);
+constexpr QSize kEntrySize(72, 66);      // the least; columns share what room there is
+constexpr QMargins kAround(1, 4, 1, 0);  // of an entry's picture and title
+
+/// A picture over its title. Titles are file names: they are shown as they are, and what does not
+/// fit ends in dots.
+class PuzzleDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  QString displayText(const QVariant& value, const QLocale&) const override {
+    return PlainText::plain(value.toString());
+  }
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const override {
+    return static_cast<const QListView*>(option.widget)->gridSize();
+  }
+
+ protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    option->rect = option->rect.marginsRemoved(kAround);
+    option->decorationPosition = QStyleOptionViewItem::Top;
+    option->decorationAlignment = Qt::AlignCenter;
+    option->displayAlignment = Qt::AlignHCenter | Qt::AlignTop;
+  }
+};
+
+QPixmap masked(QImage picture) {
+  if (picture.isNull()) return {};
+  picture = picture.convertToFormat(QImage::Format_ARGB32);
+  for (int y = 0; y < picture.height(); ++y) {
+    auto* line = reinterpret_cast<QRgb*>(picture.scanLine(y));
+    for (int x = 0; x < picture.width(); ++x)
+      if (line[x] == kMask) line[x] = 0;
+  }
+  return QPixmap::fromImage(picture);
+}
+
+}  // namespace
+
+void PuzzleModel::fill(std::vector<PuzzleEntry> entries) {
+  beginResetModel();
+  entries_ = std::move(entries);
+  endResetModel();
+}
+
+const PuzzleEntry& PuzzleModel::entry(const QModelIndex& index) const {
+  return entries_.at(static_cast<std::size_t>(index.row()));
+}
+
+int PuzzleModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(entries_.size());
+}
+
+QVariant PuzzleModel::data(const QModelIndex& index, int role) const {
+  switch (role) {
+    case Qt::DisplayRole:
+      return entry(index).title;
+    case Qt::DecorationRole:
+      return entry(index).icon;
+    case Qt::ToolTipRole:
+      return PlainText::escaped(entry(index).title);
+    default:
+      return {};
+  }
+}
+
+PuzzleList::PuzzleList(QWidget* parent, const QString& name)
+    : QListView(parent), model_(new PuzzleModel(this)) {
+  setObjectName(name);
+  setFont(Form::ControlFont());
+  setModel(model_);
+  setItemDelegate(new PuzzleDelegate(this));
+  setFlow(LeftToRight);
+  setWrapping(true);
+  setResizeMode(Adjust);
+  setUniformItemSizes(true);
+  setVerticalScrollMode(ScrollPerPixel);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setIconSize(kIconSize);
+  setGridSize(kEntrySize);
+  setWordWrap(true);
+  setTextElideMode(Qt::ElideRight);
+  setSelectionMode(SingleSelection);
+  setEditTriggers(NoEditTriggers);
+}
+
+void PuzzleList::fill(std::vector<PuzzleEntry> entries) {
+  model_->fill(std::move(entries));
+  setCurrentIndex(model_->index(0));
+}
+
+const PuzzleEntry* PuzzleList::selected() const {
+  return currentIndex().isValid() ? &model_->entry(currentIndex()) : nullptr;
+}
+
+/// A click beside the entries, or with the Ctrl key, would leave none selected.
+QItemSelectionModel::SelectionFlags PuzzleList::selectionCommand(const QModelIndex& index,
+                                                                 const QEvent*) const {
+  return index.isValid() ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate;
+}
+
+void PuzzleList::resizeEvent(QResizeEvent* event) {
+  const int columns = std::max(1, viewport()->width() / kEntrySize.width());
+  setGridSize({viewport()->width() / columns, kEntrySize.height()});
+  QListView::resizeEvent(event);
+}
+
+QIcon puzzleIcon(const QString& key) {
+  QIcon icon;
+  for (const double ratio : {1, 2})
+    icon.addPixmap(masked(densePicture("icons/" + key + ".png", ratio)));
+  return icon;
+}
