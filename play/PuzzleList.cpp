@@ -33,6 +33,7 @@ class PuzzleDelegate : public QStyledItemDelegate {
     option->decorationPosition = QStyleOptionViewItem::Top;
     option->decorationAlignment = Qt::AlignCenter;
     option->displayAlignment = Qt::AlignHCenter | Qt::AlignTop;
+    option->showDecorationSelected = false;  // the title only; the picture is tinted
   }
 };
 
@@ -98,6 +99,7 @@ PuzzleList::PuzzleList(QWidget* parent, const QString& name)
 
 void PuzzleList::fill(std::vector<PuzzleEntry> entries) {
   model_->fill(std::move(entries));
+  shareWidth();
   setCurrentIndex(model_->index(0));
 }
 
@@ -112,9 +114,20 @@ QItemSelectionModel::SelectionFlags PuzzleList::selectionCommand(const QModelInd
 }
 
 void PuzzleList::resizeEvent(QResizeEvent* event) {
-  const int columns = std::max(1, viewport()->width() / kEntrySize.width());
-  setGridSize({viewport()->width() / columns, kEntrySize.height()});
+  shareWidth();
   QListView::resizeEvent(event);
+}
+
+/// The toolkit keeps room for a scroll bar even where there is none, unless there can be none.
+void PuzzleList::shareWidth() {
+  const int frames = 2 * frameWidth();
+  const QSize room = size() - QSize(frames + 1, frames);  // a row that fills it all is broken
+  const int columns = std::max(1, room.width() / kEntrySize.width());
+  const int rows = (count() + columns - 1) / columns;
+  const bool fits = rows * kEntrySize.height() <= room.height();
+  setVerticalScrollBarPolicy(fits ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAlwaysOn);
+  const int bar = fits ? 0 : style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+  setGridSize({(room.width() - bar) / columns, kEntrySize.height()});
 }
 
 QIcon puzzleIcon(const QString& key) {

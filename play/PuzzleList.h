@@ -48,6 +48,8 @@ class PuzzleList : public QListView {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  void shareWidth();
+
   PuzzleModel* model_;
 };
 
