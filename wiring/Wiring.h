@@ -1,7 +1,7 @@
 #pragma once
 
 #include "edit/frmEdit.h"
-#include "platform/HeldEnter.h"
+#include "platform/HeldKeys.h"
 #include "play/PlayWindows.h"
 #include "play/frmFinished.h"
 #include "play/frmMain.h"
@@ -27,5 +27,5 @@ class Wiring {
   frmEdit edit;
 
  private:
-  HeldEnter heldEnter_;
+  HeldKeys heldKeys_;
 };

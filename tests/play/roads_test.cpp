@@ -136,9 +136,16 @@ TEST_F(Roads, AHeldEnterPressesNothingASecondTime) {
     waitOpen(program_->splash);
     const auto held = [](Form& window) {
       Script::onScreen([&] {
-        QKeyEvent again(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r", true);
         QWidget* focus = window.Window()->focusWidget();
-        QApplication::sendEvent(focus ? focus : window.Window(), &again);
+        const auto send = [&](QEvent::Type type, bool marked, ulong at) {
+          if (!window.Loaded()) return;
+          QKeyEvent event(type, Qt::Key_Return, Qt::NoModifier, "\r", marked);
+          event.setTimestamp(at);
+          QApplication::sendEvent(focus ? focus : window.Window(), &event);
+        };
+        send(QEvent::KeyPress, true, 0);
+        send(QEvent::KeyRelease, false, 4711);  // seen on X: the toolkit marks some of them only
+        send(QEvent::KeyPress, false, 4711);
       });
     };
     held(program_->splash);
