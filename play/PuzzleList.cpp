@@ -10,8 +10,10 @@ namespace {
 
 constexpr QRgb kMask = qRgb(192, 192, 192);
 constexpr QSize kIconSize(32, 32);
-constexpr QSize kEntrySize(72, 66);      // the least; columns share what room there is
-constexpr QMargins kAround(1, 4, 1, 0);  // of an entry's picture and title
+constexpr QSize kEntrySize(72, 66);  // the least; columns share what room there is
+// Of an entry: the first row keeps off the frame; the style's margins round a title may lie over
+// the neighbours', so that "Christmas Tree" is one line.
+constexpr QMargins kAround(-1, 4, -1, 0);
 
 /// A picture over its title. Titles are file names: they are shown as they are, and what does not
 /// fit ends in dots.
@@ -111,6 +113,12 @@ const PuzzleEntry* PuzzleList::selected() const {
 QItemSelectionModel::SelectionFlags PuzzleList::selectionCommand(const QModelIndex& index,
                                                                  const QEvent*) const {
   return index.isValid() ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate;
+}
+
+/// Marked titles reach a little beyond their entries.
+void PuzzleList::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  QListView::currentChanged(current, previous);
+  viewport()->update();
 }
 
 void PuzzleList::resizeEvent(QResizeEvent* event) {
