@@ -17,6 +17,8 @@ namespace {
 
 constexpr QRgb kMask = qRgb(192, 192, 192);
 constexpr int kEdge = 32;
+constexpr int kLargestCell = 9;
+constexpr int kBoxCell = 3;  // of all boxes, so that a large one looks larger than a tiny one
 
 /// An icon's colours: one above and one below a height, which is a part of the shape's own.
 struct Tint {
@@ -28,6 +30,14 @@ Tint plain(const Lab& color) {
   return {color, color, 1};
 }
 
+bool isBox(const std::string& iconKey) {
+  return iconKey.ends_with("box");
+}
+
+bool isPentomino(const std::string& iconKey) {
+  return iconKey.starts_with("pento");
+}
+
 Tint tintOf(const std::string& iconKey) {
   static const std::map<std::string, Tint> tints{
       {"bluecircle", plain(lch(48, 58, 275))},
@@ -37,14 +47,14 @@ Tint tintOf(const std::string& iconKey) {
       {"smile", plain(lch(84, 70, 88))},
       {"coffee", plain(lch(42, 34, 58))},
       {"tinytriangle", plain(lch(62, 38, 190))},
-      {"tinybox", plain(lch(48, 48, 310))},
+      {"tinybox", plain(lch(60, 44, 70))},
       {"donut", plain(lch(65, 42, 0))},
       {"triangle", plain(lch(68, 60, 65))},
-      {"smallbox", plain(lch(56, 44, 165))},
+      {"smallbox", plain(lch(57, 42, 62))},
       {"arrow", plain(lch(52, 52, 265))},
       {"q", plain(lch(46, 56, 300))},
       {"o", plain(lch(52, 52, 345))},
-      {"largebox", plain(lch(55, 42, 62))},
+      {"largebox", plain(lch(50, 42, 54))},
       {"face", plain(lch(72, 36, 62))},
       {"rocket", plain(lch(50, 60, 30))},
       {"eight", plain(lch(36, 12, 280))},
@@ -57,7 +67,7 @@ Tint tintOf(const std::string& iconKey) {
       {"pento", plain(lch(46, 52, 290))}};
   const auto found = tints.find(iconKey);
   if (found != tints.end()) return found->second;
-  if (iconKey.starts_with("pento"))
+  if (isPentomino(iconKey))
     return plain(meanColor(std::stoi(iconKey.substr(5)) - 1));  // "pento01" is of type 0
   return plain(lch(52, 50, 265));
 }
@@ -80,14 +90,22 @@ Cells shapeOf(const std::string& iconKey, const std::filesystem::path& puzzles) 
   return drawnIn(puzzles / (entry->puzzle + ".txt"));
 }
 
-/// A shape on an icon's pixels, and how each of them is lit. Edges are hard, for the mask.
+/// A shape on an icon's pixels, and how each of them is lit. Edges are hard, for the mask. A
+/// pentomino shows its five squares, whatever their size, and a box the tape that closes it; what
+/// else there is, is plain, since the cells of most shapes are too small for lines between them.
 class Relief {
  public:
-  Relief(const Cells& cells, int scale)
-      : cells_(cells), box_(bounds(cells)), line_(scale), edge_(kEdge * scale) {
-    constexpr int kLargestCell = 9;
-    cell_ =
-        std::min(kLargestCell * scale, (edge_ - 2 * line_) / std::max(box_.width(), box_.height()));
+  Relief(const std::string& iconKey, const Cells& cells, int scale)
+      : cells_(cells),
+        box_(bounds(cells)),
+        line_(scale),
+        edge_(kEdge * scale),
+        taped_(isBox(iconKey)) {
+    const int largest = (isBox(iconKey) ? kBoxCell : kLargestCell) * scale;
+    cell_ = std::min(largest, (edge_ - 2 * line_) / std::max(box_.width(), box_.height()));
+    if (isPentomino(iconKey))
+      square_ =
+          cell_ * static_cast<int>(std::lround(std::sqrt(static_cast<double>(cells.size()) / 5)));
     origin_ = QPoint(edge_ - cell_ * box_.width(), edge_ - cell_ * box_.height()) / 2;
   }
 
@@ -112,8 +130,9 @@ class Relief {
   double lightAt(int x, int y) const {
     if (!inside(x, y - line_) || !inside(x - line_, y)) return 14;
     if (!inside(x, y + line_) || !inside(x + line_, y)) return -13;
-    const bool onGrid = (x - origin_.x()) % cell_ < line_ || (y - origin_.y()) % cell_ < line_;
-    return cell_ >= 4 * line_ && onGrid ? -6 : 0;
+    const bool between =
+        square_ > 0 && ((x - origin_.x()) % square_ < line_ || (y - origin_.y()) % square_ < line_);
+    return between ? -8 : onTape(x) ? 16 : 0;
   }
 
   /// 0 at the shape's top, 1 at its bottom.
@@ -122,9 +141,14 @@ class Relief {
   }
 
  private:
+  /// The tape is as wide as the middle cell.
+  bool onTape(int x) const { return taped_ && (x - origin_.x()) / cell_ == (box_.width() - 1) / 2; }
+
   Cells cells_;
   QRect box_;
   int line_, edge_, cell_ = 1;
+  bool taped_;
+  int square_ = 0;  // pixels of one of a pentomino's five squares; 0: it is none
   QPoint origin_;
 };
 
@@ -142,7 +166,7 @@ const std::vector<IconEntry>& iconEntries() {
 }
 
 QImage puzzleIcon(const std::string& iconKey, const std::filesystem::path& puzzles, int scale) {
-  const Relief relief(shapeOf(iconKey, puzzles), scale);
+  const Relief relief(iconKey, shapeOf(iconKey, puzzles), scale);
   const Tint tint = tintOf(iconKey);
   QImage picture(relief.edge(), relief.edge(), QImage::Format_RGB32);
   picture.fill(kMask);
