@@ -8,9 +8,7 @@
 namespace fs = std::filesystem;
 
 frmEdit::frmEdit()
-    : Form({.title = "Quinzolith - Edit Mode",
-            .client = {9108, 6516},
-            .back = {192, 192, 255}}),
+    : Form({.title = "Quinzolith - Edit Mode", .client = {9108, 6516}, .back = {192, 192, 255}}),
       cdlgOpen_(puzzleDialog()) {
   cdlgOpen_.overwritePrompt = true;
 }

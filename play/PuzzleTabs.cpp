@@ -3,7 +3,6 @@
 #include <QProxyStyle>
 #include <QTabBar>
 
-#include "platform/DensePicture.h"
 #include "platform/Form.h"
 #include "platform/Twips.h"
 
