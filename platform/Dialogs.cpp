@@ -7,6 +7,7 @@
 #include "platform/FileChooser.h"
 #include "platform/Form.h"
 #include "platform/PendingEvents.h"
+#include "platform/PlainText.h"
 #include "platform/Program.h"
 #include "platform/ToolkitSettings.h"
 
@@ -35,7 +36,7 @@ QMessageBox::StandardButton show(const std::string& text, Icon icon,
   QMessageBox box(parent);
   box.setWindowTitle(Program::kTitle);
   box.setTextFormat(Qt::PlainText);
-  box.setText(QString::fromStdString(text).replace("\r\n", "\n"));
+  box.setText(PlainText::breakable(QString::fromStdString(text).replace("\r\n", "\n")));
   box.setIcon(icon == Icon::Exclamation ? QMessageBox::Warning : QMessageBox::NoIcon);
   box.setStandardButtons(buttons);
   box.setDefaultButton(standard);

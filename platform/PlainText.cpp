@@ -29,7 +29,19 @@ QString written(QChar character) {
   return "\\u" + QString::number(character.unicode(), 16).rightJustified(4, '0').toUpper();
 }
 
-/// Lets long words break, which would else make a line as wide as they are.
+}  // namespace
+
+QString plain(const QString& text) {
+  QString result;
+  result.reserve(text.size());
+  for (qsizetype at = 0; at < text.size(); ++at)
+    if (actsUnseen(text[at]) || isHalf(text, at))
+      result += written(text[at]);
+    else
+      result += text[at];
+  return result;
+}
+
 QString breakable(const QString& text) {
   QString result;
   qsizetype length = 0;
@@ -41,19 +53,6 @@ QString breakable(const QString& text) {
     }
     result += character;
   }
-  return result;
-}
-
-}  // namespace
-
-QString plain(const QString& text) {
-  QString result;
-  result.reserve(text.size());
-  for (qsizetype at = 0; at < text.size(); ++at)
-    if (actsUnseen(text[at]) || isHalf(text, at))
-      result += written(text[at]);
-    else
-      result += text[at];
   return result;
 }
 

@@ -15,8 +15,12 @@ namespace PlainText {
 /// "\u000A".
 QString plain(const QString& text);
 
-/// plain(text) as rich text that shows it character for character. Words of more than 60 characters
-/// may break, and past 1000 characters the text ends in an ellipsis.
+/// The text with a place to break, which takes no room, in every word of more than 60 characters:
+/// for widgets that would else be as wide as such a word, or cut it.
+QString breakable(const QString& text);
+
+/// plain(text) as rich text that shows it character for character. It is breakable(), and past 1000
+/// characters the text ends in an ellipsis.
 QString escaped(const QString& text);
 
 }  // namespace PlainText
