@@ -3,9 +3,12 @@
 #include <charconv>
 #include <cstdio>
 #include <cstring>
+#include <optional>
 #include <string_view>
 #include <vector>
 
+#include "platform/DisplayNeeded.h"
+#include "platform/EndSignals.h"
 #include "platform/Program.h"
 #include "viewer/BringToFront.h"
 #include "viewer/HelpWindow.h"
@@ -41,7 +44,10 @@ Request requestOf(const std::vector<std::string_view>& arguments) {
 }
 
 int run(int argc, char** argv, const Request& request) {
+  std::optional<DisplayNeeded> display("quinzolith-help");
   QApplication application(argc, argv);
+  display.reset();
+  const EndSignals onSignal;
   QApplication::setApplicationName("quinzolith-help");
   const QString file =
       QString::fromLocal8Bit(request.file.data(), static_cast<qsizetype>(request.file.size()));

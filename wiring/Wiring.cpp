@@ -4,6 +4,7 @@
 #include <QIcon>
 #include <QPixmapCache>
 #include <functional>
+#include <initializer_list>
 
 #include "files/SafeFile.h"
 #include "model/basTiles.h"
@@ -82,4 +83,10 @@ Wiring::Wiring() {
 void Wiring::start() {
   const WithoutPlugins quick;
   basStartup::Main([this] { splash.Show(); });
+}
+
+void Wiring::close() {
+  edit.fFileChanged = false;
+  for (Form* form : std::initializer_list<Form*>{&finished, &open, &splash, &main, &edit})
+    form->Unload();
 }

@@ -19,6 +19,9 @@ class Wiring {
   /// Starts the program: state, user folder, tunes, splash window.
   void start();
 
+  /// Closes what windows are still open, without a question: changes that are not saved are lost.
+  void close();
+
   PlayWindows windows;
   frmSplash splash{windows};
   frmMain main{windows};

@@ -1,5 +1,8 @@
 #include <QApplication>
+#include <optional>
 
+#include "platform/DisplayNeeded.h"
+#include "platform/EndSignals.h"
 #include "platform/PendingEvents.h"
 #include "wiring/Wiring.h"
 
@@ -15,7 +18,10 @@ void preferX11() {
 
 int main(int argc, char** argv) {
   preferX11();
+  std::optional<DisplayNeeded> display("quinzolith");
   QApplication application(argc, argv);
+  display.reset();
+  const EndSignals onSignal;
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setDesktopFileName("quinzolith");
 
@@ -23,6 +29,7 @@ int main(int argc, char** argv) {
   program.start();
   if (Form::Count() == 0) return 1;
   const int code = QApplication::exec();
+  program.close();
   finishFirstLevelWork();
   return code;
 }
