@@ -19,6 +19,10 @@ void branchAndScan(const Shape& shape, const PieceSet& supply, const Branching& 
         return solution;
       });
     };
+    if (rest.area() == 0) {
+      if (!take({}, 0, 0)) return;
+      continue;
+    }
     if (!scanAll(scan.tables, scan.layout, others, scan.layout.end(), meter, take)) return;
   }
 }
