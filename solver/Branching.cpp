@@ -6,23 +6,6 @@ namespace solver {
 
 namespace {
 
-bool fits(const Orientation& orientation, int x, int y, const Shape& shape) {
-  return std::ranges::all_of(orientation.cells, [&](Cell cell) {
-    return shape.contains({x + cell.x, y + cell.y});
-  });
-}
-
-std::vector<Placement> placesOf(int type, const Shape& shape) {
-  std::vector<Placement> places;
-  for (const Orientation& orientation : orientations()) {
-    if (orientation.type != type) continue;
-    for (int x = 0; x < shape.width(); ++x)
-      for (int y = 0; y < shape.height(); ++y)
-        if (fits(orientation, x, y, shape)) places.push_back(placementOf(orientation, x, y));
-  }
-  return places;
-}
-
 /// The place if it is the leftmost of its set.
 std::optional<Branch> branchAt(const Placement& place, const Shape& shape,
                                const std::vector<Symmetry>& symmetries, Counting counting) {

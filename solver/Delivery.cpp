@@ -11,7 +11,9 @@ SymmetryBreaking plainBreaking(const Shape& shape, Counting counting) {
 }
 
 Frame::Frame(const Shape& shape, Symmetry symmetry)
-    : shape_(shape.trimmed().transformed(symmetry)), back_(symmetry.inverse()) {
+    : shape_(shape.trimmed().transformed(symmetry)),
+      symmetry_(symmetry),
+      back_(symmetry.inverse()) {
   const std::vector<Cell> cells = shape.cells();
   if (cells.empty()) return;
   left_ = std::ranges::min(cells, {}, &Cell::x).x;
@@ -21,6 +23,13 @@ Frame::Frame(const Shape& shape, Symmetry symmetry)
 Frame Frame::shortColumns(const Shape& shape) {
   const Shape trimmed = shape.trimmed();
   return {shape, trimmed.height() <= trimmed.width() ? Symmetry{} : Symmetry{1, false}};
+}
+
+Cell Frame::apply(Cell cell) const {
+  const bool sideways = symmetry_.turns % 2 != 0;
+  return symmetry_.apply({cell.x - left_, cell.y - top_},
+                         sideways ? shape_.height() : shape_.width(),
+                         sideways ? shape_.width() : shape_.height());
 }
 
 void Frame::restore(Solution& solution) const {

@@ -33,12 +33,14 @@ class Frame {
   static Frame shortColumns(const Shape& shape);
 
   const Shape& shape() const { return shape_; }
+  /// Where a cell of the original shape lies in shape().
+  Cell apply(Cell cell) const;
   /// Moves a tiling of shape() into the coordinates of the original shape.
   void restore(Solution& solution) const;
 
  private:
   Shape shape_;
-  Symmetry back_;
+  Symmetry symmetry_, back_;
   int left_ = 0, top_ = 0;
 };
 

@@ -105,6 +105,20 @@ Cells cellsOf(const Placement& placement) {
   return cells;
 }
 
+std::vector<Placement> placesOf(int type, const Shape& shape) {
+  std::vector<Placement> places;
+  for (const Orientation& orientation : orientations()) {
+    if (orientation.type != type) continue;
+    for (int x = 0; x < shape.width(); ++x)
+      for (int y = 0; y < shape.height(); ++y)
+        if (std::ranges::all_of(orientation.cells, [&](Cell cell) {
+              return shape.contains({x + cell.x, y + cell.y});
+            }))
+          places.push_back(placementOf(orientation, x, y));
+  }
+  return places;
+}
+
 Placement placementCovering(Cells cells) {
   const Cell corner = topLeft(cells);
   for (Cell& cell : cells) cell = {cell.x - corner.x, cell.y - corner.y};

@@ -38,6 +38,9 @@ Placement placementOf(const Orientation& orientation, int x, int y);
 /// The five cells that a placement covers, in column order.
 std::array<Cell, PENTO::kCells> cellsOf(const Placement& placement);
 
+/// All placements of a type in a shape, orientation by orientation.
+std::vector<Placement> placesOf(int type, const Shape& shape);
+
 /// The placement that covers `cells`.
 /// Errors: std::invalid_argument when the five cells are no pentomino.
 Placement placementCovering(std::array<Cell, PENTO::kCells> cells);

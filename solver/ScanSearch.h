@@ -105,8 +105,8 @@ bool ScanSearch<Bits, Left>::run(int goal, WorkMeter& meter, Found&& found) {
         if (!found(std::span(steps_.data(), pieces + 1), window, position)) return false;
         if (goesOn) continue;
         // Interrupted in the middle of a state, which then waits with what is left of it.
-        *next++ = {base, candidates & (candidates - 1), left, from,
-                   static_cast<std::uint16_t>(pieces), own};
+        *next++ = {base, candidates & (candidates - 1),      left,
+                   from, static_cast<std::uint16_t>(pieces), own};
         size_ += static_cast<std::size_t>(next - place);
         return false;
       }

@@ -3,6 +3,8 @@
 #include <stdexcept>
 
 #include "solver/CornerRace.h"
+#include "solver/Counting.h"
+#include "solver/Position.h"
 #include "solver/Strategies.h"
 
 namespace solver {
@@ -47,7 +49,7 @@ bool takeFastStrategy(const Problem& problem, Counting counting, const Frame& fr
   const std::optional<Branching> branching = chooseBranching(shape, problem.supply, counting);
   // With all eight symmetries the branching leaves so little that profiles cost more.
   const bool branchingSuffices =
-      strategy == Strategy::Best && branching && symmetriesOf(shape).size() == 8;
+      strategy != Strategy::Meet && branching && symmetriesOf(shape).size() == 8;
   if (strategy != Strategy::Branch && !branchingSuffices && canMeet(shape, problem.supply) &&
       meetInTheMiddle(shape, problem.supply, counting, branching, delivery, meter))
     return true;
@@ -56,10 +58,24 @@ bool takeFastStrategy(const Problem& problem, Counting counting, const Frame& fr
   return true;
 }
 
+/// Counts without listing. False when that does not serve.
+bool countOnly(const Problem& problem, Counting counting, WorkMeter& meter, Strategy strategy) {
+  const auto all = countTilings(problem, meter, strategy);
+  if (!all) return false;
+  const std::vector<Symmetry> symmetries = symmetriesOf(problem.shape);
+  const auto wanted = counting == Counting::All || symmetries.size() == 1
+                          ? all
+                          : countOrbits(*all, {problem}, symmetries, meter);
+  if (wanted) meter.work.solutions = *wanted;
+  return wanted.has_value();
+}
+
 }  // namespace
 
 Work forEachSolution(const Problem& problem, Counting counting, const Deliver& deliver,
                      const Limits& limits, Strategy strategy) {
+  if (!problem.kept.empty())
+    return forEachFromPosition(problem, counting, deliver, limits, strategy);
   WorkMeter meter(limits);
   const Frame frame = Frame::shortColumns(problem.shape);
   Delivery delivery(frame, deliver, meter);
@@ -68,15 +84,20 @@ Work forEachSolution(const Problem& problem, Counting counting, const Deliver& d
     if (*answer) delivery.take(breaking, [] { return Solution{}; });
     return meter.work;
   }
+  const bool counts = strategy == Strategy::Best || strategy == Strategy::Profiles;
+  if (counts && !deliver && limits.solutions == Limits::kNone &&
+      countOnly({frame.shape(), problem.supply}, counting, meter, strategy))
+    return meter.work;
   if (!takeFastStrategy(problem, counting, frame, delivery, meter, strategy))
     withWindow(frame, [&]<class Bits>() { scan<Bits>(problem, frame, breaking, delivery, meter); });
   return meter.work;
 }
 
 Answer findSolution(const Problem& problem, const Limits& limits, const TypeOrder& order) {
+  if (!problem.kept.empty()) return findFromPosition(problem, limits, order);
   Answer answer;
   if (const auto known = obvious(problem)) {
-    if (*known) answer = {Solution{}, {1, 0, true}};
+    if (*known) answer = {Solution{}, {1, 0}};
     return answer;
   }
   withWindow(Frame::shortColumns(problem.shape), [&]<class Bits>() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <optional>
 
 #include "solver/Delivery.h"
@@ -14,24 +15,31 @@
 /// A shape whose area is no multiple of 5, or needs more pieces than there are, has no solution;
 /// that is found out without a search. The empty shape has one solution, of no pieces.
 /// Every search is deterministic: the same call delivers the same solutions in the same order and
-/// counts the same nodes.
+/// counts the same nodes. The symmetries of a problem lay its kept cells onto kept cells of the
+/// same type.
 namespace solver {
 
 struct Problem {
   Shape shape;
   PieceSet supply = PieceSet::ofEach(1);
+  /// Cells of the shape that pieces of one type cover, and nothing but these cells: a position from
+  /// which the solver goes on.
+  std::map<Cell, int> kept = {};
 };
 
 /// How all solutions are found. Each way finds the same ones, in an order of its own.
 enum class Strategy {
-  Best,    ///< the fastest for the problem
-  Scan,    ///< the general search: lowest free cell first
-  Branch,  ///< one piece is laid first, on one of each set of places that symmetry makes equal
-  Meet,    ///< half the shape is searched, the other half is a graph of profiles
+  Best,      ///< the fastest for the problem
+  Scan,      ///< the general search: lowest free cell first
+  Branch,    ///< one piece is laid first, on one of each set of places that symmetry makes equal
+  Meet,      ///< half the shape is searched, the other half is a graph of profiles
+  Profiles,  ///< solutions are counted without being found; where each is wanted, as Best
 };
 
 /// Delivers every solution, its placements in no particular order, until `deliver` returns false.
-/// With an empty `deliver` the solutions are only counted.
+/// With an empty `deliver` the solutions are only counted; a count of more than 128 bits, or one
+/// that would take more than 1 GiB, is given as the most that could be counted, and is not
+/// complete.
 Work forEachSolution(const Problem& problem, Counting counting, const Deliver& deliver,
                      const Limits& limits = {}, Strategy strategy = Strategy::Best);
 

@@ -4,14 +4,21 @@
 #include <cstdint>
 #include <functional>
 #include <limits>
+#include <string>
 
 namespace solver {
 
+/// A number of solutions: there may be more than 64 bits can tell.
+__extension__ using Count = unsigned __int128;
+/// In decimal digits.
+std::string decimal(Count count);
+
 /// What a search has done. The numbers are the same in every run of the same search.
 struct Work {
-  std::uint64_t solutions = 0;  ///< delivered or counted
-  std::uint64_t nodes = 0;      ///< pieces laid that left no dead end in plain sight
-  bool complete = true;         ///< false when a limit or the caller ended the search early
+  Count solutions = 0;      ///< delivered or counted
+  std::uint64_t nodes = 0;  ///< pieces laid that left no dead end in plain sight
+  bool complete = true;     ///< false when the search ended early: there may be more solutions
+  bool tooLarge = false;    ///< it ended early because counting takes more than 1 GiB or 128 bits
 };
 
 /// What bounds a search and who is told about it.

@@ -18,7 +18,8 @@ constexpr std::string_view kGeneral =
     "COMMAND --help tells its options. --help, --version and --man stand alone. The file name -\n"
     "is standard input or output. -- ends the options. No more than 1 MiB of a file is read.";
 constexpr std::string_view kExitCodes[] = {
-    "0  done", "1  the answer is no: no solution, a file refused", "2  wrong use"};
+    "0  done", "1  the answer is no: no solution, a file refused", "2  wrong use",
+    "3  there are more solutions than can be counted within 1 GiB, or in 128 bits"};
 
 std::string dashed(std::string_view name) {
   return std::string("--").append(name);

@@ -15,7 +15,7 @@
 namespace puzzle {
 
 /// The exit codes.
-enum Exit { kDone = 0, kNo = 1, kWrongUse = 2 };
+enum Exit { kDone = 0, kNo = 1, kWrongUse = 2, kTooLarge = 3 };
 
 /// Wrong use of the command line; ends the program with kWrongUse.
 struct UsageError : std::runtime_error {

@@ -7,7 +7,8 @@ namespace {
 constexpr std::size_t kAny = 100000;
 constexpr Option kPieces{"pieces", "LETTERS",
                          "the pieces that may be used, such as FILNP, or 'all' (one each)"};
-constexpr Option kRepeats{"repeats", "", "allow any number of pieces of a type"};
+constexpr Option kRepeats{"repeats", "",
+                          "allow any number of each of these pieces, or of all twelve"};
 constexpr Option kLimit{"limit", "NODES", "give up after so many nodes"};
 constexpr Option kQuiet{"quiet", "", "no progress on a long run"};
 constexpr Option kSeed{"seed", "N", "repeat the run that had this seed"};
@@ -69,7 +70,9 @@ const std::vector<Command>& commands() {
       {"solve",
        "FILE",
        "finds a solution of a drawing or puzzle, or counts all",
-       "A drawing may be larger than the board, up to 30 cells one way.",
+       "A drawing may be larger than the board, up to 30 cells one way. Letters are kept, and the "
+       "rest is solved or counted; a drawing of nothing but letters stands for its shape when "
+       "solutions are counted.",
        1,
        1,
        {kPieces,

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <fstream>
 #include <ostream>
-#include <set>
 
 #include "drafts/Drawing.h"
 #include "drafts/PuzzleFile.h"
@@ -40,25 +39,6 @@ Input readBytes(const std::string& bytes) {
   const std::vector<std::string> problems = problemsOf(bytes);
   if (!problems.empty()) throw Refusal(problems.front());
   return inputOf(readPuzzleFile(bytes));
-}
-
-/// The cells drawn with the letter of one type, as a shape of their own.
-solver::Shape cellsOfType(const Input& input, int type) {
-  solver::Shape shape(input.shape.width(), input.shape.height());
-  for (const auto& [cell, drawn] : input.types)
-    if (drawn == type) shape.set(cell);
-  return shape;
-}
-
-void add(solver::Answer& whole, const solver::Answer& part) {
-  whole.work.nodes += part.work.nodes;
-  whole.work.complete = whole.work.complete && part.work.complete;
-  if (!part.solution) {
-    whole.solution.reset();
-  } else if (whole.solution) {
-    whole.solution->insert(whole.solution->end(), part.solution->begin(), part.solution->end());
-    std::ranges::sort(*whole.solution);
-  }
 }
 
 }  // namespace
@@ -104,11 +84,15 @@ Input readInput(const std::string& file, Environment& environment) {
 }
 
 solver::PieceSet supplyFor(const Input& input, const Arguments& arguments) {
-  if (arguments.has("pieces")) return readPieces(arguments.text("pieces"));
-  if (input.supply) return *input.supply;
   const int pieces = input.shape.area() / PENTO::kCells;
-  if (arguments.has("repeats")) return solver::PieceSet::ofEach(std::max(pieces, 1));
-  return solver::PieceSet::ofEach(std::max(1, (pieces + PENTO::kTypes - 1) / PENTO::kTypes));
+  const bool repeats = arguments.has("repeats");
+  solver::PieceSet supply = solver::PieceSet::ofEach(
+      repeats ? 1 : std::max(1, (pieces + PENTO::kTypes - 1) / PENTO::kTypes));
+  if (input.supply) supply = *input.supply;
+  if (arguments.has("pieces")) supply = readPieces(arguments.text("pieces"));
+  if (repeats)
+    for (int& count : supply.count) count = count == 0 ? 0 : std::max({count, pieces, 1});
+  return supply;
 }
 
 std::string objection(const solver::Shape& shape, const solver::PieceSet& supply) {
@@ -131,7 +115,8 @@ solver::Limits limitsFrom(const Arguments& arguments, Environment& environment,
   if (!arguments.has("quiet")) {
     limits.reportEvery = std::uint64_t{1} << 27;  // some seconds
     limits.progress = [&err = environment.err](const solver::Work& work) {
-      err << "... " << work.nodes << " nodes, " << work.solutions << " solutions so far\n";
+      err << "... " << work.nodes << " nodes, " << solver::decimal(work.solutions)
+          << " solutions so far\n";
     };
   }
   return limits;
@@ -139,24 +124,9 @@ solver::Limits limitsFrom(const Arguments& arguments, Environment& environment,
 
 solver::Answer solve(const Input& input, const solver::PieceSet& supply,
                      const solver::Limits& limits, const solver::TypeOrder& order) {
-  solver::Problem rest{input.shape, supply};
-  solver::Answer whole{solver::Solution{}, {}};
-  std::set<int> drawn;
-  for (const auto& [cell, type] : input.types) {
-    drawn.insert(type);
-    rest.shape.set(cell, false);
-  }
-  for (const int type : drawn) {
-    solver::PieceSet only;
-    only[type] = supply[type];
-    const solver::Problem part{cellsOfType(input, type), only};
-    rest.supply[type] -= part.shape.area() / PENTO::kCells;
-    add(whole, solver::findSolution(part, limits, order));
-    if (!whole.solution) return whole;
-  }
-  add(whole, solver::findSolution(rest, limits, order));
-  whole.work.solutions = whole.solution.has_value();
-  return whole;
+  solver::Answer answer = solver::findSolution({input.shape, supply, input.types}, limits, order);
+  if (answer.solution && !input.types.empty()) std::ranges::sort(*answer.solution);
+  return answer;
 }
 
 solver::Solution solutionOf(const Input& input, const solver::PieceSet& supply,

@@ -28,7 +28,7 @@ void writeAll(const std::string& file, const std::string& bytes, Environment& en
 Input readInput(const std::string& file, Environment& environment);
 
 /// The pieces to solve with: --pieces, else what the file names, else all different ones as long as
-/// there are enough (with --repeats: any).
+/// there are enough; with --repeats any number of each of them, or of all twelve.
 solver::PieceSet supplyFor(const Input& input, const Arguments& arguments);
 
 /// Why the shape is no puzzle or cannot be solved with the supply; empty when it may be.

@@ -222,6 +222,27 @@ TEST_F(PuzzleTool, SolvesAndCounts) {
   EXPECT_NE(out_.find("| - | 12 FILNPTUVWXYZ | 2 |"), std::string::npos) << out_;
 }
 
+TEST_F(PuzzleTool, CountsAnyNumberOfPiecesAndFromAPosition) {
+  const std::string wide = "\n" + boxOf(18, 5, '#');
+  EXPECT_EQ(run({"solve", "--count", "--repeats", "--pieces=FUN", "-"}, wide), puzzle::kDone);
+  EXPECT_TRUE(out_.starts_with("200 solutions, ")) << out_;
+  EXPECT_EQ(run({"solve", "--count", "--repeats", "-"}, "pieces: YUX\n" + wide), puzzle::kDone);
+  EXPECT_TRUE(out_.starts_with("1267 solutions, ")) << out_;
+  EXPECT_EQ(run({"solve", "--count", "--repeats", "-"}, "\n" + boxOf(60, 5, '#')),
+            puzzle::kTooLarge);
+  EXPECT_TRUE(out_.starts_with("at least 340282366920938463463374607431768211455 solutions"))
+      << out_;
+
+  ASSERT_EQ(run({"solve", "-"}, "\n" + boxOf(20, 3, '#')), puzzle::kDone);
+  std::string position = "pieces: all\n" + out_.substr(out_.find("\n\n"));
+  for (std::size_t i = position.find("\n\n"); i < position.size(); ++i)
+    if (std::isalpha(position[i]) != 0 && position[i] != 'X') position[i] = '#';
+  ASSERT_EQ(run({"solve", "--count", "-"}, position), puzzle::kDone) << err_;
+  EXPECT_TRUE(out_.starts_with("4 solutions, ")) << out_;  // both known ones, and mirrored
+  ASSERT_EQ(run({"solve", "--all", "--up-to-symmetry", "-"}, position), puzzle::kDone) << err_;
+  EXPECT_NE(out_.find("\n2 solutions, "), std::string::npos) << out_;
+}
+
 TEST_F(PuzzleTool, GeneratesWhatIsAskedForAndRepeatsASeed) {
   const std::vector<std::string> words{"generate",  "--number=5", "--unique", "--symmetric",
                                        "--width=7", "--height=6", "--seed=3"};
@@ -265,6 +286,7 @@ TEST_F(PuzzleTool, TellsWrongUse) {
                                              {"solve", "-", "-"},
                                              {"solve", "--limit=many", "-"},
                                              {"solve", "--count=1", "-"},
+                                             {"solve", "--up-to-symmetry", "-"},
                                              {"make", "--pieces"}}) {
     EXPECT_EQ(run(words, "#####\n"), puzzle::kWrongUse);
     EXPECT_EQ(out_, "");

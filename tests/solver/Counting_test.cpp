@@ -1,0 +1,99 @@
+#include "solver/ProfileCount.h"
+#include "tests/solver/Ways.h"
+
+namespace solver {
+
+namespace {
+
+/// Every piece lies on kept cells of its type, or on none.
+bool keeps(const Solution& solution, const Problem& problem) {
+  return std::ranges::all_of(solution, [&](const Placement& placement) {
+    const auto cells = cellsOf(placement);
+    const auto kept = std::ranges::count_if(cells, [&](Cell cell) {
+      const auto at = problem.kept.find(cell);
+      return at != problem.kept.end() && at->second == placement.type;
+    });
+    const auto drawn =
+        std::ranges::count_if(cells, [&](Cell cell) { return problem.kept.contains(cell); });
+    return kept == drawn && (kept == 0 || kept == PENTO::kCells);
+  });
+}
+
+}  // namespace
+
+/// Boxes: that they are right is known from other programs' counts.
+TEST(Counting, CountsWithoutListing) {
+  const auto any = [](int width, int height) {
+    return Problem{Shape::rectangle(width, height), PieceSet::ofEach(width * height / 5)};
+  };
+  const std::vector<std::pair<Problem, std::string>> known{{any(5, 3), "56"},
+                                                           {any(5, 4), "501"},
+                                                           {any(10, 3), "7670"},
+                                                           {any(10, 4), "890989"},
+                                                           {any(10, 5), "101698212"},
+                                                           {any(6, 10), "7845888732"},
+                                                           {any(10, 7), "756605877809"},
+                                                           {any(25, 5), "2119788181584674612511"}};
+  for (const auto& [problem, count] : known)
+    EXPECT_EQ(decimal(countSolutions(problem, Counting::All).solutions), count);
+  EXPECT_EQ(decimal(countSolutions(any(5, 6), Counting::UpToSymmetry).solutions), "7092");
+
+  const Problem several{Shape::rectangle(10, 5), piecesOf({2, 5, 0, 9, 6, 11}, 2)};  // LPYNVT
+  EXPECT_EQ(decimal(countSolutions(several, Counting::All).solutions), "74230");
+  const Problem few{Shape::rectangle(18, 5), piecesOf({7, 10, 9}, 18)};  // FUN
+  EXPECT_EQ(decimal(countSolutions(few, Counting::All).solutions), "200");
+}
+
+TEST(Counting, SaysWhenACountIsTooLarge) {
+  const Problem strip{Shape::rectangle(5, 60), PieceSet::ofEach(60)};
+  const Work digits = countSolutions(strip, Counting::All);
+  EXPECT_EQ(digits.solutions, ~Count{0}) << "at least so many";
+  EXPECT_FALSE(digits.complete);
+  EXPECT_TRUE(digits.tooLarge);
+
+  const Limits none;
+  WorkMeter meter(none);
+  const PieceSet any = PieceSet::ofEach(12);
+  const Cover cover(Shape::rectangle(12, 5), any, Symmetry{});
+  const SupplyCode code(any, 12);
+  ProfileCount<Bits64, Count> whole(cover, code, std::size_t{1} << 24, meter);
+  ProfileCount<Bits64, Count> tight(cover, code, std::size_t{1} << 14, meter);
+  const Count some = tight.run();
+  EXPECT_TRUE(tight.leftOut());
+  EXPECT_LT(some, whole.run());
+  EXPECT_FALSE(whole.leftOut());
+}
+
+TEST(Counting, GoesOnFromAPosition) {
+  std::mt19937 random(1009);
+  Shape ring = Shape::rectangle(7, 5);
+  for (int x = 1; x < 6; ++x) ring.set({x, 2}, false);
+  for (const Problem& whole : {Problem{Shape::rectangle(5, 5)}, Problem{Shape::rectangle(4, 5)},
+                               Problem{ring, PieceSet::ofEach(2)}}) {
+    const std::set<Solution> all = BruteForce(whole).solutions();
+    ASSERT_GT(all.size(), 10u);
+    for (int round = 0; round < 12; ++round) {
+      Problem problem = whole;
+      const Solution& from = *std::next(all.begin(), static_cast<long>(random() % all.size()));
+      for (int i = 0; i <= round % 3; ++i)
+        for (const Cell cell : cellsOf(from[static_cast<std::size_t>(i)]))
+          problem.kept[cell] = from[static_cast<std::size_t>(i)].type;
+      std::set<Solution> expected;
+      std::ranges::copy_if(all, std::inserter(expected, expected.end()),
+                           [&](const Solution& solution) { return keeps(solution, problem); });
+      for (const Strategy strategy : kStrategies)
+        EXPECT_EQ(allOf(problem, Counting::All, strategy), expected);
+      const std::size_t orbits = allOf(problem, Counting::UpToSymmetry, Strategy::Scan).size();
+      EXPECT_LE(orbits, expected.size());
+      for (const Strategy strategy : kStrategies) {
+        EXPECT_EQ(countSolutions(problem, Counting::All, {}, strategy).solutions, expected.size());
+        EXPECT_EQ(countSolutions(problem, Counting::UpToSymmetry, {}, strategy).solutions, orbits);
+      }
+      const Answer answer = findSolution(problem);
+      ASSERT_TRUE(answer.solution);
+      EXPECT_TRUE(expected.contains(sorted(*answer.solution)));
+    }
+  }
+}
+
+}  // namespace solver
