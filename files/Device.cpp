@@ -22,9 +22,9 @@ bool isDevice(const struct stat& status) {
 /// The system's names (/dev/stdout) are links that only it can follow.
 bool namesDevice(const std::filesystem::path& file) {
   struct stat status {};
-  const bool isThere = disk.statusOfLink(AT_FDCWD, file.c_str(), &status) == 0;
+  const bool isThere = disk->statusOfLink(AT_FDCWD, file.c_str(), &status) == 0;
   if (!isThere || !isTrusted(status.st_uid)) return false;
-  return disk.status(file.c_str(), &status) == 0 && isDevice(status);
+  return disk->status(file.c_str(), &status) == 0 && isDevice(status);
 }
 
 }  // namespace

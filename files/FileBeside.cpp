@@ -36,7 +36,7 @@ std::string unguessableName() {
 bool isLeftover(const OpenFile& folder, const std::string& name) {
   if (!name.starts_with(kStart) || !name.ends_with(kEnd)) return false;
   struct stat status {};
-  return disk.statusOfLink(folder.descriptor(), name.c_str(), &status) == 0 &&
+  return disk->statusOfLink(folder.descriptor(), name.c_str(), &status) == 0 &&
          S_ISREG(status.st_mode) && status.st_uid == ::geteuid() &&
          std::time(nullptr) - status.st_mtime > kLeftoverAge;
 }
@@ -46,7 +46,7 @@ bool isLeftover(const OpenFile& folder, const std::string& name) {
 FileBeside::FileBeside(const Place& target, mode_t mode) : target_(target), file_(create(mode)) {}
 
 FileBeside::~FileBeside() {
-  if (!renamed_) disk.remove(target_.folder.descriptor(), name_.c_str());
+  if (!renamed_) disk->remove(target_.folder.descriptor(), name_.c_str());
 }
 
 OpenFile FileBeside::create(mode_t mode) {
@@ -62,7 +62,7 @@ OpenFile FileBeside::create(mode_t mode) {
 }
 
 void FileBeside::takeName() {
-  renamed_ = disk.rename(target_.folder.descriptor(), name_.c_str(), target_.name.c_str()) == 0;
+  renamed_ = disk->rename(target_.folder.descriptor(), name_.c_str(), target_.name.c_str()) == 0;
   if (renamed_) return;
   // The folder keeps others' files (EACCES, EPERM) or the target is mounted (EBUSY, EXDEV).
   if (errno == EACCES || errno == EPERM || errno == EBUSY || errno == EXDEV) failBeside();
@@ -71,7 +71,7 @@ void FileBeside::takeName() {
 
 void removeLeftovers(const OpenFile& folder) {
   std::vector<std::string> names;
-  if (disk.list(folder.descriptor(), names) < 0) return;
+  if (disk->list(folder.descriptor(), names) < 0) return;
   for (const std::string& name : names)
-    if (isLeftover(folder, name)) disk.remove(folder.descriptor(), name.c_str());
+    if (isLeftover(folder, name)) disk->remove(folder.descriptor(), name.c_str());
 }

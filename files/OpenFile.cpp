@@ -23,7 +23,7 @@ void failCall() {
 }
 
 OpenFile::OpenFile(int folder, const std::string& name, int flags, mode_t mode)
-    : descriptor_(disk.open(folder, name.c_str(), flags | O_CLOEXEC | O_NOCTTY, mode)) {}
+    : descriptor_(disk->open(folder, name.c_str(), flags | O_CLOEXEC | O_NOCTTY, mode)) {}
 
 OpenFile::OpenFile(OpenFile&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
 
@@ -38,7 +38,7 @@ OpenFile::~OpenFile() {
 
 struct stat OpenFile::status() const {
   struct stat result {};
-  checkedCall(disk.statusOfOpen(descriptor_, &result));
+  checkedCall(disk->statusOfOpen(descriptor_, &result));
   return result;
 }
 
@@ -47,8 +47,8 @@ std::string OpenFile::read(std::size_t from, std::size_t to) const {
   std::size_t done = from;
   while (done < to) {
     bytes.resize(done - from + std::min(kBlock, to - done));
-    const ssize_t size = disk.read(descriptor_, bytes.data() + (done - from),
-                                   bytes.size() - (done - from), static_cast<off_t>(done));
+    const ssize_t size = disk->read(descriptor_, bytes.data() + (done - from),
+                                    bytes.size() - (done - from), static_cast<off_t>(done));
     if (size < 0 && errno == EINTR) continue;
     if (checkedCall(size) == 0) break;
     done += static_cast<std::size_t>(size);
@@ -60,8 +60,8 @@ std::string OpenFile::read(std::size_t from, std::size_t to) const {
 void OpenFile::write(const std::string& bytes) const {
   std::size_t done = 0;
   while (done < bytes.size()) {
-    const ssize_t size =
-        disk.write(descriptor_, bytes.data() + done, bytes.size() - done, static_cast<off_t>(done));
+    const ssize_t size = disk->write(descriptor_, bytes.data() + done, bytes.size() - done,
+                                     static_cast<off_t>(done));
     if (size < 0 && errno == EINTR) continue;
     if (size == 0) errno = EIO;
     if (size <= 0) failCall();
@@ -71,16 +71,16 @@ void OpenFile::write(const std::string& bytes) const {
 
 void OpenFile::overwrite(const std::string& bytes) const {
   write(bytes);
-  checkedCall(disk.truncate(descriptor_, static_cast<off_t>(bytes.size())));
+  checkedCall(disk->truncate(descriptor_, static_cast<off_t>(bytes.size())));
   sync();
 }
 
 void OpenFile::sync() const {
-  checkedCall(disk.sync(descriptor_));
+  checkedCall(disk->sync(descriptor_));
 }
 
 void OpenFile::close() {
-  if (isOpen()) checkedCall(disk.close(std::exchange(descriptor_, -1)));
+  if (isOpen()) checkedCall(disk->close(std::exchange(descriptor_, -1)));
 }
 
 OpenFile opened(int folder, const std::string& name, int flags) {

@@ -80,7 +80,7 @@ class Walk {
     }
     std::array<char, PATH_MAX> text;
     const auto length =
-        checkedCall(SafeFile::disk.readLink(link.descriptor(), text.data(), text.size()));
+        checkedCall(SafeFile::disk->readLink(link.descriptor(), text.data(), text.size()));
     prepend(std::string(text.data(), static_cast<std::size_t>(length)));
   }
 

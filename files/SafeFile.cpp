@@ -17,7 +17,7 @@ namespace fs = std::filesystem;
 
 namespace SafeFile {
 
-DiskCalls disk;
+Seam<DiskCalls> disk{DiskCalls{}};
 
 namespace {
 
@@ -84,11 +84,11 @@ void keepPermissions(const OpenFile& file, const struct stat& old) {
   constexpr auto kSameOwner = static_cast<uid_t>(-1);
   constexpr auto kSameGroup = static_cast<gid_t>(-1);
   const struct stat fresh = file.status();
-  if (fresh.st_gid != old.st_gid) disk.setOwner(file.descriptor(), kSameOwner, old.st_gid);
-  if (fresh.st_uid != old.st_uid) disk.setOwner(file.descriptor(), old.st_uid, kSameGroup);
+  if (fresh.st_gid != old.st_gid) disk->setOwner(file.descriptor(), kSameOwner, old.st_gid);
+  if (fresh.st_uid != old.st_uid) disk->setOwner(file.descriptor(), old.st_uid, kSameGroup);
   const mode_t wanted = old.st_mode & kPermissions;
   if ((file.status().st_mode & kPermissions) != wanted)
-    checkedCall(disk.setMode(file.descriptor(), wanted));
+    checkedCall(disk->setMode(file.descriptor(), wanted));
 }
 
 /// The folder, opened before anything is written. One that may be written but not listed cannot be
@@ -101,7 +101,7 @@ OpenFile folderToSync(const Place& place) {
 
 /// Some file systems know no such request for a folder and say EINVAL.
 void syncFolder(const OpenFile& folder) {
-  if (folder.isOpen() && disk.sync(folder.descriptor()) < 0 && errno != EINVAL) failCall();
+  if (folder.isOpen() && disk->sync(folder.descriptor()) < 0 && errno != EINVAL) failCall();
 }
 
 void writeBeside(const Place& place, const std::string& bytes, const std::optional<Old>& old,
@@ -164,14 +164,14 @@ bool exists(const fs::path& file) {
   const std::string name = file.filename().string();
   if (name.empty() || name.front() == '.') return false;
   struct stat status {};
-  if (disk.status(file.c_str(), &status) == 0) return S_ISREG(status.st_mode);
+  if (disk->status(file.c_str(), &status) == 0) return S_ISREG(status.st_mode);
   if (!isMissing(errno)) failCall();
   return false;
 }
 
 std::string read(const fs::path& file, std::size_t ceiling) {
   struct stat status {};
-  checkedCall(disk.status(file.c_str(), &status));
+  checkedCall(disk->status(file.c_str(), &status));
   refuseUnlessOrdinary(status);  // before it is opened: to open a device can be to use it
   // Opening a pipe, should it be one by now, would wait for its other end.
   OpenFile source = opened(AT_FDCWD, file.string(), O_RDONLY | O_NONBLOCK);

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "files/DiskCalls.h"
+#include "seams/Seam.h"
 
 /// Files that are either the old ones or the new ones, whole, whatever fails.
 ///
@@ -16,8 +17,8 @@
 /// Errors: std::system_error or std::runtime_error; what() is a text for the user.
 namespace SafeFile {
 
-/// The calls that everything here makes; a test puts failing ones in.
-extern DiskCalls disk;
+/// The calls that everything here makes.
+extern Seam<DiskCalls> disk;
 
 /// True for an ordinary file, or a link to one, whose name does not begin with a dot.
 /// Errors: the question itself fails (a name too long, a folder that may not be searched).

@@ -1,11 +1,11 @@
 #include "model/basTiles.h"
 
 #include <algorithm>
-#include <random>
 #include <stdexcept>
 #include <system_error>
 
 #include "model/PuzzleFormat.h"
+#include "model/Random.h"
 
 namespace fs = std::filesystem;
 
@@ -20,11 +20,7 @@ bool fRandomFlip = true;
 bool fDeveloperVersion = false;
 
 Targets targets;
-PuzzleStore store = streamPuzzleStore();
-std::function<double()> Random = [] {
-  static std::mt19937 generator{std::random_device{}()};
-  return std::uniform_real_distribution<double>{}(generator);
-};
+Seam<PuzzleStore> store(streamPuzzleStore());
 std::function<void(const fs::path&)> AfterSave;
 
 namespace {
@@ -43,7 +39,7 @@ class Refusal : public std::runtime_error {
 class TrayFull {};
 
 int randomBelow(int limit) {
-  return static_cast<int>(Random() * limit);
+  return static_cast<int>(RandomNumbers::next() * limit);
 }
 
 PuzzleTarget& required(PuzzleTarget* target) {
@@ -130,7 +126,7 @@ void readPieces(PuzzleFormat::Reader& reader, bool ToEditor) {
 }
 
 void loadOnce(const fs::path& FileName, bool ToEditor) {
-  const std::string bytes = store.read(FileName, largestFile(boardGrid(ToEditor)));
+  const std::string bytes = store->read(FileName, largestFile(boardGrid(ToEditor)));
   PuzzleFormat::Reader reader(bytes);
   if (!reader.signature()) throw Refusal("This is not a valid Quinzolith Puzzle file.");
   prepareTargets(ToEditor);
@@ -184,7 +180,7 @@ void refuseHiddenName(const fs::path& FileName) {
 
 bool LoadPuzzle(const fs::path& FileName, bool ToEditor) {
   try {
-    if (!store.exists(FileName)) {
+    if (!store->exists(FileName)) {
       LastFileError = "File does not exist.";
       return false;
     }
@@ -208,7 +204,7 @@ bool SavePuzzle(const fs::path& FileName, const PuzzleTarget& Board) {
     refuseHiddenName(FileName);
     const std::string bytes = PuzzleFormat::write(
         *Board.Grid(), fDeveloperVersion ? PuzzleFormat::kLocked : PuzzleFormat::kUnlocked);
-    store.write(FileName, bytes, kLongestTail);
+    store->write(FileName, bytes, kLongestTail);
   } catch (const std::exception& error) {
     LastFileError = reasonOf(error) + "\r\n" + FileName.string();
     return false;

@@ -6,6 +6,7 @@
 
 #include "model/PENTOGRID.h"
 #include "model/PuzzleStore.h"
+#include "seams/Seam.h"
 
 /// What loading and saving need of a board control. A bare grid can stand in for one.
 class PuzzleTarget {
@@ -52,9 +53,7 @@ struct Targets {
 };
 extern Targets targets;
 /// Moves the bytes; streamPuzzleStore() until the program puts a safer one in.
-extern PuzzleStore store;
-/// Uniform numbers in [0, 1).
-extern std::function<double()> Random;
+extern Seam<PuzzleStore> store;
 /// Runs after every successful save: the editor's "nothing is changed any more" and recent list.
 extern std::function<void(const std::filesystem::path&)> AfterSave;
 

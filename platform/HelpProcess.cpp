@@ -6,10 +6,10 @@
 
 namespace HelpProcess {
 
-std::function<bool(const QString&, const QStringList&)> Start = [](const QString& program,
-                                                                   const QStringList& arguments) {
-  return QProcess::startDetached(program, arguments);
-};
+Seam<std::function<bool(const QString&, const QStringList&)>> Start(
+    [](const QString& program, const QStringList& arguments) {
+      return QProcess::startDetached(program, arguments);
+    });
 
 bool show(const std::filesystem::path& file, int topic) {
   const auto viewer = Program::installationFolder() / "quinzolith-help";

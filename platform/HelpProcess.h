@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <functional>
 
+#include "seams/Seam.h"
+
 /// The help viewer, a program of its own beside this one.
 namespace HelpProcess {
 
@@ -13,7 +15,7 @@ namespace HelpProcess {
 /// other or ends with it. False when the viewer could not be started.
 bool show(const std::filesystem::path& file, int topic = 0);
 
-/// Starts a program that goes its own way. A test puts its own function here.
-extern std::function<bool(const QString& program, const QStringList& arguments)> Start;
+/// Starts a program that goes its own way.
+extern Seam<std::function<bool(const QString& program, const QStringList& arguments)>> Start;
 
 }  // namespace HelpProcess

@@ -4,8 +4,10 @@
 #include <functional>
 #include <string>
 
-/// What the running program is: its title and version, where it is installed, and the state, the
-/// clock and the random numbers that all of it shares.
+#include "seams/Seam.h"
+
+/// What the running program is: its title and version, where it is installed, and the state
+/// and the clock that all of it shares.
 namespace Program {
 
 /// "Quinzolith", the caption of every message box.
@@ -16,10 +18,8 @@ inline constexpr const char* kMaker = "Kelvo Software";
 /// The three numbers joined by ".", for example 1.1.7.
 std::string versionText();
 
-/// The folder of the (resolved) executable, or what setInstallationFolder named.
-std::filesystem::path installationFolder();
-/// Puts another folder in its place: for tests.
-void setInstallationFolder(const std::filesystem::path& folder);
+/// The folder of the (resolved) executable.
+extern Seam<std::function<std::filesystem::path()>> installationFolder;
 
 /// The program-files folder, two levels above the installation folder.
 std::filesystem::path programFilesFolder();
@@ -37,10 +37,6 @@ inline constexpr int kDeepColour = 16;
 inline constexpr int kPaletteDepth = 8;
 
 /// Seconds since midnight, local time, with fractions.
-extern std::function<double()> Timer;
-/// Starts the generator behind Random() anew from a number.
-void Randomize(double seed);
-/// A uniform number in [0, 1) from the program's one generator.
-extern std::function<double()> Random;
+extern Seam<std::function<double()>> Timer;
 
 }  // namespace Program

@@ -35,10 +35,10 @@ bool rootNamesManager(xcb_connection_t* connection) {
 
 }  // namespace
 
-std::function<int(const QWidget&)> bitsPerPixel = [](const QWidget& window) {
+Seam<std::function<int(const QWidget&)>> bitsPerPixel([](const QWidget& window) {
   const QScreen* screen = window.screen();
   return screen ? screen->depth() : 24;
-};
+});
 
 bool hasWindowManager() {
   const auto* x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();

@@ -13,28 +13,17 @@ namespace fs = std::filesystem;
 
 namespace Settings {
 
+Seam<Place> place{{}};
+
 namespace {
 
 constexpr std::size_t kLargestFile = std::size_t{1} << 20;
 constexpr int kPatienceMilliseconds = 200;
 constexpr mode_t kPrivate = 0600;
 
-/// What is not in the user's file, or not yet.
-struct State {
-  std::string testFile;
-  bool looked = false;      ///< at the lock
-  bool unwritable = false;  ///< nothing is stored any more in this run
-  SettingsTexts kept;       ///< what was saved since
-};
-
-State& state() {
-  static State state;
-  return state;
-}
-
 /// "Maker\Title" names the folder and the file of the store.
 fs::path fileOf(const std::string& application) {
-  if (!state().testFile.empty()) return state().testFile;
+  if (!place->file.empty()) return place->file;
   const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
   const std::size_t backslash = application.find('\\');
   return fs::path(folder.toStdU16String()) / application.substr(0, backslash) /
@@ -42,10 +31,10 @@ fs::path fileOf(const std::string& application) {
 }
 
 void giveUp(const fs::path& file, const char* reason) {
-  if (!state().unwritable)
+  if (!place->unwritable)
     std::fprintf(stderr, "%s: The settings cannot be kept (%s: %s); changes hold for this run.\n",
                  Program::kTitle, file.c_str(), reason);
-  state().unwritable = true;
+  place->unwritable = true;
 }
 
 QString lockOf(const fs::path& file) {
@@ -66,7 +55,7 @@ void take(QLockFile& lock) {
 
 /// A lock that nobody gives back is noticed before anything is changed.
 void lookAtLock(const fs::path& file) {
-  if (std::exchange(state().looked, true)) return;
+  if (std::exchange(place->looked, true)) return;
   QLockFile lock(lockOf(file));
   if (fs::symlink_status(lock.fileName().toStdU16String()).type() != fs::file_type::not_found)
     take(lock);
@@ -116,22 +105,17 @@ std::string get(const std::string& application, const std::string& section, cons
   onFile(application, lookAtLock);
   onFile(application, [&](const fs::path& file) { texts = stored(file); });
   const QString path = pathOf(section, key);
-  const auto kept = state().kept.find(path), found = texts.find(path);
-  if (kept != state().kept.end()) return kept->second.toStdString();
+  const auto kept = place->kept.find(path), found = texts.find(path);
+  if (kept != place->kept.end()) return kept->second.toStdString();
   return found == texts.end() ? otherwise : found->second.toStdString();
 }
 
 void save(const std::string& application, const std::string& section, const std::string& key,
           const std::string& value) {
   const QString path = pathOf(section, key), text = QString::fromStdString(value);
-  if (!state().unwritable)
+  if (!place->unwritable)
     onFile(application, [&](const fs::path& file) { store(file, path, text); });
-  if (state().unwritable) state().kept[path] = text;
-}
-
-void useFile(const std::string& file) {
-  state() = {};
-  state().testFile = file;
+  if (place->unwritable) place->kept[path] = text;
 }
 
 }  // namespace Settings

@@ -2,6 +2,9 @@
 
 #include <string>
 
+#include "platform/SettingsText.h"
+#include "seams/Seam.h"
+
 /// The per-user settings store: one file of the user's own, and no other is ever read. Keys live in
 /// sections, sections in applications; every value is a text in UTF-8.
 ///
@@ -28,8 +31,13 @@ std::string get(const std::string& application, const std::string& section, cons
 void save(const std::string& application, const std::string& section, const std::string& key,
           const std::string& value);
 
-/// Keeps the settings in a file of this name instead: for tests. Empty: the user's own again.
-/// Either way as a program that has just started does.
-void useFile(const std::string& file);
+/// Where the settings are, as a program that has just started finds them.
+struct Place {
+  std::string file = {};    ///< empty: the user's own
+  bool looked = false;      ///< at the lock
+  bool unwritable = false;  ///< nothing is stored any more in this run
+  SettingsTexts kept = {};  ///< what was saved since
+};
+extern Seam<Place> place;
 
 }  // namespace Settings

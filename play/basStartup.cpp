@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "model/Random.h"
 #include "model/basTiles.h"
 #include "platform/Dialogs.h"
 #include "platform/Program.h"
@@ -36,7 +37,7 @@ void warnOfDeveloperVersion() {
 }  // namespace
 
 void Main(const std::function<void()>& ShowSplash) {
-  Program::Randomize(Program::Timer());
+  RandomNumbers::start(Program::Timer());
   basTiles::fDeveloperVersion = kDeveloperVersion;
   Program::HelpFile = Program::installationFolder() / "Quinzolith.chm";
   attempt(makeUserFolder);

@@ -2,6 +2,7 @@
 
 #include "board/BoardLayout.h"
 #include "model/PuzzleFormat.h"
+#include "model/Random.h"
 #include "model/basTiles.h"
 #include "platform/PendingEvents.h"
 #include "platform/Program.h"
@@ -37,7 +38,7 @@ void frmMain::BuildControls() {
 
 void frmMain::Form_Load() {
   fActivated_ = false;
-  Program::Randomize(Program::Timer());
+  RandomNumbers::start(Program::Timer());
   BoardLayout::ringGrid(BoardGrid_, PuzzleFormat::kBoardSize, PuzzleFormat::kBoardSize);
   Grid->Grid(&BoardGrid_);
   BoardLayout::ringGrid(TrayGrid_, kTrayWidth, kTrayHeight);

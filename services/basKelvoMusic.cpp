@@ -3,6 +3,7 @@
 #include <limits>
 #include <string>
 
+#include "model/Random.h"
 #include "platform/PendingEvents.h"
 #include "platform/Program.h"
 #include "platform/Settings.h"
@@ -57,7 +58,7 @@ bool listFolder(const fs::path& folder, std::vector<fs::path>& files) {
 }
 
 std::size_t draw(std::size_t count) {
-  return static_cast<std::size_t>(Program::Random() * static_cast<double>(count));
+  return static_cast<std::size_t>(RandomNumbers::next() * static_cast<double>(count));
 }
 
 /// The next correct tune, never the last one again. With fewer than two there is no other: the only

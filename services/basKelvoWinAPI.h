@@ -6,6 +6,8 @@
 #include <functional>
 #include <string>
 
+#include "seams/Seam.h"
+
 /// The platform's functions by the names under which desktop programmers know them. Screen
 /// positions are in device pixels of the screen that shows the given widget.
 namespace basKelvoWinAPI {
@@ -39,10 +41,10 @@ std::filesystem::path GetProgramFilesDir();
 
 /// Opens a web or a mail address, given as raw, unencoded text. Knows the verb "open", takes no
 /// parameters and no folder; the show command is the opened program's own business. A result of 32
-/// or less means failure; a larger one, that it was started. A test puts its own function here.
-extern std::function<int(QWidget* hwnd, const std::string& lpOperation, const std::string& lpFile,
-                         const std::string& lpParameters, const std::string& lpDirectory,
-                         int nShowCmd)>
+/// or less means failure; a larger one, that it was started.
+extern Seam<std::function<int(QWidget* hwnd, const std::string& lpOperation,
+                              const std::string& lpFile, const std::string& lpParameters,
+                              const std::string& lpDirectory, int nShowCmd)>>
     ShellExecuteA;
 
 }  // namespace basKelvoWinAPI

@@ -6,15 +6,12 @@
 
 namespace fs = std::filesystem;
 
+Seam<std::string> SoundDevice::file{{}};
+
 namespace {
 
 /// A buffer of 93 ms: nobody hears the delay, and a busy machine does not tear the sound.
 constexpr int kPeriodFrames = 512, kPeriods = 8;
-
-std::string& testFile() {
-  static std::string file;
-  return file;
-}
 
 std::vector<std::string> builtInDrivers(fluid_settings_t* settings) {
   std::vector<std::string> names;
@@ -39,8 +36,8 @@ bool hasCard() {
 
 /// The drivers to try, best first. Those that would start a sound server are not among them.
 std::vector<std::string> driversToTry(fluid_settings_t* settings) {
-  if (!testFile().empty()) {
-    fluid().fluid_settings_setstr(settings, "audio.file.name", testFile().c_str());
+  if (!SoundDevice::file->empty()) {
+    fluid().fluid_settings_setstr(settings, "audio.file.name", SoundDevice::file->c_str());
     fluid().fluid_settings_setstr(settings, "audio.file.type", "raw");
     return {"file"};
   }
@@ -69,8 +66,4 @@ Fluid<fluid_audio_driver_t> openSoundDevice(const Synthesizer& synthesizer) {
       return open;
   }
   return {};
-}
-
-void useSoundFile(const std::string& file) {
-  testFile() = file;
 }

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "seams/Seam.h"
 #include "sound/Synthesizer.h"
 
 /// Opens the machine's sound device and lets the synthesizer sound on it, from a thread of
@@ -10,6 +11,8 @@
 /// none. May take a while: not for the user-interface thread. Prints nothing.
 Fluid<fluid_audio_driver_t> openSoundDevice(const Synthesizer& synthesizer);
 
-/// Writes the sound to this file instead, as raw 16-bit stereo at 44100 Hz, in the time it would
-/// take to hear it: for tests. Empty: the device again. Set it while no tune plays.
-void useSoundFile(const std::string& file);
+/// The file to which the sound is written instead, as raw 16-bit stereo at 44100 Hz, in the time it
+/// would take to hear it; empty: the device. Replace it while no tune plays.
+namespace SoundDevice {
+extern Seam<std::string> file;
+}

@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+Seam<std::string> Synthesizer::font{{}};
+
 namespace {
 
 constexpr const char* kInstalledFont = "/usr/share/sounds/sf2/TimGM6mb.sf2";
@@ -10,14 +12,9 @@ constexpr int kVoices = 64;
 /// Measured over the tunes that ship: the loudest stays below full scale.
 constexpr double kGain = 0.5;
 
-std::string& testFont() {
-  static std::string file;
-  return file;
-}
-
 /// The sound fonts to try, best first.
 std::vector<std::string> fontsToTry(fluid_settings_t* settings) {
-  if (!testFont().empty()) return {testFont()};
+  if (!Synthesizer::font->empty()) return {*Synthesizer::font};
   char* setUp = nullptr;
   fluid().fluid_settings_dupstr(settings, "synth.default-soundfont", &setUp);
   const std::string first = setUp ? setUp : "";
@@ -47,9 +44,9 @@ Synthesizer::Synthesizer() {
 }
 
 bool Synthesizer::loadFont() {
-  for (const std::string& font : fontsToTry(settings())) {
-    if (!fluid().fluid_is_soundfont(font.c_str())) continue;
-    if (fluid().fluid_synth_sfload(synth(), font.c_str(), 1) != FLUID_FAILED) return true;
+  for (const std::string& file : fontsToTry(settings())) {
+    if (!fluid().fluid_is_soundfont(file.c_str())) continue;
+    if (fluid().fluid_synth_sfload(synth(), file.c_str(), 1) != FLUID_FAILED) return true;
   }
   return false;
 }
@@ -61,8 +58,4 @@ Fluid<fluid_player_t> Synthesizer::playerOf(const void* bytes, std::size_t count
   if (!player || fluid().fluid_player_add_mem(player.get(), bytes, count) != FLUID_OK) return {};
   fluid().fluid_player_play(player.get());
   return player;
-}
-
-void useSoundFont(const std::string& file) {
-  testFont() = file;
 }

@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "seams/Seam.h"
 #include "sound/FluidLibrary.h"
 
 /// FluidSynth's objects, each with its own end.
@@ -22,6 +23,9 @@ class Synthesizer {
  public:
   Synthesizer();
 
+  /// The only font to load; empty: the usual ones. Replace it while no tune plays.
+  static Seam<std::string> font;
+
   /// Whether there is a synthesizer with a font: otherwise nothing can sound.
   bool sounds() const { return sounds_; }
 
@@ -39,7 +43,3 @@ class Synthesizer {
   Fluid<fluid_synth_t> synth_;
   bool sounds_ = false;
 };
-
-/// Loads this sound font and no other from now on: for tests. Empty: the usual ones again. Set it
-/// while no tune plays.
-void useSoundFont(const std::string& file);

@@ -6,9 +6,9 @@ set -u
 cd "$1" || exit 2
 failed=0
 
-if grep -nE '#include <(Q|q|fluid|mspack|X11|xcb)' model/*.h model/*.cpp solver/*.h solver/*.cpp \
+if grep -nE '#include <(Q|q|fluid|mspack|X11|xcb)' seams/*.h model/*.h model/*.cpp solver/*.h solver/*.cpp \
   drafts/*.h drafts/*.cpp files/*.h files/*.cpp; then
-  echo 'model/, solver/, drafts/ and files/ use no toolkit.'
+  echo 'seams/, model/, solver/, drafts/ and files/ use no toolkit.'
   failed=1
 fi
 if git grep -nE '^#include "([^/"]*"|\.)' -- '*.h' '*.cpp'; then

@@ -129,7 +129,7 @@ void Hands::clickOnEntry(PuzzleList& list, const Catalogue::Entry& puzzle) {
 std::vector<PuzzleFormat::PieceRecord> Hands::solution(const std::filesystem::path& file) {
   constexpr int side = PuzzleFormat::kBoardSize;
   const std::string bytes =
-      basTiles::store.read(file, PuzzleFormat::fileSize(side, side, PuzzleFormat::kMostPieces));
+      basTiles::store->read(file, PuzzleFormat::fileSize(side, side, PuzzleFormat::kMostPieces));
   return PuzzleFormat::read(bytes).pieces;
 }
 

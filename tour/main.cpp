@@ -115,7 +115,7 @@ std::string tour(const std::string& kind, const QDir& pictures) {
 std::string soak(const QDir& pictures) {
   const QTemporaryDir folder;
   const std::string sound = folder.filePath("sound.raw").toStdString();
-  useSoundFile(sound);
+  const Replacement device(SoundDevice::file, sound);
   const DisplayErrors errors;
   Wiring program;
   program.start();
@@ -145,9 +145,11 @@ int main(int argc, char** argv) {
   QDir().mkpath(pictures.path());
   QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
-  if (argc > 3) Program::setInstallationFolder(argv[3]);
+  const std::filesystem::path folder = argc > 3 ? argv[3] : Program::installationFolder();
+  const Replacement installed(Program::installationFolder, [folder] { return folder; });
   const QTemporaryDir settings;  // the player's own stay as they are
-  Settings::useFile(settings.filePath("settings.ini").toStdString());
+  const Replacement file(Settings::place,
+                         Settings::Place{settings.filePath("settings.ini").toStdString()});
 
   const std::string trouble = kind == "soak" ? soak(pictures) : tour(kind, pictures);
   finishFirstLevelWork();

@@ -6,8 +6,6 @@
 #include <functional>
 #include <initializer_list>
 
-#include "files/SafeFile.h"
-#include "model/basTiles.h"
 #include "platform/Pointer.h"
 #include "platform/Program.h"
 #include "play/basStartup.h"
@@ -54,15 +52,9 @@ class WithoutPlugins {
   const QStringList paths_ = QCoreApplication::libraryPaths();
 };
 
-void wireModel() {
-  basTiles::store = {SafeFile::exists, SafeFile::read, SafeFile::writeOver};
-  basTiles::Random = [] { return Program::Random(); };
-}
-
 }  // namespace
 
 Wiring::Wiring() {
-  wireModel();
   // Each chooser makes its icons anew; of those of former ones the toolkit would keep 10 MiB.
   QPixmapCache::setCacheLimit(kPixmapCache);
   // Reading eight pictures and handing them to the display server takes longer than the window.

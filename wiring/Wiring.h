@@ -1,6 +1,8 @@
 #pragma once
 
 #include "edit/frmEdit.h"
+#include "files/SafeFile.h"
+#include "model/basTiles.h"
 #include "platform/HeldKeys.h"
 #include "play/PlayWindows.h"
 #include "play/frmFinished.h"
@@ -22,6 +24,9 @@ class Wiring {
   /// Closes what windows are still open, without a question: changes that are not saved are lost.
   void close();
 
+  /// Puzzle files are saved by the calls that leave the old file or the new one.
+  Replacement<PuzzleStore> store{basTiles::store,
+                                 {SafeFile::exists, SafeFile::read, SafeFile::writeOver}};
   PlayWindows windows;
   frmSplash splash{windows};
   frmMain main{windows};

@@ -16,13 +16,9 @@ class TestAtlas {
       for (int x = 0; x < kSide; ++x) picture_.setPixel(x, y, qRgb(x, y, (x * 7 + y * 13) % 256));
     QDir(folder_.path()).mkdir("tiles");
     picture_.save(folder_.filePath("tiles/tiles.bmp"));
-    Program::setInstallationFolder(folder_.path().toStdString());
     Program::ColorDepth = 8;  // the screen on which tiles.bmp is read
   }
-  ~TestAtlas() {
-    Program::setInstallationFolder({});
-    Program::ColorDepth = 24;
-  }
+  ~TestAtlas() { Program::ColorDepth = 24; }
 
   static constexpr int kSide = 256;
   std::filesystem::path file() const { return folder_.filePath("tiles/tiles.bmp").toStdString(); }
@@ -35,5 +31,7 @@ class TestAtlas {
 
  private:
   QTemporaryDir folder_;
+  Replacement<std::function<std::filesystem::path()>> installed_{
+      Program::installationFolder, [this] { return folder_.path().toStdString(); }};
   QImage picture_{kSide, kSide, QImage::Format_RGB32};
 };

@@ -18,11 +18,7 @@ struct Items : RecentMenu {
 
 class Recent : public ::testing::Test {
  protected:
-  void SetUp() override {
-    Settings::useFile(folder_.filePath("settings.ini").toStdString());
-    load(list_, items_);
-  }
-  void TearDown() override { Settings::useFile(""); }
+  void SetUp() override { load(list_, items_); }
 
   static void load(KSRecent& list, Items& items) {
     list.MenuCount(4);
@@ -42,6 +38,8 @@ class Recent : public ::testing::Test {
   }
 
   QTemporaryDir folder_;
+  Replacement<Settings::Place> settings_{
+      Settings::place, Settings::Place{folder_.filePath("settings.ini").toStdString()}};
   KSRecent list_;
   Items items_;
 };
@@ -79,7 +77,7 @@ TEST_F(Recent, TheLatestIsOnTopAndTheFifthDrivesTheOldestOut) {
 }
 
 TEST_F(Recent, AListThatCannotBeStoredHoldsForThisRun) {
-  Settings::useFile(folder_.path().toStdString());  // a folder, where the file should be
+  const Replacement aFolder(Settings::place, Settings::Place{folder_.path().toStdString()});
   KSRecent list;
   Items menu;
   load(list, menu);

@@ -107,9 +107,12 @@ TEST_F(EditorFiles, TheQuestionAndWhatEachAnswerLeavesBehind) {
 TEST_F(EditorFiles, AFailedSaveHoldsTheCommandBackAndKeepsTheChangesAndTheOldFile) {
   const fs::path file = user_ / "full.qzl";
   inEditor([&] {
-    const auto working = basTiles::store.write;
-    const auto setWrite = [](const decltype(working)& write) {
-      Script::onScreen([&] { basTiles::store.write = write; });
+    const PuzzleStore working = *basTiles::store;
+    std::optional<Replacement<PuzzleStore>> store;
+    const auto setWrite = [&](const decltype(working.write)& write) {
+      Script::onScreen([&] {
+        store.emplace(basTiles::store, PuzzleStore{working.exists, working.read, write});
+      });
     };
     const auto fullDisk = [](const fs::path&, const std::string&, std::size_t) {
       throw std::system_error(std::make_error_code(std::errc::no_space_on_device));
@@ -132,7 +135,7 @@ TEST_F(EditorFiles, AFailedSaveHoldsTheCommandBackAndKeepsTheChangesAndTheOldFil
     expectFailure();
     EXPECT_EQ(recent(0), "hidden");
 
-    setWrite(working);
+    setWrite(working.write);
     menu(edit(), "mnuFileSave");
     Script::waitFor("the save", [] { return fSaved; });
     const std::string old = bytesOf(file);

@@ -143,24 +143,22 @@ TEST_F(Editor, PlayFollowsOnlyAnEditorThatClosedAndItOpensEmptyAgain) {
 
 TEST_F(Editor, HelpGoesToItsTopics) {
   std::vector<QStringList> asked;
-  const auto real = HelpProcess::Start;
-  HelpProcess::Start = [&](const QString&, const QStringList& arguments) {
+  const Replacement viewer(HelpProcess::Start, [&](const QString&, const QStringList& arguments) {
     asked.push_back(arguments);
     return true;
-  };
+  });
   inEditor([&] {
     menu(edit(), "mnuHelpContents");
     menu(edit(), "mnuHelpCreate");
     key(edit(), Qt::Key_F1);
   });
-  HelpProcess::Start = real;
   const QString file = QString::fromStdString(Program::HelpFile.string());
   EXPECT_TRUE(file.endsWith("/Quinzolith.chm"));
   EXPECT_EQ(asked, (std::vector<QStringList>{{file}, {file, "1300"}, {file, "1300"}}));
 }
 
 TEST_F(Editor, WithFewColoursTheBackgroundGoesAndTheAboutBoxIsShownOverTheCover) {
-  Screen::bitsPerPixel = [](const QWidget&) { return 8; };
+  const Replacement fewColours(Screen::bitsPerPixel, [](const QWidget&) { return 8; });
   inEditor([this] {
     EXPECT_TRUE(Script::onScreen([this] { return edit().Grid->BackTexture().isNull(); }));
     EXPECT_FALSE(visible(edit(), "fraCover"));

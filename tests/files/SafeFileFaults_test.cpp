@@ -29,7 +29,6 @@ const std::string kLonger = "old" + std::string(700, '.') + "tail";
 class Sweep : public ::testing::TestWithParam<Scenario> {
  protected:
   Sweep() {
-    basTiles::store = {SafeFile::exists, SafeFile::read, SafeFile::writeOver};
     laySample(windows.editor.grid);
     if (GetParam().throughLink) fs::create_symlink(target, named);
     reset();
@@ -72,6 +71,8 @@ class Sweep : public ::testing::TestWithParam<Scenario> {
   const fs::path target = folder.path / "target.qzl";
   const fs::path named = GetParam().throughLink ? folder.path / "link.qzl" : target;
   mutable BareWindows windows;
+  Replacement<PuzzleStore> store{basTiles::store,
+                                 {SafeFile::exists, SafeFile::read, SafeFile::writeOver}};
   std::string wanted;
 };
 

@@ -11,6 +11,7 @@
 #include <string>
 
 #include "files/SafeFile.h"
+#include "seams/Seam.h"
 #include "tests/files/FileBytes.h"
 
 /// The system's own disk calls, counted, small in their transfers, and with a hook in front. The
@@ -22,8 +23,13 @@ class TestDisk {
   std::function<int(int number, const std::string& name)> before;
   int calls = 0;
 
-  TestDisk() {
-    DiskCalls& disk = SafeFile::disk;
+  TestDisk() : replacement_(SafeFile::disk, countedCalls()) {}
+  TestDisk(const TestDisk&) = delete;
+  TestDisk& operator=(const TestDisk&) = delete;
+
+ private:
+  DiskCalls countedCalls() {
+    DiskCalls disk;
     disk.read = [](int file, void* to, std::size_t size, off_t offset) {
       return DiskCalls{}.read(file, to, std::min<std::size_t>(size, 200), offset);
     };
@@ -48,12 +54,9 @@ class TestDisk {
     count(disk.rename, "rename");
     count(disk.remove, "remove");
     count(disk.list, "list");
+    return disk;
   }
-  TestDisk(const TestDisk&) = delete;
-  TestDisk& operator=(const TestDisk&) = delete;
-  ~TestDisk() { SafeFile::disk = DiskCalls{}; }
 
- private:
   bool allows(const std::string& name) {
     ++calls;
     const int error = before ? before(calls, name) : 0;
@@ -72,6 +75,8 @@ class TestDisk {
       return -1;
     };
   }
+
+  Replacement<DiskCalls> replacement_;
 };
 
 /// A folder of its own for a test, empty at the start.

@@ -32,10 +32,7 @@ std::size_t emptyCells(const PENTOGRID& grid) {
 /// The game, with a disk that holds one file.
 class Game {
  public:
-  explicit Game(const std::string& bytes) {
-    disk.files["a.qzl"] = bytes;
-    basTiles::store = disk.store();
-  }
+  explicit Game(const std::string& bytes) { disk.files["a.qzl"] = bytes; }
 
   bool load(bool toEditor, const char* file = "a.qzl") {
     const bool loaded = basTiles::LoadPuzzle(file, toEditor);
@@ -53,6 +50,7 @@ class Game {
 
   BareWindows windows;
   MemoryStore disk;
+  Replacement<PuzzleStore> store{basTiles::store, disk.store()};
 };
 
 /// What the editor has made of a file comes back from its save as it was saved.

@@ -56,11 +56,11 @@ QString fileWith(const std::uint8_t* data, std::size_t size) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   stopAtBrokenClaims();
   const QString file = fileWith(data, size);
-  Settings::useFile(file.toStdString());
+  const Replacement settings(Settings::place, Settings::Place{file.toStdString()});
   const auto sound = soundSetting();
   Recent recent;
   BareWindows windows;
-  basTiles::store = {SafeFile::exists, SafeFile::read, SafeFile::writeOver};
+  const Replacement store(basTiles::store, {SafeFile::exists, SafeFile::read, SafeFile::writeOver});
   for (const std::string& name : recent.files()) {
     const bool loaded = basTiles::LoadPuzzle(name, true);
     EXPECT_EQ(loaded, basTiles::LastFileError.empty());

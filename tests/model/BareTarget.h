@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "model/Random.h"
 #include "model/basTiles.h"
 #include "tests/model/Pieces.h"
 
@@ -30,7 +31,6 @@ class BareWindows {
   explicit BareWindows(unsigned seed = 1) : generator_(seed) {
     reset();
     basTiles::targets = {&board, &tray, &editor};
-    basTiles::Random = [this] { return std::uniform_real_distribution<double>{}(generator_); };
   }
   BareWindows(const BareWindows&) = delete;
   BareWindows& operator=(const BareWindows&) = delete;
@@ -44,8 +44,6 @@ class BareWindows {
  private:
   static void reset() {
     basTiles::targets = {};
-    basTiles::store = streamPuzzleStore();
-    basTiles::Random = nullptr;
     basTiles::AfterSave = nullptr;
     basTiles::LastFileError.clear();
     basTiles::CurrentPuzzleFile.clear();
@@ -57,4 +55,6 @@ class BareWindows {
   }
 
   std::mt19937 generator_;
+  Replacement<std::function<double()>> random_{
+      RandomNumbers::next, [this] { return std::uniform_real_distribution<double>{}(generator_); }};
 };

@@ -32,7 +32,7 @@ TEST(PuzzlePage, ItsDumpIsWhatIsSaved) {
   ASSERT_EQ(dump.size(), PuzzleFormat::fileSize(14, 14, 2));
   BareWindows windows;
   MemoryStore disk;
-  basTiles::store = disk.store();
+  const Replacement store(basTiles::store, disk.store());
   disk.files["page.qzl"] = dump;
   ASSERT_TRUE(basTiles::LoadPuzzle("page.qzl", true)) << basTiles::LastFileError;
   ASSERT_EQ(windows.editor.grid.PentoCollection().Count(), 2u);

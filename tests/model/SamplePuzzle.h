@@ -16,7 +16,6 @@ inline void laySample(PENTOGRID& grid) {
 class SavedSample {
  protected:
   SavedSample() {
-    basTiles::store = disk.store();
     laySample(windows.editor.grid);
     if (!basTiles::SavePuzzle("sample.qzl", windows.editor))
       throw std::logic_error(basTiles::LastFileError);
@@ -25,5 +24,6 @@ class SavedSample {
 
   BareWindows windows;
   MemoryStore disk;
+  Replacement<PuzzleStore> store{basTiles::store, disk.store()};
   std::string sample;
 };

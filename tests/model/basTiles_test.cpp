@@ -50,7 +50,8 @@ class Tiles : public Test, protected SavedSample {
   /// Random numbers that are given out one by one.
   void script(std::vector<double> numbers) {
     drawn = 0;
-    basTiles::Random = [this, numbers = std::move(numbers)] { return numbers.at(drawn++); };
+    scripted.emplace(RandomNumbers::next,
+                     [this, numbers = std::move(numbers)] { return numbers.at(drawn++); });
   }
 
   /// What a load for play asks of the controls.
@@ -60,6 +61,7 @@ class Tiles : public Test, protected SavedSample {
   PENTOGRID& tray = windows.tray.grid;
   PENTOGRID& editor = windows.editor.grid;
   std::size_t drawn = 0;
+  std::optional<Replacement<std::function<double()>>> scripted;
 };
 
 TEST_F(Tiles, PlayGetsTheShapeOnTheBoardAndThePiecesInTheTray) {
@@ -264,9 +266,11 @@ TEST_F(Tiles, OnlyASuccessfulSaveIsToldOnward) {
   std::vector<std::string> saved;
   basTiles::AfterSave = [&](const auto& file) { saved.push_back(file.string()); };
   EXPECT_TRUE(SavePuzzle("one.qzl", windows.editor));
-  basTiles::store.write = [](const auto&, const auto&, std::size_t) {
+  PuzzleStore full = disk.store();
+  full.write = [](const auto&, const auto&, std::size_t) {
     throw std::system_error(ENOSPC, std::generic_category());
   };
+  const Replacement fullStore(basTiles::store, full);
   EXPECT_FALSE(SavePuzzle("two.qzl", windows.editor));
   EXPECT_EQ(LastFileError, "No space left on device.\r\ntwo.qzl");
   EXPECT_FALSE(SavePuzzle(".three.qzl", windows.editor));
@@ -275,12 +279,15 @@ TEST_F(Tiles, OnlyASuccessfulSaveIsToldOnward) {
 }
 
 TEST_F(Tiles, AFailingStoreIsAReasonAndNoCrash) {
-  basTiles::store.exists = [](const auto&) -> bool {
+  PuzzleStore failing = disk.store();
+  failing.exists = [](const auto&) -> bool {
     throw std::system_error(ENAMETOOLONG, std::generic_category());
   };
-  EXPECT_FALSE(LoadPuzzle("x.qzl", false));
+  {
+    const Replacement failingStore(basTiles::store, failing);
+    EXPECT_FALSE(LoadPuzzle("x.qzl", false));
+  }
   EXPECT_EQ(LastFileError, "File name too long.");
-  basTiles::store = disk.store();
   basTiles::targets = {};
   EXPECT_FALSE(load(sample));
   EXPECT_EQ(LastFileError, "No window is open to load into.");

@@ -28,8 +28,9 @@ std::string soundOr(const std::string& otherwise) {
 
 class SettingsFile : public ::testing::Test {
  protected:
-  void SetUp() override { Settings::useFile(file_.string()); }
-  void TearDown() override { Settings::useFile({}); }
+  /// As a program does that has just started.
+  void startAnew() { place_.emplace(Settings::place, Settings::Place{file_.string()}); }
+  void SetUp() override { startAnew(); }
 
   /// Reads, changes and reads again, as a game does, and expects one line about it.
   void expectToPlayOn(const std::string& read) const {
@@ -50,13 +51,14 @@ class SettingsFile : public ::testing::Test {
   const QTemporaryDir folder_;
   const fs::path root_ = folder_.path().toStdString();
   const fs::path file_ = root_ / "settings.conf";
+  std::optional<Replacement<Settings::Place>> place_;
 };
 
 TEST_F(SettingsFile, KeepsAnyTextInAFileOfTheUsersAlone) {
   const std::string odd = "a=b\n[c] %41 \\ \xC3\xA4 \xE2\x82\xAC\t;";
   Settings::save(kApplication, "Sec tion/2", "K=ey", odd);
   soundOr("");
-  Settings::useFile(file_.string());
+  startAnew();
   EXPECT_EQ(Settings::get(kApplication, "Sec tion/2", "K=ey", "?"), odd);
   struct stat status {};
   ASSERT_EQ(::stat(file_.c_str(), &status), 0);
@@ -84,11 +86,11 @@ TEST_F(SettingsFile, APipeOrAFolderInAFilesPlaceIsNotWaitedFor) {
   expectToPlayOn("True");
   fs::remove(file_);
   fs::create_directory(file_);
-  Settings::useFile(file_.string());
+  startAnew();
   expectToPlayOn("True");
   fs::remove(file_);
   ASSERT_EQ(::mkfifo((file_.string() + ".lock").c_str(), 0600), 0);
-  Settings::useFile(file_.string());
+  startAnew();
   expectToPlayOn("True");
 }
 
@@ -100,7 +102,7 @@ class SettingsFolders : public SettingsFile {
     QStandardPaths::setTestModeEnabled(false);
     qputenv("XDG_CONFIG_HOME", user_.c_str());
     qputenv("XDG_CONFIG_DIRS", system_.c_str());
-    Settings::useFile({});
+    place_.emplace(Settings::place, Settings::Place{});
   }
   void TearDown() override {
     qunsetenv("XDG_CONFIG_HOME");

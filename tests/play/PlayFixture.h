@@ -10,6 +10,7 @@
 #include <QTemporaryDir>
 #include <QtTest/QTest>
 #include <memory>
+#include <optional>
 
 #include "catalogue/Catalogue.h"
 #include "model/PuzzleFormat.h"
@@ -31,25 +32,20 @@ namespace fs = std::filesystem;
 class PlayFixture : public ::testing::Test {
  protected:
   void SetUp() override {
-    folder_ = fs::path(temporary_.path().toStdString()) / "Kelvo Software" / "Quinzolith";
     fs::create_directories(folder_ / "puzzles");
     fs::create_directories(folder_ / "tiles");
     for (const char* tiles : {"tiles.jpg", "tiles.bmp"})
       fs::copy_file(fs::path(QUINZOLITH_TREE) / "tiles" / tiles, folder_ / "tiles" / tiles);
     for (const Catalogue::Entry& entry : Catalogue::entries())
       writePuzzle(folder_ / "puzzles" / (std::string(entry.key) + ".qzl"));
-    Settings::useFile((folder_ / "settings.ini").string());
-    Program::setInstallationFolder(folder_);
     basStartup::fSplashDone = false;
     program_ = std::make_unique<Wiring>();
-    depth_ = Screen::bitsPerPixel;
   }
 
   void TearDown() override {
     program_.reset();
     finishFirstLevelWork();
-    Screen::bitsPerPixel = depth_;
-    Program::Timer = clock_;
+    clock_.reset();
     Program::ColorDepth = 24;
     basTiles::CurrentPuzzleFile.clear();
   }
@@ -195,15 +191,19 @@ class PlayFixture : public ::testing::Test {
   }
 
   /// Puts the program's clock forward.
-  static void letPass(double seconds) {
-    Script::onScreen([seconds] {
-      Program::Timer = [clock = Program::Timer, seconds] { return clock() + seconds; };
+  void letPass(double seconds) {
+    Script::onScreen([=, this] {
+      clock_.emplace(Program::Timer,
+                     [clock = *Program::Timer, seconds] { return clock() + seconds; });
     });
   }
 
   QTemporaryDir temporary_;
-  fs::path folder_;
+  fs::path folder_ = fs::path(temporary_.path().toStdString()) / "Kelvo Software" / "Quinzolith";
+  Replacement<Settings::Place> settings_{Settings::place,
+                                         Settings::Place{(folder_ / "settings.ini").string()}};
+  Replacement<std::function<fs::path()>> installed_{Program::installationFolder,
+                                                    [this] { return folder_; }};
   std::unique_ptr<Wiring> program_;
-  std::function<int(const QWidget&)> depth_;
-  const std::function<double()> clock_ = Program::Timer;
+  std::optional<Replacement<std::function<double()>>> clock_;
 };

@@ -83,7 +83,8 @@ TEST_F(Roads, ASolvedPuzzleOffersFourWaysOn) {
 TEST_F(Roads, TheSolvedDialogIgnoresWhatWasMeantForTheBoard) {
   play([this] {
     toPlay();
-    Script::onScreen([] { Program::Timer = [] { return 86399.9; }; });  // midnight is near
+    Script::onScreen(
+        [this] { clock_.emplace(Program::Timer, [] { return 86399.9; }); });  // midnight is near
     solve();
     Script::onScreen([this] {  // the button that laid the last piece is still held
       auto* option = qobject_cast<QAbstractButton*>(control(program_->finished, "imgQuit"));
@@ -94,7 +95,7 @@ TEST_F(Roads, TheSolvedDialogIgnoresWhatWasMeantForTheBoard) {
       EXPECT_FALSE(option->isDown());
     });
     const auto stays = [this](double now) {
-      Script::onScreen([now] { Program::Timer = [now] { return now; }; });
+      Script::onScreen([=, this] { clock_.emplace(Program::Timer, [now] { return now; }); });
       const auto tryOut = [this](const char* name, bool byKey) {
         Script::post([=, this] {
           if (!program_->finished.Loaded()) return;
@@ -172,15 +173,14 @@ TEST_F(Roads, TheSplashWindowIsTheAboutBoxOnceItHasBeenLeft) {
     EXPECT_TRUE(visible(program_->splash, "imgEdit"));
     int visits = 0;
     Script::onScreen([&] {
-      const auto usual = basKelvoWinAPI::ShellExecuteA;
-      basKelvoWinAPI::ShellExecuteA = [&visits](auto&&...) { return ++visits, 42; };
+      const Replacement shell(basKelvoWinAPI::ShellExecuteA,
+                              [&visits](auto&&...) { return ++visits, 42; });
       for (const char* name : {"imgVisit", "lblVisit"}) {
         QWidget* option = control(program_->splash, name);
         QTest::mouseClick(option, Qt::LeftButton);
         QTest::mouseDClick(option, Qt::LeftButton);
         QTest::mouseRelease(option, Qt::LeftButton);
       }
-      basKelvoWinAPI::ShellExecuteA = usual;
     });
     EXPECT_EQ(visits, 2) << "a double-click is one click";
     toPlay();

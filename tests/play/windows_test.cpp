@@ -235,7 +235,7 @@ TEST_F(Windows, AMissingRocketIsPassedOverInSilence) {
 
 TEST_F(Windows, FewColoursTakeTheirOwnPicturesAndDropTheBackgrounds) {
   for (int depth : {8, 4, 16}) {
-    Screen::bitsPerPixel = [depth](const QWidget&) { return depth; };
+    const Replacement colours(Screen::bitsPerPixel, [depth](const QWidget&) { return depth; });
     basStartup::fSplashDone = false;
     play([this, depth] {
       waitOpen(program_->splash);

@@ -27,18 +27,6 @@ struct Call {
 /// A shell that answers each call with the same result, and the link messages that followed.
 class LinksTest : public ::testing::Test {
  protected:
-  void SetUp() override {
-    basKelvoWinAPI::ShellExecuteA = [this](QWidget* hwnd, const std::string& operation,
-                                           const std::string& file, const std::string& parameters,
-                                           const std::string& folder, int show) {
-      EXPECT_EQ(hwnd, nullptr);
-      calls.push_back({operation, file, parameters, folder, show});
-      if (result <= 32) answerNextMessage();
-      return result;
-    };
-  }
-  void TearDown() override { basKelvoWinAPI::ShellExecuteA = real; }
-
   void answerNextMessage() {
     QTimer::singleShot(0, &context, [this] {
       auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
@@ -51,11 +39,21 @@ class LinksTest : public ::testing::Test {
     });
   }
 
-  const decltype(basKelvoWinAPI::ShellExecuteA) real = basKelvoWinAPI::ShellExecuteA;
   QObject context;
   int result = 33;
   std::vector<Call> calls;
   std::vector<std::string> messages;
+  using Shell = std::function<int(QWidget*, const std::string&, const std::string&,
+                                  const std::string&, const std::string&, int)>;
+  Replacement<Shell> shell{
+      basKelvoWinAPI::ShellExecuteA,
+      [this](QWidget* hwnd, const std::string& operation, const std::string& file,
+             const std::string& parameters, const std::string& folder, int show) {
+        EXPECT_EQ(hwnd, nullptr);
+        calls.push_back({operation, file, parameters, folder, show});
+        if (result <= 32) answerNextMessage();
+        return result;
+      }};
 };
 
 TEST_F(LinksTest, TheShellGetsRawTexts) {
@@ -110,18 +108,16 @@ TEST_F(LinksTest, ALateFailureIsShownOverAWindowOrNotAtAll) {
 }
 
 TEST(HtmlHelp, TheViewerGetsTheFileAndATopicOnlyWhenAskedForOne) {
-  const auto real = HelpProcess::Start;
   std::vector<QStringList> started;
-  HelpProcess::Start = [&](const QString& program, const QStringList& arguments) {
-    started.push_back(QStringList{program} + arguments);
-    return false;  // a viewer that cannot be started makes no noise
-  };
-  Program::setInstallationFolder("/games/my folder");
+  const Replacement start(HelpProcess::Start,
+                          [&](const QString& program, const QStringList& arguments) {
+                            started.push_back(QStringList{program} + arguments);
+                            return false;  // a viewer that cannot be started makes no noise
+                          });
+  const Replacement folder(Program::installationFolder, [] { return "/games/my folder"; });
   using namespace basHTMLHelp;
   HtmlHelpA(nullptr, "/games/my folder/Quinzolith.chm", HH_DISPLAY_TOPIC, 0);
   HtmlHelpA(nullptr, "/games/my folder/Quinzolith.chm", HH_HELP_CONTEXT, 1200);
-  Program::setInstallationFolder({});
-  HelpProcess::Start = real;
   const QString viewer = "/games/my folder/quinzolith-help";
   const QString file = "/games/my folder/Quinzolith.chm";
   EXPECT_EQ(started, (std::vector<QStringList>{{viewer, file}, {viewer, file, "1200"}}));

@@ -9,6 +9,7 @@
 #include <map>
 #include <set>
 
+#include "model/Random.h"
 #include "platform/PendingEvents.h"
 #include "platform/Program.h"
 #include "platform/Settings.h"
@@ -49,18 +50,9 @@ class Music : public ::testing::Test {
  protected:
   Music() {
     music::Reset();
-    Settings::useFile((root_ / "settings.ini").string());
-    const fs::path installed = root_ / "Kelvo Software" / "Quinzolith";
-    fs::create_directories(installed);
-    Program::setInstallationFolder(installed);
-    Program::Random = [this] { return random; };
+    fs::create_directories(root_ / "Kelvo Software" / "Quinzolith");
   }
-  ~Music() override {
-    music::Reset();
-    Settings::useFile({});
-    Program::setInstallationFolder({});
-    Program::Random = usual_;
-  }
+  ~Music() override { music::Reset(); }
 
   fs::path tunes() const { return root_ / "Kelvo Software" / "Common Files" / "MIDI"; }
   fs::path add(const std::string& set, const std::string& name) {
@@ -102,7 +94,11 @@ class Music : public ::testing::Test {
  private:
   QTemporaryDir folder_;
   fs::path root_ = folder_.path().toStdString();
-  std::function<double()> usual_ = Program::Random;
+  Replacement<Settings::Place> settings_{Settings::place,
+                                         Settings::Place{(root_ / "settings.ini").string()}};
+  Replacement<std::function<fs::path()>> installed_{
+      Program::installationFolder, [this] { return root_ / "Kelvo Software" / "Quinzolith"; }};
+  Replacement<std::function<double()>> random_{RandomNumbers::next, [this] { return random; }};
 };
 
 std::set<fs::path> listed(const std::vector<fs::path>& files) {
@@ -231,10 +227,13 @@ TEST_F(Music, CorrectTunesNeverComeTwiceInARowAndTheFirstIsNeverTheFirst) {
     wrong.mode = TunePlayer::kStopped;
     return correct.FileName.filename();
   };
-  Program::Random = [flip = 0]() mutable { return flip++ % 3 == 0 ? 0.2 : 0.7; };
+  bool stuck = false;
+  const Replacement numbers(RandomNumbers::next, [&stuck, flip = 0]() mutable {
+    return !stuck && flip++ % 3 == 0 ? 0.2 : 0.7;
+  });
   for (int i = 0; i < 8; ++i) {
     EXPECT_EQ(nextCorrect(), i % 2 == 0 ? "c1" : "c0");
-    if (i == 5) Program::Random = [] { return 0.7; };  // a stuck generator does not stop the game
+    if (i == 5) stuck = true;  // a stuck generator does not stop the game
   }
   music::CorrectFiles = {"only", {}};
   for (int i = 0; i < 2; ++i) EXPECT_EQ(nextCorrect(), "only") << "again and again";
@@ -257,7 +256,7 @@ TEST_F(Music, ClosingClosesInOrderOnceAndLeavesNothingToPlayOn) {
 TEST_F(Music, AWindowThatClosesInTheMiddleOfASongIsNotTouchedAgain) {
   initOn();
   int draws = 0;
-  Program::Random = [&] { return ++draws, 0.9; };
+  const Replacement numbers(RandomNumbers::next, [&] { return ++draws, 0.9; });
   int depth = 0;
   QTimer::singleShot(0, [&] {
     depth = NestedLoop::depth();
@@ -279,7 +278,7 @@ TEST_F(Music, AWindowThatClosesInTheMiddleOfASongIsNotTouchedAgain) {
 
 /// The whole of it, on the tunes that ship, in silence.
 TEST_F(Music, RealPlayersGoThroughAWrongTuneAndASong) {
-  useSoundFont("none");
+  const Replacement noFont(Synthesizer::font, "none");
   fs::create_directories(tunes());
   fs::copy(fs::path(QUINZOLITH_SOURCE_DIR) / "tunes", tunes(), fs::copy_options::recursive);
   music::LoadSoundLists();
@@ -298,7 +297,6 @@ TEST_F(Music, RealPlayersGoThroughAWrongTuneAndASong) {
   music::SetSound(false);
   EXPECT_EQ(songTune->Mode(), TunePlayer::kStopped);
   music::CloseSound();
-  useSoundFont({});
 }
 
 }  // namespace

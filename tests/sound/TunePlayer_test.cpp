@@ -19,11 +19,6 @@ namespace {
 
 class Player : public ::testing::Test {
  protected:
-  ~Player() override {
-    useSoundFile({});
-    useSoundFont({});
-  }
-
   /// A file with one note of that many milliseconds.
   fs::path tune(std::uint32_t milliseconds) {
     const fs::path file = path("tune" + std::to_string(milliseconds) + ".mid");
@@ -140,9 +135,9 @@ TEST_F(Player, StopKeepsThePlaceAndBackReturnsToTheBeginning) {
 }
 
 TEST_F(Player, WithoutASoundFontATuneTakesItsTimeInSilence) {
-  for (const fs::path& soundFont : {path("missing.sf2"), tune(1)}) {
-    useSoundFont(soundFont);
-    useSoundFile(path("sound.raw"));
+  for (const fs::path& font : {path("missing.sf2"), tune(1)}) {
+    const Replacement fonts(Synthesizer::font, font),
+        device(SoundDevice::file, path("sound.raw").string());
     auto player = open(tune(20));
     player->Command("Play");
     ASSERT_TRUE(waitForDone(1));
@@ -172,7 +167,7 @@ bool threadsBecome(std::ptrdiff_t count) {
 
 TEST_F(Player, ATuneSoundsOnTheDeviceAndLeavesNoThreadBehind) {
   const fs::path sound = path("sound.raw");
-  useSoundFile(sound.string());
+  const Replacement device(SoundDevice::file, sound.string());
   const auto before = threads();
   auto player = open(tune(1500));
   EXPECT_EQ(threads(), before) << "nothing is made before a tune plays";
@@ -198,7 +193,7 @@ TEST_F(Player, ADeviceThatHangsHoldsUpNothingButTheSound) {
   const auto before = threads();
   const std::string hanging = path("hanging");
   ASSERT_EQ(mkfifo(hanging.c_str(), 0600), 0);
-  useSoundFile(hanging);
+  const Replacement device(SoundDevice::file, hanging);
   auto player = open(tune(50));
   player->Command("Play");
   ASSERT_TRUE(waitForDone(1));

@@ -19,8 +19,6 @@ namespace {
 class Tour : public ::testing::Test {
  protected:
   void SetUp() override {
-    Settings::useFile(settings_.filePath("settings.ini").toStdString());
-    Program::setInstallationFolder(QUINZOLITH_TREE);
     basStartup::fSplashDone = false;
     program_.emplace();
     program_->start();
@@ -46,7 +44,11 @@ class Tour : public ::testing::Test {
     hands.waitOpen(program_->main);
   }
 
-  QTemporaryDir settings_;
+  QTemporaryDir folder_;
+  Replacement<Settings::Place> settings_{
+      Settings::place, Settings::Place{folder_.filePath("settings.ini").toStdString()}};
+  Replacement<std::function<std::filesystem::path()>> installed_{Program::installationFolder,
+                                                                 [] { return QUINZOLITH_TREE; }};
   std::optional<Wiring> program_;
 };
 
