@@ -44,6 +44,11 @@ bool Hand::keyPressed(const QKeyEvent& event) {
   return true;
 }
 
+void Hand::toBoard() {
+  keys_.toBoard();
+  showMark();
+}
+
 void Hand::showMark() {
   if (const PENTOWINDOW* control = keys_.underHand())
     mark_->showAt(Pointer::position(), control->TileWidth() / control->devicePixelRatioF());

@@ -44,7 +44,8 @@ class Hand : public QObject {
 
   /// Lets keys move the hand between the window's boards. `tray` may be null.
   void serveKeys(PENTOWINDOW& board, PENTOWINDOW* tray) { keys_.serve(board, tray); }
-  HandKeys& keys() { return keys_; }
+  const HandKeys& keys() const { return keys_; }
+  void toBoard();  ///< moves the hand onto the board, by key
   /// True when the key has moved or used the hand; then a mark shows where it is, until the pointer
   /// is moved.
   bool keyPressed(const QKeyEvent& event);

@@ -38,6 +38,11 @@ std::vector<QPoint> freeCellsFor(const PENTO& piece, const PENTOGRID& grid) {
   return cells;
 }
 
+bool isForButtons(int key) {
+  return key == Qt::Key_Tab || key == Qt::Key_Backtab || key == Qt::Key_Return ||
+         key == Qt::Key_Enter;
+}
+
 }  // namespace
 
 void HandKeys::serve(PENTOWINDOW& board, PENTOWINDOW* tray) {
@@ -69,7 +74,7 @@ PENTOWINDOW* HandKeys::beside(const PENTOWINDOW& from, int direction) const {
 }
 
 bool HandKeys::press(const QKeyEvent& event) {
-  if (!board_) return false;
+  if (!board_ || (isForButtons(event.key()) && !tray_ && !underHand())) return false;
   const bool held = event.isAutoRepeat();
   switch (event.key()) {
     case Qt::Key_Left:

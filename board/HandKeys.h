@@ -18,7 +18,8 @@ class PENTOWINDOW;
 ///   Escape          takes the carried piece back, in place and orientation, to where it came from,
 ///                   else to the nearest free place of the tray; a new piece is thrown away
 ///
-/// Only arrows repeat when they are held.
+/// Without a tray, as in the editor, Tab and Enter are left to the buttons while the hand is not on
+/// the board. Only arrows repeat when they are held.
 class HandKeys {
  public:
   explicit HandKeys(QWidget& window) : window_(window) {}

@@ -1,5 +1,6 @@
 #include "edit/PictureButton.h"
 
+#include <QKeyEvent>
 #include <QStyleOptionButton>
 #include <QStylePainter>
 
@@ -30,6 +31,14 @@ const QImage& PictureButton::pictureFor(double ratio) {
   picture_ = densePicture(name_ + ".png", ratio, Fit::Exact);
   picture_.setDevicePixelRatio(1);  // it is drawn in device pixels
   return picture_;
+}
+
+void PictureButton::keyPressEvent(QKeyEvent* event) {
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (enter && !event->isAutoRepeat())
+    click();
+  else
+    QPushButton::keyPressEvent(event);
 }
 
 void PictureButton::paintEvent(QPaintEvent*) {

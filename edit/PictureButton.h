@@ -14,6 +14,7 @@ class PictureButton : public QPushButton {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;  // Enter is a click, as the space bar is
 
  private:
   const QImage& pictureFor(double ratio);

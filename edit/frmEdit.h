@@ -54,6 +54,8 @@ class frmEdit : public Form, private RecentMenu {
   PictureButton* addButton(const QString& object, const QString& picture, const QString& name,
                            const QString& hint, const QRectF& place);
   void layOutBoard();
+  void addKey(Qt::Key key, const std::function<void()>& action);
+  void switchBetweenButtonsAndBoard();
 
   // menus
   void buildFileMenu();

@@ -1,3 +1,5 @@
+#include <QShortcut>
+
 #include "board/BoardLayout.h"
 #include "edit/PictureButton.h"
 #include "edit/frmEdit.h"
@@ -31,10 +33,31 @@ void frmEdit::BuildControls() {
     fFileChanged = true;
     hint_.end();
   };
+  Hand::of(*Grid).serveKeys(*Grid, nullptr);
   Grid->setFocus();
+  addKey(Qt::Key_F6, [this] { switchBetweenButtonsAndBoard(); });
+  addKey(Qt::Key_Escape, [this] {
+    if (Grid->Floating()) Grid->TakeBack(nullptr);
+  });
   fraCover_ = BoardLayout::newCover(Client());
   buildFileMenu();
   buildHelpMenu();
+}
+
+void frmEdit::addKey(Qt::Key key, const std::function<void()>& action) {
+  auto* shortcut = new QShortcut(QKeySequence(key), Window());
+  shortcut->setAutoRepeat(false);
+  QObject::connect(shortcut, &QShortcut::activated, Window(), action);
+}
+
+/// Keys serve the buttons, or the hand on the board.
+void frmEdit::switchBetweenButtonsAndBoard() {
+  Hand& hand = Hand::of(*Grid);
+  const bool onBoard = Grid->focusProxy()->hasFocus() && hand.keys().underHand();
+  if (onBoard)
+    Client()->findChild<QWidget*>("cmdPento0")->setFocus(Qt::TabFocusReason);
+  else
+    hand.toBoard();
 }
 
 PictureButton* frmEdit::addButton(const QString& object, const QString& picture,

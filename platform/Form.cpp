@@ -6,6 +6,7 @@
 #include <QMenuBar>
 #include <QScopedValueRollback>
 #include <QScreen>
+#include <QShortcut>
 #include <algorithm>
 #include <vector>
 
@@ -73,6 +74,20 @@ QMenuBar* Form::MenuBar() {
   return qobject_cast<QMainWindow*>(window_.data())->menuBar();
 }
 
+namespace {
+
+/// F10 opens the first menu; arrow keys lead to the others.
+void openMenuByKey(QMainWindow& window) {
+  auto* f10 = new QShortcut(QKeySequence(Qt::Key_F10), &window);
+  QObject::connect(f10, &QShortcut::activated, &window, [bar = window.menuBar()] {
+    bar->setFocus(Qt::MenuBarFocusReason);
+    for (QAction* menu : bar->actions())
+      if (menu->isVisible()) return bar->setActiveAction(menu);
+  });
+}
+
+}  // namespace
+
 void Form::buildWindow(QWidget* parent) {
   if (design_.border == Border::FixedDialog) {
     window_ = FormWindow::newDialog(*this, parent);
@@ -83,6 +98,7 @@ void Form::buildWindow(QWidget* parent) {
     client_ = new QWidget(window);
     window->setCentralWidget(client_);
     window->menuBar()->setNativeMenuBar(false);
+    openMenuByKey(*window);
   }
   window_->setWindowTitle(design_.title);
   window_->setPalette(lightPalette(design_.back));

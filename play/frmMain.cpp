@@ -26,6 +26,8 @@ void frmMain::BuildControls() {
   Grid = BoardLayout::newControl(Client(), "Grid", "Board");
   fraCover_ = BoardLayout::newCover(Client());
   connectBoards();
+  Hand::of(*Grid).serveKeys(*Grid, PentoPanel);
+  PentoPanel->setFocus();
   buildMenus();
 
   musicCorrect_ = makeTunePlayer();
