@@ -24,6 +24,7 @@ function(lay_out_debian root)
     file(CREATE_LINK "/opt/Kelvo Software/Quinzolith/${program}" ${root}/usr/bin/${program} SYMBOLIC)
   endforeach()
   file(REMOVE_RECURSE ${root}/opt/bin)
+  file(RENAME ${root}/usr/share/zsh/site-functions ${root}/usr/share/zsh/vendor-completions)
   configure_file(${source}/packaging/lintian-overrides ${root}/usr/share/lintian/overrides/quinzolith COPYONLY)
   # Whoever packs need not be root; the installed folder is the same.
   execute_process(COMMAND chmod 1777 "${root}/opt/Kelvo Software/Quinzolith/User"

@@ -44,18 +44,39 @@ void readCell(Drawing& drawing, char c, solver::Cell cell, std::size_t line) {
   if (c != '#') drawing.types[cell] = type;
 }
 
-}  // namespace
+/// A bare first line that cannot belong to the picture. One with '#' is a row of cells with a slip
+/// of the pen, unless the picture is set off by an empty line.
+bool isTitle(const std::vector<std::string>& lines) {
+  if (lines.empty() || lines[0].find(':') != std::string::npos) return false;
+  const auto isCell = [](char c) {
+    return c == '#' || c == '.' || c == ' ' || pentominoType(c) >= 0;
+  };
+  if (std::ranges::all_of(lines[0], isCell)) return false;
+  const bool isSetOff = lines.size() > 1 && trimmed(lines[1]).empty();
+  return isSetOff || lines[0].find('#') == std::string::npos;
+}
 
-Drawing readDrawing(std::string_view text) {
-  Drawing drawing;
-  const std::vector<std::string> lines = linesOf(text);
-  std::size_t first = 0;
+/// At least one letter, and no other mark of a cell, but not only the one piece that is straight.
+bool isLetters(const std::string& line) {
+  return std::ranges::all_of(line, [](char c) { return c == ' ' || pentominoType(c) >= 0; }) &&
+         std::ranges::any_of(line, [](char c) { return c != ' ' && c != 'I' && c != 'i'; });
+}
+
+/// Reads the title and the lines "name: value"; the number of the picture's first line.
+std::size_t readHeaders(Drawing& drawing, const std::vector<std::string>& lines) {
+  std::size_t first = isTitle(lines) ? 1 : 0;
+  if (first > 0) drawing.headers["title"] = trimmed(lines[0]);
   for (; first < lines.size(); ++first) {
     const std::size_t colon = lines[first].find(':');
     if (colon == std::string::npos) break;
     drawing.headers[lowerCase(trimmed(lines[first].substr(0, colon)))] =
         trimmed(lines[first].substr(colon + 1));
   }
+  while (first < lines.size() && trimmed(lines[first]).empty()) ++first;
+  return first;
+}
+
+void readPicture(Drawing& drawing, const std::vector<std::string>& lines, std::size_t first) {
   std::size_t width = 0;
   for (std::size_t i = first; i < lines.size(); ++i) width = std::max(width, lines[i].size());
   if (width > kLargestSide || lines.size() > kLargestSide)
@@ -64,7 +85,23 @@ Drawing readDrawing(std::string_view text) {
   for (std::size_t i = first; i < lines.size(); ++i)
     for (std::size_t x = 0; x < lines[i].size(); ++x)
       readCell(drawing, lines[i][x], {static_cast<int>(x), static_cast<int>(i - first)}, i + 1);
+}
+
+}  // namespace
+
+std::string Drawing::title() const {
+  const auto title = headers.find("title");
+  return title == headers.end() ? std::string() : title->second;
+}
+
+Drawing readDrawing(std::string_view text) {
+  Drawing drawing;
+  const std::vector<std::string> lines = linesOf(text);
+  const std::size_t first = readHeaders(drawing, lines);
+  readPicture(drawing, lines, first);
   if (drawing.shape.area() == 0) throw Refusal("The drawing has no cells.");
+  if (drawing.title().empty() && first < lines.size() && isLetters(lines[first]))
+    drawing.perhapsTitle = trimmed(lines[first]);
   return drawing;
 }
 
@@ -78,6 +115,21 @@ solver::PieceSet readPieces(std::string_view letters) {
     ++pieces[type];
   }
   return pieces;
+}
+
+std::string pieceNames(const solver::PieceSet& pieces) {
+  constexpr int kMostListed = 15;
+  if (pieces.total() <= kMostListed) return pieceLetters(pieces);
+  solver::PieceSet each;
+  for (int type = 0; type < PENTO::kTypes; ++type) each[type] = pieces[type] > 0 ? 1 : 0;
+  std::string names;
+  for (const char letter : pieceLetters(each)) {
+    const int number = pieces[pentominoType(letter)];
+    const bool alike = pieces.count == solver::PieceSet::ofEach(number).count;
+    if (alike) return std::to_string(number) + " of each";
+    names += (names.empty() ? "" : ", ") + std::to_string(number) + " " + letter;
+  }
+  return names;
 }
 
 std::string pieceLetters(const solver::PieceSet& pieces) {

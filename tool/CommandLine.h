@@ -2,51 +2,33 @@
 
 #include <filesystem>
 #include <iosfwd>
-#include <map>
-#include <stdexcept>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "drafts/Refusal.h"
+#include "tool/Arguments.h"
 
-/// The command line of quinzolith-puzzle: one table of commands, from which parsing, help and the
-/// manual page come.
+/// The command line of quinzolith-puzzle: one table of commands, from which parsing, help, the
+/// manual page and the shells' completions come. That is why it is our own: a library for command
+/// lines (Qt's QCommandLineParser, say) knows no commands with options of their own, writes neither
+/// a manual page nor completions, and cannot tell which options a command never asked for.
 namespace puzzle {
+
+inline constexpr std::string_view kProgram = "quinzolith-puzzle";
+inline constexpr std::string_view kPurpose = "makes, shows, checks, solves and rates puzzles";
+inline constexpr long long kNoLimit = std::numeric_limits<long long>::max();
 
 /// The exit codes.
 enum Exit { kDone = 0, kNo = 1, kWrongUse = 2, kTooLarge = 3 };
 
-/// Wrong use of the command line; ends the program with kWrongUse.
-struct UsageError : std::runtime_error {
-  using runtime_error::runtime_error;
-};
-
-/// What a command works on: results go to `out`, talk to `err`, and "-" names `in` or `out`.
+/// What a command works in: results go to `out`, talk to `err`, and "-" names `in` or `out`.
 struct Environment {
   std::istream& in;
   std::ostream& out;
   std::ostream& err;
   std::filesystem::path installation;  ///< the folder that holds tiles/tiles.jpg
-};
-
-struct Option {
-  std::string_view name;   ///< without the two dashes
-  std::string_view value;  ///< what stands for its value in the help; empty for a switch
-  std::string_view text;
-};
-
-/// The options and arguments that were given to a command.
-class Arguments {
- public:
-  std::vector<std::string> positional;
-  std::map<std::string, std::string, std::less<>> options;
-
-  bool has(std::string_view option) const { return options.find(option) != options.end(); }
-  std::string text(std::string_view option, std::string_view otherwise = {}) const;
-  /// Errors: UsageError unless the value is a whole number from `least` to `most`.
-  long long number(std::string_view option, long long otherwise, long long least,
-                   long long most) const;
 };
 
 struct Command {
@@ -59,15 +41,19 @@ struct Command {
 /// All commands, in the order of the help.
 const std::vector<Command>& commands();
 
-/// The options and arguments of one command.
-/// Errors: UsageError for an unknown option, a missing or needless value, a wrong number of
-/// arguments.
-Arguments parse(const Command& command, const std::vector<std::string>& words);
+/// What stands alone in a command's place, without the dashes: help, version and so on. The value
+/// of an option is that of the next word.
+const std::vector<Option>& standAlone();
 
-std::string helpText();
+/// The help. `installation` is the folder of the programs.
+std::string helpText(const std::filesystem::path& installation);
 std::string helpText(const Command& command);
 /// The manual page in troff.
 std::string manualPage();
+
+/// A script for one of the shells in kShells that completes commands, options and file names.
+std::string completion(std::string_view shell);
+inline constexpr std::string_view kShells = "bash|zsh|fish";
 
 /// Runs the program on the words behind its name and returns its exit code.
 int run(const std::vector<std::string>& words, Environment& environment);

@@ -1,5 +1,7 @@
 #include "tool/Commands.h"
 
+#include "tool/Rating.h"
+
 namespace puzzle {
 
 namespace {
@@ -7,26 +9,37 @@ namespace {
 constexpr std::size_t kAny = 100000;
 constexpr Option kPieces{"pieces", "LETTERS",
                          "the pieces that may be used, such as FILNP, or 'all' (one each)"};
-constexpr Option kRepeats{"repeats", "",
-                          "allow any number of each of these pieces, or of all twelve"};
-constexpr Option kLimit{"limit", "NODES", "give up after so many nodes"};
+constexpr Option kRepeats{"repeats", "", "any number of the pieces named, or of all"};
+constexpr Option kLimit{"limit", "NODES",
+                        "give up after this many pieces laid (nodes of the search)"};
 constexpr Option kQuiet{"quiet", "", "no progress on a long run"};
 constexpr Option kSeed{"seed", "N", "repeat the run that had this seed"};
 
 }  // namespace
+
+const std::vector<Option>& standAlone() {
+  static const std::vector<Option> all{
+      {"help|--help|-h", "[COMMAND]", "tells the commands, or the options of one"},
+      {"--version|-V", "", "tells the version"},
+      {"--man", "", "prints the manual page"},
+      {"--completion", kShells, "prints a script that completes these words in a shell"}};
+  return all;
+}
 
 const std::vector<Command>& commands() {
   static const std::vector<Command> all{
       {"make",
        "DRAWING PUZZLE",
        "makes a puzzle file from a drawing",
-       "The shape is tiled by the letters drawn, the pieces named or pieces that are all "
-       "different.",
+       "The shape, at most 12 x 12 cells and 15 pieces, is tiled by the letters drawn, the pieces "
+       "named or pieces that are all different. If PUZZLE is a folder, the file there is named by "
+       "the drawing's title, else by the drawing's file, since the game shows the file's name. A "
+       "locked puzzle is written over with --locked only.",
        2,
        2,
        {kPieces,
         kRepeats,
-        {"locked", "", "write a standard puzzle that the editor refuses"},
+        {"locked", "", "write a standard puzzle, which the editor refuses to open"},
         kSeed,
         kLimit,
         kQuiet},
@@ -45,24 +58,36 @@ const std::vector<Command>& commands() {
         kQuiet},
        showCommand},
       {"render",
-       "FILE PICTURE",
-       "paints a puzzle as a PNG in the game's textures",
-       "What a drawing without letters shows is its shape. A picture has at most 67 million "
-       "pixels. "
-       "Searches give up as those of show do.",
+       "FILE... PICTURE",
+       "paints puzzles as PNG, SVG or PDF",
+       "A drawing without letters shows its shape. The picture's name tells the format. A FILE "
+       "that "
+       "is a folder stands for the puzzles in it. A PDF has as many puzzles on a page as there is "
+       "room for; an SVG is as large as its cells ask for, to be printed or cut. A picture has at "
+       "most 67 million "
+       "pixels. Searches give up as those of show do.",
        2,
-       2,
-       {{"tile", "PIXELS", "the edge of a cell, 30 if not given"},
-        {"shape", "", "the shape without the pieces"},
+       kAny,
+       {{"shape", "", "the shape without the pieces"},
         {"solution", "", "solve a drawing that shows only the shape"},
-        {"whole", "", "the whole board, not only the box of the shape"},
+        {"outlines", "", "lines to cut along instead of the game's textures"},
+        {"tile", "PIXELS", "the edge of a cell in a PNG, 30 if not given"},
+        {"cell", "MM",
+         "the edge of a cell in an SVG or PDF, in millimetres; 15 if not "
+         "given, 7 for many puzzles"},
+        {"whole", "", "in a PNG of one puzzle: the whole board, not only the box of the shape"},
+        {"sheet", "", "many puzzles in one PNG or SVG"},
+        {"columns", "N", "puzzles side by side on a sheet, 6 if not given"},
+        {"no-titles", "", "no titles on a sheet or page"},
+        {"paper", kPapers, "of a PDF, A4 if not given"},
+        {"format", "png|svg|pdf", "whatever the picture's name ends in"},
         kLimit,
         kQuiet},
        renderCommand},
       {"check",
        "FILE...",
        "tells what is wrong with puzzle files",
-       "One line a problem; nothing for valid files.",
+       "A line for each problem; nothing for valid files.",
        1,
        kAny,
        {},
@@ -79,30 +104,52 @@ const std::vector<Command>& commands() {
         kRepeats,
         {"count", "", "count all solutions"},
         {"all", "", "print all solutions"},
-        {"up-to-symmetry", "", "one of those that the shape's symmetries make equal"},
+        {"up-to-symmetry", "", "count solutions that turn or mirror into each other once"},
         kLimit,
         kQuiet},
        solveCommand},
       {"prove",
        "FILE...",
        "prints a table of pieces, solutions and search nodes",
-       "Solutions are counted up to symmetry; nodes are those of the general search.",
+       "Solutions that turn or mirror into each other count once; nodes are those of the general "
+       "search. A drawing that names no pieces is counted with all that are different, as solve "
+       "does.",
        1,
        kAny,
-       {kLimit, kQuiet},
+       {kPieces, kRepeats, kLimit, kQuiet},
        proveCommand},
+      {"rate",
+       "FILE...",
+       "tells how hard puzzles are for a person",
+       "The rating grows by one when twice as many pieces must be laid until the puzzle is solved "
+       "by somebody who tries the tightest place first. Beside it stand what it comes from: all "
+       "solutions, the pieces laid on the average, how many of a solution's pieces are forced, "
+       "since nothing else fits there, and after how many wrong pieces a dead end shows.",
+       1,
+       kAny,
+       {kPieces, kRepeats, kLimit},
+       rateCommand},
       {"generate",
-       "[PUZZLE]",
-       "makes new puzzles",
-       "Without PUZZLE, drawings of the solutions are printed.",
+       "[FILE|FOLDER]",
+       "invents new puzzles",
+       "One puzzle is written as a drawing if FILE ends in .txt or is not given, else as a puzzle "
+       "file. With --puzzles=N a FOLDER gets N puzzle files, named by their seeds; what is there "
+       "already is kept. An interrupt (Ctrl+C) keeps what was found.",
        0,
        1,
-       {{"number", "N", "so many pieces, 6 if not given"},
-        {"width", "CELLS", "the box, 12 if not given"},
-        {"height", "CELLS", "the box, 12 if not given"},
-        {"symmetric", "", "the shape is its own mirror image"},
+       {{"number", "N", "the pieces of a puzzle, 6 if not given"},
+        {"width", "CELLS", "the largest width, 12 if not given"},
+        {"height", "CELLS", "the largest height, 12 if not given"},
+        {"style", kStyles,
+         "a shape grown at random, its own mirror image left to right or both ways, with a hole, "
+         "or like a letter or digit"},
+        {"symmetric", "", "the same as --style=mirror"},
+        {"glyph", "C", "the letter or digit of --style=glyph, any if not given"},
         {"unique", "", "its pieces have exactly one solution, up to symmetry"},
-        {"tries", "N", "shapes to try, 10000 if not given"},
+        {"level", kLevels, "as hard as the standard puzzles of this level"},
+        {"tries", "N", "shapes to try for a puzzle, 10000 if not given"},
+        {"puzzles", "N", "write this many puzzles into FOLDER"},
+        {"part", "K/N", "of --puzzles only the K-th of N shares; all shares make the whole run"},
         kLimit,
         kSeed},
        generateCommand}};

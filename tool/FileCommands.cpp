@@ -1,13 +1,9 @@
-#include <QBuffer>
 #include <algorithm>
-#include <cmath>
-#include <limits>
 #include <ostream>
 #include <random>
 
 #include "drafts/Drawing.h"
 #include "drafts/PuzzleFile.h"
-#include "drawing/BoardPicture.h"
 #include "tool/Commands.h"
 #include "tool/Generator.h"
 #include "tool/Input.h"
@@ -17,45 +13,19 @@ namespace puzzle {
 
 namespace {
 
-constexpr double kMostPixels = 1 << 26;             // 256 MiB
-constexpr std::uint64_t kNodesToShow = 50'000'000;  // some seconds
-
-std::mt19937_64 generatorFrom(const Arguments& arguments, Environment& environment) {
-  const auto fresh = static_cast<long long>(std::random_device{}());
-  const long long seed = arguments.number("seed", fresh, 0, std::numeric_limits<long long>::max());
-  if (!arguments.has("seed")) environment.err << "seed " << seed << "\n";
-  return std::mt19937_64(static_cast<std::uint64_t>(seed));
+/// The file's name in a folder: the puzzle's caption, by which the chooser will show it.
+std::string fileNameOf(const Input& input) {
+  std::string name = captionOf(input);
+  std::ranges::replace(name, '/', '-');
+  name.erase(0, name.find_first_not_of(". "));  // a hidden file is no puzzle
+  if (name.empty() || name == "-") throw Refusal("The drawing has no title to name the puzzle by.");
+  return name + ".qzl";
 }
 
-/// The shape and solution moved into the smallest box, with `ring` empty cells around it.
-void trim(Input& input, int ring) {
-  const std::vector<solver::Cell> cells = input.shape.cells();
-  const int left = std::ranges::min(cells, {}, &solver::Cell::x).x - ring;
-  const int top = std::ranges::min(cells, {}, &solver::Cell::y).y - ring;
-  const solver::Shape trimmed = input.shape.trimmed();
-  input.shape = solver::Shape(trimmed.width() + 2 * ring, trimmed.height() + 2 * ring);
-  for (const solver::Cell cell : trimmed.cells()) input.shape.set({cell.x + ring, cell.y + ring});
-  for (solver::Placement& placement : input.solution) {
-    placement.x -= left;
-    placement.y -= top;
-  }
-}
-
-/// Lettered drawings become solutions when all of their cells are lettered.
-void readLetters(Input& input, const solver::Limits& limits) {
-  if (input.solution.empty() && !input.types.empty() &&
-      static_cast<int>(input.types.size()) == input.shape.area())
-    input.solution = solutionOf(input, solver::PieceSet::ofEach(input.shape.area()), limits);
-}
-
-/// Before any of it is held in memory. `ring` is the number of empty cells on each side.
-void refuseLargePicture(const solver::Shape& shape, int ring, int tile) {
-  const auto cells = static_cast<double>(shape.width() + 2 * ring) * (shape.height() + 2 * ring);
-  const double pixels = cells * tile * tile;
-  if (pixels <= kMostPixels) return;
-  throw Refusal("The picture would have " + std::to_string(static_cast<int>(pixels / 1e6)) +
-                " million pixels; the largest tile that will do is --tile=" +
-                std::to_string(static_cast<int>(std::sqrt(kMostPixels / cells))) + ".");
+std::string puzzleFileIn(const std::string& place, const Input& input) {
+  return std::filesystem::is_directory(place)
+             ? (std::filesystem::path(place) / fileNameOf(input)).string()
+             : place;
 }
 
 std::string json(const Input& input) {
@@ -90,33 +60,29 @@ std::string coloured(const std::string& text) {
   return result;
 }
 
-/// The picture without its edges: a view, valid as long as the picture.
-QImage inside(const QImage& image, int edge) {
-  const int bytesPerPixel = image.depth() / 8;
-  return {image.constScanLine(edge) + std::ptrdiff_t{edge} * bytesPerPixel,
-          image.width() - 2 * edge, image.height() - 2 * edge, image.bytesPerLine(),
-          image.format()};
-}
-
 }  // namespace
 
 int makeCommand(const Arguments& arguments, Environment& environment) {
-  const Input input = readInput(arguments.positional[0], environment);
+  Input input = readInput(arguments.positional[0], environment);
+  // A puzzle file's own solution is not asked for by who names pieces or a seed.
+  if (arguments.has("pieces") || arguments.has("repeats") || arguments.has("seed"))
+    input.solution.clear();
   const int pieces = input.shape.area() / PENTO::kCells;
   if (pieces > PuzzleFormat::kMostPieces)
     throw Refusal("The shape takes " + std::to_string(pieces) + " pieces; a puzzle has at most " +
                   std::to_string(PuzzleFormat::kMostPieces) + ".");
+  const std::string file = puzzleFileIn(arguments.positional[1], input);
+  if (!arguments.has("locked")) refuseLocked(file);
   solver::TypeOrder order = solver::kAwkwardFirst;
   if (arguments.has("seed")) {
-    std::mt19937_64 random = generatorFrom(arguments, environment);
+    std::mt19937_64 random(seedFrom(arguments, environment));
     order = randomOrder(random);
   }
   const solver::Solution solution =
       solutionOf(input, supplyFor(input, arguments), limitsFrom(arguments, environment), order);
-  writeAll(arguments.positional[1],
-           makePuzzleFile(
-               solution, arguments.has("locked") ? PuzzleFormat::kLocked : PuzzleFormat::kUnlocked),
-           environment);
+  const char lock = arguments.has("locked") ? PuzzleFormat::kLocked : PuzzleFormat::kUnlocked;
+  writeAll(file, makePuzzleFile(solution, lock), environment);
+  if (file != arguments.positional[1]) environment.err << file << "\n";
   return kDone;
 }
 
@@ -136,29 +102,6 @@ int showCommand(const Arguments& arguments, Environment& environment) {
   return kDone;
 }
 
-int renderCommand(const Arguments& arguments, Environment& environment) {
-  Input input = readInput(arguments.positional[0], environment);
-  const auto tile = static_cast<int>(arguments.number("tile", 30, 1, 512));
-  const bool whole = arguments.has("whole");
-  refuseLargePicture(whole ? input.shape : input.shape.trimmed(), whole ? 0 : 1, tile);
-  const solver::Limits limits = limitsFrom(arguments, environment, kNodesToShow);
-  readLetters(input, limits);
-  if (arguments.has("solution"))
-    input.solution = solutionOf(input, supplyFor(input, arguments), limits);
-  if (arguments.has("shape")) input.solution.clear();
-  if (!whole) trim(input, 1);  // the ring gives the edge its outline and is cut off again
-  TextureAtlas textures(0, 0);
-  textures.load(environment.installation / "tiles" / "tiles.jpg", tile);
-  const QImage board = boardPicture(boardWith(input.shape, input.solution), textures);
-  const QImage image = whole ? board : inside(board, tile);
-  QByteArray png;
-  QBuffer buffer(&png);
-  buffer.open(QIODevice::WriteOnly);
-  if (!image.save(&buffer, "PNG")) throw Refusal("The picture cannot be made.");
-  writeAll(arguments.positional[1], png.toStdString(), environment);
-  return kDone;
-}
-
 int checkCommand(const Arguments& arguments, Environment& environment) {
   int result = kDone;
   for (const std::string& file : arguments.positional) {
@@ -174,32 +117,6 @@ int checkCommand(const Arguments& arguments, Environment& environment) {
     if (!problems.empty()) result = kNo;
   }
   return result;
-}
-
-int generateCommand(const Arguments& arguments, Environment& environment) {
-  Wanted wanted;
-  wanted.pieces = static_cast<int>(arguments.number("number", 6, 1, PuzzleFormat::kMostPieces));
-  wanted.width = static_cast<int>(arguments.number("width", kArea, 1, kArea));
-  wanted.height = static_cast<int>(arguments.number("height", kArea, 1, kArea));
-  wanted.symmetric = arguments.has("symmetric");
-  wanted.unique = arguments.has("unique");
-  if (wanted.pieces * PENTO::kCells > wanted.width * wanted.height)
-    throw UsageError("So many pieces do not fit into this box.");
-  std::mt19937_64 random = generatorFrom(arguments, environment);
-  const auto tries = static_cast<std::uint64_t>(
-      arguments.number("tries", 10000, 1, std::numeric_limits<long long>::max()));
-  std::uint64_t nodes = limitsFrom(arguments, environment).nodes;
-  const std::optional<Generated> puzzle = generatePuzzle(wanted, random, tries, nodes);
-  if (!puzzle && nodes == 0) throw Refusal("No such puzzle was found within the limit.");
-  if (!puzzle) throw Refusal("No such puzzle was found.");
-  if (!arguments.positional.empty()) {
-    writeAll(arguments.positional[0], makePuzzleFile(puzzle->solution, PuzzleFormat::kUnlocked),
-             environment);
-    return kDone;
-  }
-  environment.out << "pieces: " << pieceLetters(piecesOf(puzzle->solution)) << "\n\n"
-                  << picture(puzzle->shape, puzzle->solution);
-  return kDone;
 }
 
 }  // namespace puzzle

@@ -1,15 +1,19 @@
 #include <chrono>
 #include <iomanip>
 #include <ostream>
+#include <utility>
 
 #include "drafts/Drawing.h"
 #include "tool/Commands.h"
 #include "tool/Input.h"
+#include "tool/Interrupt.h"
 
 // The commands that ask the solver.
 namespace puzzle {
 
 namespace {
+
+constexpr std::uint64_t kOften = std::uint64_t{1} << 20;  // nodes: some milliseconds
 
 constexpr const char* kLimitReached = "The limit was reached.\n";
 constexpr const char* kTooMuch =
@@ -39,6 +43,28 @@ solver::Problem positionOf(const Input& input, const solver::PieceSet& supply) {
   return problem;
 }
 
+/// Ends the search from its report of progress, which is the only place that it calls us at.
+struct Interrupted {
+  solver::Work work;
+};
+
+solver::Work countInterruptibly(const solver::Problem& problem, solver::Counting counting,
+                                const solver::Deliver& deliver, solver::Limits limits) {
+  limits.progress = [usual = limits.progress, every = std::exchange(limits.reportEvery, kOften),
+                     reported = std::uint64_t{0}](const solver::Work& work) mutable {
+    if (Interrupt::asked()) throw Interrupted{work};
+    if (!usual || work.nodes - reported < every) return;
+    reported = work.nodes;
+    usual(work);
+  };
+  try {
+    return solver::forEachSolution(problem, counting, deliver, limits);
+  } catch (Interrupted& interrupted) {
+    interrupted.work.complete = false;
+    return interrupted.work;
+  }
+}
+
 int solveAll(const Input& input, const solver::PieceSet& supply, const Arguments& arguments,
              Environment& environment) {
   const solver::Counting counting =
@@ -49,14 +75,22 @@ int solveAll(const Input& input, const solver::PieceSet& supply, const Arguments
       environment.out << picture(input.shape, solution) << "\n" << std::flush;
       return environment.out.good();
     };
-  const solver::Work work = solver::forEachSolution(positionOf(input, supply), counting, deliver,
-                                                    limitsFrom(arguments, environment));
-  environment.out << (work.complete ? "" : "at least ") << solver::decimal(work.solutions)
-                  << " solutions, " << work.nodes << " nodes\n";
+  const Interrupt interrupt;
+  const solver::Work work = countInterruptibly(positionOf(input, supply), counting, deliver,
+                                               limitsFrom(arguments, environment));
+  environment.out << (work.complete ? "" : "at least ") << plural(work.solutions, "solution")
+                  << ", " << plural(work.nodes, "node") << "\n";
   if (work.tooLarge) environment.err << kTooMuch;
   if (work.tooLarge) return kTooLarge;
-  if (!work.complete) environment.err << kLimitReached;
+  if (!work.complete) environment.err << (Interrupt::asked() ? "Interrupted.\n" : kLimitReached);
   return work.solutions > 0 ? kDone : kNo;
+}
+
+/// The pieces of the table: "5 FILNP", or "5 of 12 FILNPTUVWXYZ" where some are left over.
+std::string piecesColumn(const Input& input, const solver::PieceSet& supply) {
+  const int used = input.shape.area() / PENTO::kCells, total = supply.total();
+  return std::to_string(used) + (used == total ? " " : " of " + std::to_string(total) + " ") +
+         pieceNames(supply);
 }
 
 }  // namespace
@@ -67,9 +101,9 @@ int solveCommand(const Arguments& arguments, Environment& environment) {
     throw UsageError("--up-to-symmetry goes with --count or --all.");
   Input input = readInput(arguments.positional[0], environment);
   input.solution.clear();  // it is to be found, not read
+  trim(input, 0);
   const solver::PieceSet supply = supplyFor(input, arguments);
-  if (const std::string reason = objection(input.shape, supply); !reason.empty())
-    throw Refusal(reason);
+  if (const std::string reason = objection(input, supply); !reason.empty()) throw Refusal(reason);
   const Stopwatch stopwatch(environment.err);
   if (all) return solveAll(input, supply, arguments, environment);
   const solver::Solution solution = solutionOf(input, supply, limitsFrom(arguments, environment));
@@ -83,17 +117,17 @@ int proveCommand(const Arguments& arguments, Environment& environment) {
   environment.out << "| puzzle | pieces | solutions | nodes |\n|---|---|---|---|\n";
   for (const std::string& file : arguments.positional) {
     const Input input = readInput(file, environment);
-    const solver::Limits limits = limitsFrom(arguments, environment);
-    const solver::PieceSet supply =
-        input.supply ? *input.supply
-                     : piecesOf(solutionOf(input, supplyFor(input, arguments), limits));
-    const solver::Work work = solver::countSolutions(
-        {input.shape, supply}, solver::Counting::UpToSymmetry, limits, solver::Strategy::Scan);
+    const solver::PieceSet supply = supplyFor(input, arguments);
+    if (const std::string reason = objection(input, supply); !reason.empty())
+      throw Refusal(file + ": " + reason);
+    const solver::Work work =
+        solver::countSolutions({input.shape, supply}, solver::Counting::UpToSymmetry,
+                               limitsFrom(arguments, environment), solver::Strategy::Scan);
     if (!work.complete) environment.err << input.name << ": " << kLimitReached;
     const char* atLeast = work.complete ? "" : "≥ ";
-    environment.out << "| " << input.name << " | " << supply.total() << " " << pieceLetters(supply)
-                    << " | " << atLeast << solver::decimal(work.solutions) << " | " << atLeast
-                    << work.nodes << " |\n"
+    environment.out << "| " << input.name << " | " << piecesColumn(input, supply) << " | "
+                    << atLeast << solver::decimal(work.solutions) << " | " << atLeast << work.nodes
+                    << " |\n"
                     << std::flush;
     if (work.solutions == 0) result = kNo;
     if (!environment.out) break;

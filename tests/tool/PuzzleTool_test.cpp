@@ -1,14 +1,9 @@
-#include <gtest/gtest.h>
-#include <sys/stat.h>
-
 #include <QImage>
-#include <sstream>
 
 #include "drafts/Drawing.h"
 #include "drafts/PuzzleFile.h"
 #include "solver/Placement.h"
-#include "tests/files/FileBytes.h"
-#include "tool/CommandLine.h"
+#include "tests/tool/ToolFixture.h"
 
 namespace fs = std::filesystem;
 
@@ -21,36 +16,6 @@ std::string boxOf(std::size_t width, int height, char cell) {
 }
 
 constexpr const char* kHolder = "title: Holder\npieces: LPWY\n\n#####\n#####\n#####\n#####\n";
-
-/// Runs the tool in-process, its files in a folder of the test's own.
-class PuzzleTool : public testing::Test {
- protected:
-  void SetUp() override { fs::create_directories(folder_); }
-  void TearDown() override { fs::remove_all(folder_); }
-
-  int run(const std::vector<std::string>& words, const std::string& input = {}) {
-    std::istringstream in(input);
-    std::ostringstream out, err;
-    puzzle::Environment environment{in, out, err, QUINZOLITH_SOURCE_DIR};
-    const int result = puzzle::run(words, environment);
-    out_ = out.str();
-    err_ = err.str();
-    return result;
-  }
-  std::string path(const std::string& name) const { return (folder_ / name).string(); }
-  /// A valid puzzle file of the 6 x 10 box.
-  std::string validFile() {
-    std::string drawing = "\n";
-    for (int row = 0; row < 6; ++row) drawing += "##########\n";
-    EXPECT_EQ(run({"make", "-", path("valid.qzl")}, drawing), puzzle::kDone) << err_;
-    return bytesOf(path("valid.qzl"));
-  }
-
-  fs::path folder_ =
-      fs::temp_directory_path() /
-      (std::string("puzzle-tool-") + testing::UnitTest::GetInstance()->current_test_info()->name());
-  std::string out_, err_;
-};
 
 }  // namespace
 
@@ -74,86 +39,12 @@ TEST_F(PuzzleTool, WritesThroughLinksAndLeavesNothingBesideWhatItCannotWrite) {
   // Seen: a device or a link gave its name up to a new file, and a full disk kept half of one.
   fs::create_symlink("/dev/full", path("full"));
   fs::create_symlink(path("real.qzl"), path("link.qzl"));
-  fs::create_directory(path("folder"));
-  for (const auto& [name, reason] : {std::pair{"full", "No space left on device."},
-                                     {"folder", "This is not an ordinary file."}}) {
-    EXPECT_EQ(run({"make", "-", path(name)}, kHolder), puzzle::kNo);
-    EXPECT_NE(err_.find(path(name) + ": " + reason), std::string::npos) << err_;
-  }
+  EXPECT_EQ(run({"make", "-", path("full")}, kHolder), puzzle::kNo);
+  EXPECT_NE(err_.find(path("full") + ": No space left on device."), std::string::npos) << err_;
   EXPECT_EQ(run({"make", "-", path("link.qzl")}, kHolder), puzzle::kDone) << err_;
   EXPECT_EQ(run({"check", path("real.qzl")}), puzzle::kDone) << out_;
   EXPECT_TRUE(fs::is_symlink(path("full")) && fs::is_symlink(path("link.qzl")));
-  EXPECT_EQ(std::distance(fs::directory_iterator(folder_), {}), 4);
-}
-
-TEST_F(PuzzleTool, SavesAsTheGameDoes) {
-  // Seen: "NAME.new" was followed, waited for or lost; modes changed; a long name was refused.
-  const std::string old = path("old.qzl"), fixed = path("fixed.qzl"), longest(251, 'n');
-  for (const std::string& file : {old, fixed, old + ".new"}) putBytes(file, "old");
-  ASSERT_EQ(::mkfifo((fixed + ".new").c_str(), 0600), 0);
-  fs::permissions(old, fs::perms{0600});
-  fs::permissions(fixed, fs::perms{0444});
-  EXPECT_EQ(run({"make", "-", old}, kHolder), puzzle::kDone) << err_;
-  EXPECT_EQ(fs::status(old).permissions(), fs::perms{0600});
-  EXPECT_EQ(bytesOf(old + ".new"), "old");
-  EXPECT_EQ(run({"make", "-", fixed}, kHolder), puzzle::kNo);
-  EXPECT_NE(err_.find(fixed + ": The file is read-only."), std::string::npos) << err_;
-  EXPECT_EQ(bytesOf(fixed), "old");
-  EXPECT_EQ(run({"make", "-", path(longest + ".qzl")}, kHolder), puzzle::kDone) << err_;
-}
-
-TEST_F(PuzzleTool, ReadsNoMoreThanADrawingOrAPuzzleCanBe) {
-  const std::string largest(std::size_t{1} << 20, '\n');
-  EXPECT_EQ(run({"show", "-"}, largest), puzzle::kNo);
-  EXPECT_EQ(err_.find("MiB"), std::string::npos) << err_;
-  putBytes(path("larger"), largest + "\n");
-  for (const std::string& name : {std::string("/dev/zero"), path("larger")}) {
-    EXPECT_EQ(run({"show", name}), puzzle::kNo);
-    EXPECT_NE(err_.find(name + ": Neither a drawing nor a puzzle is larger than 1 MiB."),
-              std::string::npos)
-        << err_;
-    EXPECT_EQ(run({"check", name}), puzzle::kNo);
-  }
-}
-
-TEST_F(PuzzleTool, EndsAtOnceWhenItsOutputCannotBeWritten) {
-  // Seen: the search went on behind a full disk. All solutions of this box take longer than a life.
-  std::istringstream in("\n" + boxOf(20, 20, '#'));
-  std::ofstream full("/dev/full");
-  std::ostringstream err;
-  puzzle::Environment environment{in, full, err, QUINZOLITH_SOURCE_DIR};
-  EXPECT_EQ(puzzle::run({"solve", "--all", "--repeats", "-"}, environment), puzzle::kNo);
-  EXPECT_NE(err.str().find("The output cannot be written."), std::string::npos) << err.str();
-}
-
-TEST_F(PuzzleTool, RefusesAPictureThatIsTooLargeBeforeItIsMade) {
-  putBytes(path("large.txt"), "\n" + boxOf(1000, 998, '#'));
-  EXPECT_EQ(run({"render", path("large.txt"), path("large.png")}), puzzle::kNo);
-  EXPECT_NE(err_.find("901 million pixels; the largest tile that will do is --tile=8."),
-            std::string::npos)
-      << err_;
-  EXPECT_FALSE(fs::exists(path("large.png")));
-  putBytes(path("box.txt"), "\n" + boxOf(40, 30, '#'));
-  EXPECT_EQ(run({"render", "--tile=7", path("box.txt"), path("box.png")}), puzzle::kDone) << err_;
-  EXPECT_EQ(QImage(QString::fromStdString(path("box.png"))).size(), QSize(280, 210));
-}
-
-TEST_F(PuzzleTool, EverySearchEndsAtItsLimitAndSaysSo) {
-  const std::string lettered = boxOf(23, 15, 'P'), box = "\n" + boxOf(20, 20, '#');
-  putBytes(path("letters"), lettered);
-  putBytes(path("box"), box);
-  for (const std::vector<std::string>& words :
-       std::vector<std::vector<std::string>>{{"show", path("letters")},
-                                             {"render", path("letters"), path("picture.png")},
-                                             {"solve", "--repeats", path("box")},
-                                             {"solve", "--count", "--repeats", path("box")},
-                                             {"prove", path("box")},
-                                             {"generate", "--unique", "--number=12"}}) {
-    std::vector<std::string> limited = words;
-    limited.insert(limited.begin() + 1, "--limit=50");
-    EXPECT_EQ(run(limited), puzzle::kNo) << words[0];
-    EXPECT_NE(err_.find("limit"), std::string::npos) << words[0] << err_;
-  }
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder_), {}), 3);
 }
 
 TEST_F(PuzzleTool, KeepsToTheLettersOfADrawing) {
@@ -255,7 +146,7 @@ TEST_F(PuzzleTool, GeneratesWhatIsAskedForAndRepeatsASeed) {
   EXPECT_LE(shape.width(), 7);
   EXPECT_LE(shape.height(), 6);
   EXPECT_EQ(run({"solve", "--count", "--up-to-symmetry", "-"}, first), puzzle::kDone);
-  EXPECT_TRUE(out_.starts_with("1 solutions")) << out_;
+  EXPECT_TRUE(out_.starts_with("1 solution,")) << out_;
   ASSERT_EQ(run(words), puzzle::kDone);
   EXPECT_EQ(out_, first);
   EXPECT_EQ(run({"generate", "--number=15", "--width=5"}), puzzle::kWrongUse);
@@ -277,36 +168,41 @@ TEST_F(PuzzleTool, PaintsTexturesAndWhiteLines) {
   EXPECT_EQ(image.pixelColor(30, 0), QColor(Qt::white));       // and along the shape's edge
 }
 
-TEST_F(PuzzleTool, TellsWrongUse) {
-  for (const std::vector<std::string>& words :
-       std::vector<std::vector<std::string>>{{},
-                                             {"fly"},
-                                             {"solve"},
-                                             {"solve", "--fast", "-"},
-                                             {"solve", "-", "-"},
-                                             {"solve", "--limit=many", "-"},
-                                             {"solve", "--count=1", "-"},
-                                             {"solve", "--up-to-symmetry", "-"},
-                                             {"make", "--pieces"}}) {
-    EXPECT_EQ(run(words, "#####\n"), puzzle::kWrongUse);
-    EXPECT_EQ(out_, "");
-    EXPECT_NE(err_, "");
+TEST_F(PuzzleTool, NamesAPuzzleInAFolderByItsTitleAndSparesALockedOne) {
+  for (const auto& [drawing, file] :
+       std::vector<std::pair<std::string, std::string>>{{"My shape\n\nIIIII\n", "My shape.qzl"},
+                                                        {"Puzzle #1\n\nIIIII\n", "Puzzle #1.qzl"},
+                                                        {"title: .a/b\nIIIII\n", "a-b.qzl"}}) {
+    EXPECT_EQ(run({"make", "-", folder_.string()}, drawing), puzzle::kDone) << err_;
+    EXPECT_TRUE(fs::exists(folder_ / file)) << err_;
   }
-  putBytes(path("--odd"), "#####\n");
-  const fs::path before = fs::current_path();
-  fs::current_path(folder_);
-  EXPECT_EQ(run({"solve", "--", "--odd"}), puzzle::kDone) << err_;
-  fs::current_path(before);
-  EXPECT_EQ(run({"solve", path("missing.txt")}), puzzle::kNo);
+  // "Lily" is made of letters of pieces.
+  putBytes(path("flower.txt"), "Lily\n\n#####\n");
+  EXPECT_EQ(run({"make", path("flower.txt"), folder_.string()}), puzzle::kNo);
+  EXPECT_NE(err_.find("\"title: Lily\""), std::string::npos) << err_;
+
+  const std::string file = path("locked.qzl");
+  ASSERT_EQ(run({"make", "--locked", "-", file}, kHolder), puzzle::kDone) << err_;
+  const std::string locked = bytesOf(file);
+  EXPECT_EQ(run({"make", "-", file}, kHolder), puzzle::kNo);
+  EXPECT_EQ(run({"generate", file}), puzzle::kNo);
+  EXPECT_EQ(bytesOf(file), locked);
+  EXPECT_EQ(run({"make", "--locked", "-", file}, kHolder), puzzle::kDone) << err_;
 }
 
-TEST_F(PuzzleTool, HelpAndManualNameEveryOption) {
-  ASSERT_EQ(run({"--man"}), puzzle::kDone);
-  const std::string manual = out_;
-  for (const puzzle::Command& command : puzzle::commands()) {
-    ASSERT_EQ(run({std::string(command.name), "--help"}), puzzle::kDone);
-    EXPECT_NE(manual.find(".SS \"" + std::string(command.name)), std::string::npos);
-    for (const puzzle::Option& option : command.options)
-      EXPECT_NE(out_.find(option.text), std::string::npos) << option.name;
-  }
+TEST_F(PuzzleTool, CountsTheSameWayWithAndWithoutATable) {
+  // Seen: `prove` took the pieces of the first tiling, and --repeats was lost beside --pieces.
+  const std::string box = "#####\n#####\n#####\n";
+  const auto agree = [&](const std::vector<std::string>& options, const std::string& pieces) {
+    std::vector<std::string> table{"prove", "-"},
+        count{"solve", "--count", "--up-to-symmetry", "-"};
+    table.insert(table.end(), options.begin(), options.end());
+    count.insert(count.end(), options.begin(), options.end());
+    EXPECT_EQ(run(count, box), puzzle::kDone);
+    const std::string number = out_.substr(0, out_.find(' '));
+    EXPECT_EQ(run(table, box), puzzle::kDone);
+    EXPECT_NE(out_.find("| - | " + pieces + " | " + number + " | "), std::string::npos) << out_;
+  };
+  agree({}, "3 of 12 FILNPTUVWXYZ");
+  agree({"--pieces=IP", "--repeats"}, "3 of 6 IIIPPP");
 }
