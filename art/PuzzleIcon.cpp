@@ -6,6 +6,7 @@
 
 #include "art/Color.h"
 #include "art/Drawings.h"
+#include "art/IconMarks.h"
 #include "art/Materials.h"
 #include "art/Outline.h"
 #include "art/PuzzleIcons.h"
@@ -135,6 +136,18 @@ class Relief {
     return between ? -8 : onTape(x) ? 16 : 0;
   }
 
+  /// In rows and columns of the shape, negative beyond its left or top side.
+  QPoint cellAt(int x, int y) const {
+    const auto cellOf = [this](int pixel) { return pixel < 0 ? -1 : pixel / cell_; };
+    return {cellOf(x - origin_.x()), cellOf(y - origin_.y())};
+  }
+
+  /// The middle of a cell, half as wide as the cell.
+  bool isMiddle(int x, int y) const {
+    const int rim = cell_ / 4, across = (x - origin_.x()) % cell_, down = (y - origin_.y()) % cell_;
+    return std::min(across, down) >= rim && std::max(across, down) < cell_ - rim;
+  }
+
   /// 0 at the shape's top, 1 at its bottom.
   double heightAt(int y) const {
     return static_cast<double>(y - origin_.y()) / (cell_ * box_.height());
@@ -152,6 +165,40 @@ class Relief {
   QPoint origin_;
 };
 
+/// One icon's colours, pixel by pixel.
+class IconPaint {
+ public:
+  IconPaint(const std::string& iconKey, const Relief& relief)
+      : relief_(relief), tint_(tintOf(iconKey)), marks_(iconMarks(iconKey)) {}
+
+  QRgb at(int x, int y) const {
+    const char mark = marks_.at(relief_.cellAt(x, y));
+    if (relief_.inside(x, y)) return toRgb(mark == 'e' ? eye(x, y) : face(mark, x, y));
+    if (mark == 'i') return toRgb(dark(y));
+    if (!relief_.onContour(x, y)) return kMask;
+    return toRgb(mark == 'h' ? plainAt(y) : dark(y));
+  }
+
+ private:
+  Lab plainAt(int y) const {
+    return relief_.heightAt(y) < tint_.border ? tint_.upper : tint_.lower;
+  }
+  Lab dark(int y) const {
+    const Lab color = plainAt(y);
+    return {std::min(color.L * 0.35, 24.0), color.a * 0.4, color.b * 0.4};
+  }
+  Lab face(char mark, int x, int y) const {
+    const Lab color = mark == 'o' ? marks_.second : plainAt(y);
+    if (marks_.flat) return color;
+    return color + Lab{relief_.lightAt(x, y) + 5 - 10 * relief_.heightAt(y), 0, 0};
+  }
+  Lab eye(int x, int y) const { return {relief_.isMiddle(x, y) ? 10.0 : 98.0, 0, 0}; }
+
+  const Relief& relief_;
+  Tint tint_;
+  const IconMarks& marks_;
+};
+
 }  // namespace
 
 const std::vector<IconEntry>& iconEntries() {
@@ -167,21 +214,10 @@ const std::vector<IconEntry>& iconEntries() {
 
 QImage puzzleIcon(const std::string& iconKey, const std::filesystem::path& puzzles, int scale) {
   const Relief relief(iconKey, shapeOf(iconKey, puzzles), scale);
-  const Tint tint = tintOf(iconKey);
+  const IconPaint paint(iconKey, relief);
   QImage picture(relief.edge(), relief.edge(), QImage::Format_RGB32);
-  picture.fill(kMask);
-  for (int y = 0; y < relief.edge(); ++y) {
-    const double height = relief.heightAt(y);
-    const Lab color = height < tint.border ? tint.upper : tint.lower;
-    for (int x = 0; x < relief.edge(); ++x) {
-      if (relief.inside(x, y)) {
-        picture.setPixel(x, y, toRgb(color + Lab{relief.lightAt(x, y) + 5 - 10 * height, 0, 0}));
-      } else if (relief.onContour(x, y)) {
-        picture.setPixel(x, y,
-                         toRgb({std::min(color.L * 0.35, 24.0), color.a * 0.4, color.b * 0.4}));
-      }
-    }
-  }
+  for (int y = 0; y < relief.edge(); ++y)
+    for (int x = 0; x < relief.edge(); ++x) picture.setPixel(x, y, paint.at(x, y));
   return picture;
 }
 

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QPoint>
+#include <string>
+#include <vector>
+
+#include "art/Color.h"
+
+namespace pictures {
+
+/// What an icon shows beside its shape, so that the shape is taken for what it is called.
+struct IconMarks {
+  /// One character a cell. In the shape 'o' is a cell of the second colour and 'e' an eye; in its
+  /// holes 'i' is filled with the dark inside of a box and 'h' bordered by the first colour. All
+  /// others are plain.
+  std::vector<std::string> rows;
+  Lab second{};       ///< the second colour
+  bool flat = false;  ///< without light and shade
+
+  /// The character of a cell, '#' where none is drawn.
+  char at(const QPoint& cell) const;
+};
+
+/// The marks of an icon; none for most.
+const IconMarks& iconMarks(const std::string& iconKey);
+
+}  // namespace pictures
