@@ -1,0 +1,139 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QTimer>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "tests/machine/Installation.h"
+#include "tests/machine/Mouse.h"
+#include "tests/machine/Step.h"
+#include "tests/machine/Table.h"
+#include "wiring/Wiring.h"
+
+namespace machine {
+
+/// Plays a scenario, once, on the program's real windows, and beside it on a table: after each step both
+/// must agree, and a person must see what lies there.
+///
+/// Order: one step at a time from the event loop, each when all that the one before has left to be
+///        done is done. A step may wait in a dialog; the next ones come from the dialog's own loop.
+/// Time:  the program's own ticks are swallowed, and made by steps; so a run can be repeated.
+class Machine : private QObject {
+ public:
+  explicit Machine(Installation& installation);
+  ~Machine() override;
+
+  /// What went wrong, or an empty text.
+  std::string run(const Scenario& scenario);
+  int steps() const { return done_; }  ///< how many it has made
+
+ private:
+  /// One way in which a step may end.
+  using Outcome = std::function<bool(const Table&)>;
+  struct Question {
+    bool turn = false;  ///< else mirroring
+    Side side = kBoard;
+  };
+  struct PickedUp {
+    Side side = kBoard;
+    Cell corner;
+    Card card;
+  };
+  struct Drawn {
+    Side side = kBoard;
+    QPoint corner;  // of the piece, pixels of the picture
+  };
+
+  // The driver: Machine.cpp.
+  bool eventFilter(QObject* object, QEvent* event) override;
+  void schedule();
+  void next();
+  bool started();
+  void makeSteps();
+  void tearDown();
+  void fail(const std::string& what);
+
+  // What is there.
+  Form* stage() const;  ///< the play window or the editor, whichever is open
+  bool playing() const { return program_->main.Loaded(); }
+  bool stageIsFree() const;  ///< no dialog is before it
+  PENTOWINDOW* control(Side side) const;
+  QWidget* front() const;
+  std::optional<Side> sideUnderPointer() const;
+  PentoRef carried() const;
+  Table seen();
+
+  // The steps: Machine_steps.cpp.
+  void perform(const Step& step);
+  void performPointer(const Step& step);
+  void performWindow(const Step& step);
+  std::optional<QPointF> place(const Spot& spot) const;
+  std::optional<QPointF> onPiece(Side side, int which, int cell) const;
+  std::optional<QPointF> whereItFits(Side side, int which) const;
+  void glide(const QPointF& to);
+  bool overButton() const;
+  void press(Qt::MouseButton button, bool again);
+  void tick(Side side);
+  void key(int which);
+  void leave();
+  void comeBack();
+  void resize(int size);
+  void close();
+  void chooseItem(int which);
+  void pushButton(int which);
+  void choosePuzzle(int which);
+  void answer(int which);
+  void name(int which);
+
+  // What must come of them: Machine_claims.cpp.
+  void expectPress(Side side, Qt::MouseButton button);
+  void expectPickUp(Side side);
+  void expectLayDown(Side side);
+  void expectChange(bool turn, Side side);
+  void expectEditorButton(int which);
+  std::vector<Cell> cellsBelow(Side side) const;
+  std::vector<Cell> cellsForCorner(Side side) const;
+  Outcome exactly(const Table& table) const;
+  Outcome unchanged() const { return exactly(table_); }
+  Outcome loadedForPlay(const std::filesystem::path& file) const;
+  void expectFiles();
+  bool anyFileLoaded(const Table& table) const;
+  void judge();
+  void judgePickUp();
+  void judgeSolved(const Table& now);
+  void look();
+  void lookAt(Side side);
+  void checkSaved(const std::filesystem::path& file, const std::string& bytes);
+
+  Installation& installation_;
+  std::unique_ptr<Wiring> program_;
+  std::unique_ptr<Mouse> mouse_;
+  QWidget desk_;  ///< another program's window
+  std::deque<Step> steps_;
+  QPointer<QTimer> timer_;
+  bool ticking_ = false;
+  Form* startedStage_ = nullptr;
+  int waited_ = 0;
+  std::string last_;  ///< step
+  int laps_ = 0;
+  int done_ = 0;
+  int ending_ = 0;
+  std::string trouble_;
+
+  Form* stage_ = nullptr;  ///< to which the table belongs
+  Table table_;
+  bool easy_[2] = {false, false};
+  std::vector<Outcome> outcomes_;
+  bool heldOnBoard_ = false;
+  std::optional<Question> question_;
+  std::optional<PickedUp> pickedUp_;
+  std::optional<Drawn> drawn_;
+};
+
+}  // namespace machine

@@ -1,0 +1,344 @@
+// What a person, the desktop and time do to the program.
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QTabWidget>
+#include <QTimerEvent>
+#include <QtTest/QTest>
+
+#include "tests/machine/Machine.h"
+#include "tests/machine/Sight.h"
+
+namespace machine {
+
+namespace {
+
+constexpr Qt::MouseButton kButtons[] = {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton};
+constexpr double kGlide = 12;  // logical pixels from motion to motion
+constexpr QSize kSizes[] = {{420, 340}, {640, 480}, {560, 700}, {780, 560}};
+constexpr const char* kPlayItems[] = {"mnuFileOpen", "mnuHelpAbout", "mnuSoundOn", "mnuSoundOff",
+                                      "mnuViewEdit", "mnuFileClose"};
+constexpr const char* kEditItems[] = {"mnuFileNew",     "mnuFileOpen",    "mnuFileSave",
+                                      "mnuFileSaveAs",  "mnuFileRecent0", "mnuFileRecent1",
+                                      "mnuHelpAbout",   "mnuFilePlay",    "mnuFileClose"};
+constexpr const char* kEditButtons[] = {
+    "cmdPento0", "cmdPento1", "cmdPento2", "cmdPento3", "cmdPento4",  "cmdPento5",
+    "cmdPento6", "cmdPento7", "cmdPento8", "cmdPento9", "cmdPento10", "cmdPento11",
+    "cmdTrash",  "cmdUp",     "cmdLeft",   "cmdRight",  "cmdDown"};
+constexpr const char* kSolvedButtons[] = {"imgRetry", "imgOpen", "imgEdit", "imgQuit"};
+constexpr const char* kChooserButtons[] = {"cmdCancel", "chkEasy", "cmdBrowse", "cmdCreate"};
+constexpr int kTabs = 5;
+
+template <class Array>
+auto& counted(Array& array, int which) {
+  return array[static_cast<std::size_t>(which) % std::size(array)];
+}
+
+QPointF partOf(const QWidget& widget, int x, int y) {
+  return QPointF(widget.mapToGlobal(QPoint(0, 0))) +
+         QPointF(widget.width() * x / 100.0, widget.height() * y / 100.0);
+}
+
+}  // namespace
+
+void Machine::perform(const Step& step) {
+  outcomes_ = {unchanged()};
+  if (step.kind != Step::Press && step.kind != Step::Click) drawn_.reset();
+  switch (step.kind) {
+    case Step::Move:
+    case Step::Glide:
+    case Step::Slip:
+    case Step::Tell:
+    case Step::Press:
+    case Step::Release:
+    case Step::Click:
+    case Step::Again:
+    case Step::Placing:
+      performPointer(step);
+      break;
+    default:
+      performWindow(step);
+  }
+}
+
+void Machine::performPointer(const Step& step) {
+  const std::optional<QPointF> to = place(step.spot);
+  switch (step.kind) {
+    case Step::Move:
+      if (to) mouse_->slip(*to);
+      mouse_->tell();
+      break;
+    case Step::Glide:
+      if (to) glide(*to);
+      break;
+    case Step::Slip:
+      if (to) mouse_->slip(*to);
+      break;
+    case Step::Tell:
+      if (mouse_->untold()) mouse_->tell();
+      break;
+    case Step::Press:
+    case Step::Click:
+      press(counted(kButtons, step.number), false);
+      if (step.kind == Step::Click) mouse_->release();
+      break;
+    case Step::Again:
+      press(Qt::NoButton, true);
+      break;
+    case Step::Placing:
+      mouse_->placing = static_cast<Mouse::Placing>(step.number % 3);
+      break;
+    default:
+      mouse_->release();
+  }
+}
+
+void Machine::performWindow(const Step& step) {
+  const bool free = stageIsFree();
+  switch (step.kind) {
+    case Step::Tick:
+      return tick(step.number % 2 == 0 ? kBoard : kTray);
+    case Step::Look:
+      return look();
+    case Step::Key:
+      return key(step.number);
+    case Step::Leave:
+      return leave();
+    case Step::Return:
+      return comeBack();
+    case Step::Resize:
+      if (free) resize(step.number);
+      return;
+    case Step::Minimize:
+      if (free) stage()->Window()->showMinimized();
+      return;
+    case Step::Restore:
+      if (free) stage()->Window()->showNormal();
+      return;
+    case Step::Close:
+      return close();
+    case Step::Item:
+      if (free && !stage()->Minimized()) chooseItem(step.number);
+      return;
+    case Step::Button:
+      if (stage() && stage()->Minimized()) return;
+      return pushButton(step.number);
+    case Step::Puzzle:
+      return choosePuzzle(step.number);
+    case Step::Answer:
+      return answer(step.number);
+    case Step::Name:
+      return name(step.number);
+    default:
+      return;
+  }
+}
+
+std::optional<QPointF> Machine::place(const Spot& spot) const {
+  const QWidget* window = stage() ? stage()->Window() : nullptr;
+  switch (spot.where) {
+    case Spot::Here:
+      return mouse_->at() + QPointF(spot.x, spot.y);
+    case Spot::BoardPiece:
+      return onPiece(kBoard, spot.x, spot.y);
+    case Spot::TrayPiece:
+      return onPiece(kTray, spot.x, spot.y);
+    case Spot::BoardFit:
+      return whereItFits(kBoard, spot.x);
+    case Spot::TrayFit:
+      return whereItFits(kTray, spot.x);
+    case Spot::BoardArea:
+      if (control(kBoard)) return partOf(*control(kBoard), spot.x, spot.y);
+      return {};
+    case Spot::TrayArea:
+      if (control(kTray)) return partOf(*control(kTray), spot.x, spot.y);
+      return {};
+    case Spot::Window:
+      if (window) return partOf(*window, spot.x, spot.y);
+      return {};
+    default:
+      return QPointF(2000, 1500);
+  }
+}
+
+std::optional<QPointF> Machine::onPiece(Side side, int which, int cell) const {
+  const std::vector<Laid>& laid = table_.areas.at(side).laid;
+  if (!control(side) || laid.empty()) return {};
+  const Laid& piece = counted(laid, which);
+  const Cell at = *std::next(piece.card.cells.begin(), cell % 5);
+  const double s = control(side)->TileWidth();
+  return Sight::onDesktop(*control(side), QPointF((piece.corner.column + at.column + 0.5) * s,
+                                                  (piece.corner.row + at.row + 0.5) * s));
+}
+
+std::optional<QPointF> Machine::whereItFits(Side side, int which) const {
+  if (!control(side) || !table_.hand) return {};
+  std::vector<Cell> free;
+  for (const Cell& cell : table_.areas.at(side).cells)
+    for (int left : {0, 1, 2}) {
+      const Cell corner{cell.column - left, cell.row};
+      if (table_.areas.at(side).fits(*table_.hand, corner)) free.push_back(corner);
+    }
+  if (free.empty()) return {};
+  const Cell corner = counted(free, which);
+  const double s = control(side)->TileWidth();
+  return Sight::onDesktop(*control(side),
+                          QPointF((corner.column + table_.hand->width() / 2.0) * s,
+                                  (corner.row + table_.hand->height() / 2.0) * s));
+}
+
+void Machine::glide(const QPointF& to) {
+  const QPointF from = mouse_->at();
+  const QPointF way = to - from;
+  const int motions = static_cast<int>(std::max(std::abs(way.x()), std::abs(way.y())) / kGlide) + 1;
+  for (int i = 1; i <= motions; ++i) {
+    mouse_->slip(from + way * i / motions);
+    mouse_->tell();
+    tick(kBoard);
+    tick(kTray);
+  }
+}
+
+/// Buttons are pushed by steps of their own.
+bool Machine::overButton() const {
+  QWidget* window = front();
+  return window &&
+         qobject_cast<QAbstractButton*>(window->childAt(window->mapFromGlobal(mouse_->at()).toPoint()));
+}
+
+/// A board hears further presses while a button is held on it; of other widgets nothing is claimed.
+void Machine::press(Qt::MouseButton button, bool again) {
+  if (again || mouse_->holds(button) || !sideUnderPointer() || !heldOnBoard_) mouse_->release();
+  if (overButton()) return;
+  if (!mouse_->held()) heldOnBoard_ = sideUnderPointer().has_value();
+  if (const std::optional<Side> side = sideUnderPointer()) expectPress(*side, button);
+  if (again) outcomes_.push_back(unchanged());  // a double-click of the left button
+  if (again)
+    mouse_->pressAgain();
+  else
+    mouse_->press(button);
+  judgePickUp();
+}
+
+void Machine::tick(Side side) {
+  if (!control(side)) return;
+  auto* timer = control(side)->findChild<QTimer*>("tmrHideFloat");
+  if (!timer || !timer->isActive()) return;
+  ticking_ = true;
+  mouse_->wait(1);
+  QTimerEvent event(timer->timerId());
+  QCoreApplication::sendEvent(timer, &event);
+  ticking_ = false;
+}
+
+void Machine::key(int which) {
+  constexpr Qt::Key keys[] = {Qt::Key_A, Qt::Key_X, Qt::Key_7};
+  QWindow* window = QGuiApplication::focusWindow();
+  if (!stageIsFree() || window != stage()->Window()->windowHandle()) return;
+  const QWidget* focus = QApplication::focusWidget();
+  for (Side side : {kBoard, kTray})
+    if (focus && focus->objectName() == "txtKey" && focus->parentWidget() == control(side) &&
+        table_.hand)
+      expectChange(false, side);
+  QTest::keyClick(window, counted(keys, which));
+}
+
+void Machine::leave() {
+  desk_.show();
+  desk_.activateWindow();
+}
+
+void Machine::comeBack() {
+  if (QWidget* window = front()) window->activateWindow();
+}
+
+void Machine::resize(int size) {
+  QWidget* window = stage()->Window();
+  window->showNormal();
+  window->resize(counted(kSizes, size));
+}
+
+void Machine::close() {
+  QWidget* window = front();
+  if (!window) return;
+  expectFiles();
+  question_.reset();
+  if (auto* dialog = qobject_cast<QDialog*>(window); dialog && !dialog->close())
+    dialog->reject();
+  else
+    window->close();
+}
+
+void Machine::chooseItem(int which) {
+  const char* name = playing() ? counted(kPlayItems, which) : counted(kEditItems, which);
+  auto* item = stage()->Window()->findChild<QAction*>(name);
+  if (!item || !item->isVisible()) return;
+  expectFiles();
+  item->trigger();
+}
+
+void Machine::pushButton(int which) {
+  QWidget* window = front();
+  if (!window || qobject_cast<QMessageBox*>(window) || qobject_cast<QFileDialog*>(window)) return;
+  const char* name = "imgPlay";
+  if (window == program_->finished.Window()) name = counted(kSolvedButtons, which);
+  if (window == program_->open.Window()) name = counted(kChooserButtons, which);
+  if (window == program_->edit.Window()) name = counted(kEditButtons, which);
+  auto* button = window->findChild<QAbstractButton*>(name);
+  if (!button || window == program_->main.Window()) return;
+  if (window == program_->edit.Window())
+    expectEditorButton(which % static_cast<int>(std::size(kEditButtons)));
+  else
+    expectFiles();
+  button->click();
+}
+
+void Machine::choosePuzzle(int which) {
+  QWidget* window = program_->open.Window();
+  if (!window || front() != window) return;
+  auto* easy = window->findChild<QCheckBox*>("chkEasy");
+  if (easy->isChecked() != (which % 2 == 1)) easy->click();
+  auto* tabs = window->findChild<QTabWidget*>();
+  const int tab = which / 2 % kTabs;
+  tabs->setCurrentIndex(tab);
+  auto* list = window->findChild<QAbstractItemView*>(QString("lvwPuzzles%1").arg(tab));
+  const int count = list->model()->rowCount();
+  if (count == 0) return;
+  list->setCurrentIndex(list->model()->index(which / 2 / kTabs % count, 0));
+  easy_[kBoard] = easy_[kTray] = which % 2 == 1;
+  expectFiles();
+  window->findChild<QAbstractButton*>("cmdOk")->click();
+}
+
+void Machine::answer(int which) {
+  auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+  if (!box) return;
+  QAbstractButton* button = box->buttons().at(which % box->buttons().size());
+  if (question_ && box->standardButton(button) == QMessageBox::Yes) {
+    easy_[question_->side] = false;
+    expectChange(question_->turn, question_->side);
+  } else if (!question_) {
+    expectFiles();
+  }
+  question_.reset();
+  button->click();
+}
+
+void Machine::name(int which) {
+  auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+  if (!dialog) return;
+  const std::vector<std::filesystem::path> names = installation_.names();
+  const std::size_t choice = static_cast<std::size_t>(which) % (names.size() + 1);
+  if (choice == names.size()) return dialog->reject();
+  expectFiles();
+  auto* field = dialog->findChild<QLineEdit*>("fileNameEdit");
+  field->setText(QString::fromStdString(names[choice].string()));
+  QTest::keyClick(field, Qt::Key_Return);
+}
+
+}  // namespace machine

@@ -1,0 +1,144 @@
+#include "tests/machine/Mouse.h"
+
+#include <QApplication>
+#include <QEnterEvent>
+#include <QWidget>
+#include <QtTest/QTest>
+#include <algorithm>
+#include <cmath>
+
+#include "platform/Pointer.h"
+
+namespace machine {
+
+namespace {
+
+constexpr int kBetweenClicks = 1000;  // milliseconds, too slow for a double-click
+constexpr QPointF kBesideAll(1990, 1490);
+constexpr int kMotionTakes = 2;
+constexpr qint64 kMillion = 1'000'000;  // nanoseconds of a millisecond
+
+double distance(const QPointF& a, const QPointF& b) {
+  return std::max(std::abs(a.x() - b.x()), std::abs(a.y() - b.y()));
+}
+
+/// The nearest whole device pixel.
+QPointF onPixel(const QPointF& point) {
+  const double ratio = qApp->devicePixelRatio();
+  return QPointF((point * ratio).toPoint()) / ratio;
+}
+
+bool canBeWorkedWith(const QWidget& window) {
+  return window.isVisible() && !window.isMinimized() && window.windowHandle();
+}
+
+}  // namespace
+
+Mouse::Mouse() {
+  wait(2 * kBetweenClicks);
+  at_ = told_ = home_ = homeTold_ = onPixel(kBesideAll);
+  // The toolkit remembers the last place, too, and passes on no motion that leads nowhere.
+  qt_handleMouseEvent(nullptr, at_, at_, {}, Qt::NoButton, QEvent::MouseMove, {}, milliseconds_);
+  Pointer::server.position = [this] { return QPointF(at_.toPoint()); };
+  Pointer::server.place = [this](const QPointF& to) { place(to); };
+  Pointer::server.nanoseconds = [this] { return milliseconds_ * kMillion; };
+  Pointer::forget();
+}
+
+Mouse::~Mouse() {
+  release();
+  Pointer::server.place = [](const QPointF&) {};
+  Pointer::server.position = [] { return QPointF(); };
+  Pointer::server.nanoseconds = [] { return qint64{0}; };
+}
+
+QWindow* Mouse::over() const {
+  if (QWidget* modal = QApplication::activeModalWidget())
+    return canBeWorkedWith(*modal) && QRectF(modal->geometry()).contains(at_)
+               ? modal->windowHandle()
+               : nullptr;
+  for (QWidget* window : QApplication::topLevelWidgets())
+    if (window->property("machineDesk").isNull() && canBeWorkedWith(*window) &&
+        QRectF(window->geometry()).contains(at_))
+      return window->windowHandle();
+  return nullptr;
+}
+
+void Mouse::slip(const QPointF& to) {
+  at_ = onPixel(to);
+  home_ = at_;
+  homeTold_ = told_;
+}
+
+void Mouse::forgive() {
+  home_ = homeTold_ = at_;
+  thrown_ = 0;
+}
+
+void Mouse::deliver(QWindow& window, Qt::MouseButton button, int type) {
+  qt_handleMouseEvent(&window, at_ - QPointF(window.position()), at_, buttons_, button,
+                      static_cast<QEvent::Type>(type), {}, milliseconds_);
+}
+
+void Mouse::enter(QWindow* window) {
+  if (entered_ == window) return;
+  if (entered_) {
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(entered_, &leave);
+  }
+  entered_ = window;
+  if (!window) return;
+  QEnterEvent enter(at_ - QPointF(window->position()), at_ - QPointF(window->position()), at_);
+  QCoreApplication::sendEvent(window, &enter);
+}
+
+void Mouse::tell() {
+  milliseconds_ += kMotionTakes;
+  told_ = at_;
+  homeTold_ = home_;
+  const QPointer<QWindow> window = over();
+  if (!held()) enter(window);
+  if (QWindow* hears = held() && grab_ ? grab_.data() : window.data())
+    deliver(*hears, Qt::NoButton, QEvent::MouseMove);
+}
+
+void Mouse::press(Qt::MouseButton button) {
+  milliseconds_ += kBetweenClicks;
+  const QPointer<QWindow> window = held() && grab_ ? grab_.data() : over();
+  if (!window) return;
+  if (untold()) tell();
+  if (!window) return;
+  if (!held()) grab_ = window;
+  last_ = button;
+  buttons_ |= button;
+  deliver(*window, button, QEvent::MouseButtonPress);
+}
+
+void Mouse::pressAgain() {
+  release();
+  const Qt::MouseButton button = last_;
+  milliseconds_ -= kBetweenClicks - 2 * kMotionTakes;
+  press(button);
+}
+
+void Mouse::release() {
+  for (Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
+    if (!buttons_.testFlag(button)) continue;
+    buttons_.setFlag(button, false);
+    if (grab_) deliver(*grab_, button, QEvent::MouseButtonRelease);
+  }
+  grab_ = nullptr;
+}
+
+/// What the display server makes of the program's wish.
+void Mouse::place(const QPointF& to) {
+  const QPointF wanted = onPixel(QPointF(to.toPoint()));
+  thrown_ = std::max(thrown_, std::min(distance(wanted, home_), distance(wanted, homeTold_)));
+  if (placing == Placing::DoesNothing || wanted == at_) return;
+  at_ = wanted;
+  if (placing == Placing::Works)
+    QMetaObject::invokeMethod(
+        &context_, [this] { if (untold()) tell(); }, Qt::QueuedConnection);
+}
+
+}  // namespace machine

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QPointer>
+#include <QWindow>
+#include <vector>
+
+namespace machine {
+
+/// A pointer on a desktop of the test's own, behind the program's questions to the display server.
+/// It can be somewhere without the program having been told, and take the program's wish to place
+/// it as badly as a display server may.
+///
+/// Units: logical pixels of the desktop. The pointer stands on whole device pixels.
+class Mouse {
+ public:
+  enum class Placing { Works, RaisesNoMotion, DoesNothing };
+
+  Mouse();
+  ~Mouse();
+  Mouse(const Mouse&) = delete;
+  Mouse& operator=(const Mouse&) = delete;
+
+  QPointF at() const { return at_; }
+  bool untold() const { return at_ != told_; }
+  bool held() const { return buttons_ != Qt::NoButton; }
+  bool holds(Qt::MouseButton button) const { return buttons_.testFlag(button); }
+
+  void slip(const QPointF& to);  ///< goes there, and nobody is told
+  void tell();                   ///< the window under the pointer, or that has the press, is told
+  void press(Qt::MouseButton button);
+  void pressAgain();  ///< soon after the last press, with the same button
+  void release();
+
+  /// The window under the pointer that can be worked with, or null.
+  QWindow* over() const;
+
+  /// How far the program has thrown the pointer from where the person, or a pick-up, put it.
+  double thrown() const { return thrown_; }
+  void forgive();  ///< where it is now is where it should be
+
+  Placing placing = Placing::Works;
+  void wait(int milliseconds) { milliseconds_ += milliseconds; }  ///< for the program's clock
+
+ private:
+  void place(const QPointF& to);
+  void deliver(QWindow& window, Qt::MouseButton button, int type);
+  void enter(QWindow* window);
+
+  QObject context_;  // of what comes later
+  QPointF at_, told_;
+  QPointF home_, homeTold_;
+  double thrown_ = 0;
+  Qt::MouseButtons buttons_;
+  Qt::MouseButton last_ = Qt::LeftButton;
+  QPointer<QWindow> grab_, entered_;
+  static inline int milliseconds_ = 0;  // never goes back: the toolkit remembers the last click
+};
+
+}  // namespace machine

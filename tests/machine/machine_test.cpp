@@ -1,0 +1,134 @@
+// A machine plays: random steps on the real windows, and beside them on a table.
+#include <gtest/gtest.h>
+#include <rapidcheck.h>
+
+#include <QApplication>
+#include <iostream>
+
+#include "tests/machine/Machine.h"
+
+namespace machine {
+
+namespace {
+
+rc::Gen<Step::Kind> kinds(bool editor) {
+  using namespace rc;
+  std::vector<std::pair<std::size_t, Step::Kind>> weighted{
+      {12, Step::Move},   {4, Step::Glide},  {8, Step::Slip},    {2, Step::Tell},
+      {8, Step::Press},   {3, Step::Release}, {16, Step::Click},  {2, Step::Again},
+      {2, Step::Placing}, {6, Step::Tick},   {14, Step::Rest},   {4, Step::Key},
+      {1, Step::Leave},   {2, Step::Return}, {1, Step::Resize},  {1, Step::Minimize},
+      {2, Step::Restore}, {1, Step::Close},  {1, Step::Item},    {3, Step::Button},
+      {3, Step::Puzzle},  {4, Step::Answer}, {2, Step::Name}};
+  if (editor) weighted[19].first = 12;
+  return gen::exec([weighted] {
+    std::size_t total = 0;
+    for (const auto& entry : weighted) total += entry.first;
+    std::size_t at = *gen::noShrink(gen::inRange<std::size_t>(0, total));
+    for (const auto& [weight, kind] : weighted) {
+      if (at < weight) return kind;
+      at -= weight;
+    }
+    return Step::Rest;
+  });
+}
+
+rc::Gen<Spot> spots() {
+  using namespace rc;
+  const auto where = gen::noShrink(gen::elementOf(std::vector<Spot::Where>{
+      Spot::Here, Spot::Here, Spot::BoardPiece, Spot::BoardPiece, Spot::TrayPiece, Spot::TrayPiece,
+      Spot::TrayPiece, Spot::BoardFit, Spot::BoardFit, Spot::BoardFit, Spot::TrayFit,
+      Spot::BoardArea, Spot::BoardArea, Spot::BoardArea, Spot::TrayArea, Spot::TrayArea,
+      Spot::Window, Spot::Desk}));
+  return gen::build<Spot>(gen::set(&Spot::where, where), gen::set(&Spot::x, gen::inRange(0, 100)),
+                          gen::set(&Spot::y, gen::inRange(0, 100)));
+}
+
+rc::Gen<Step> steps(bool editor) {
+  using namespace rc;
+  return gen::build<Step>(
+      gen::set(&Step::kind, kinds(editor)), gen::set(&Step::spot, spots()),
+      gen::set(&Step::number, gen::inRange(0, 64)),
+      gen::set(&Step::hurried, gen::map(gen::inRange(0, 8), [](int n) { return n == 7; })));
+}
+
+rc::Gen<Scenario> scenarios(bool editor) {
+  using namespace rc;
+  // Opening the windows takes as long as a hundred steps, so the runs are long.
+  return gen::build<Scenario>(
+      gen::set(&Scenario::editor, gen::just(editor)),
+      gen::set(&Scenario::size, gen::resize(kNominalSize, gen::inRange(0, 4))),
+      gen::set(&Scenario::puzzle, gen::resize(kNominalSize, gen::inRange(0, 16))),
+      gen::set(&Scenario::steps, gen::scale(4, gen::container<std::vector<Step>>(gen::resize(
+                                                   kNominalSize, steps(editor))))));
+}
+
+/// The offscreen platform complains of what it lacks.
+void quietly(QtMsgType, const QMessageLogContext&, const QString& message) {
+  if (!message.startsWith("This plugin does not")) std::cerr << qPrintable(message) << std::endl;
+}
+
+class Machines {
+ public:
+  Machines() { qInstallMessageHandler(quietly); }
+  /// Plays, and says at the first failure how long it took to find.
+  std::string play(const Scenario& scenario) {
+    Machine machine(installation_);
+    const std::string trouble = machine.run(scenario);
+    ++runs_;
+    steps_ += machine.steps();
+    if (!trouble.empty() && !failed_) {
+      failed_ = true;
+      std::cerr << "First failure after " << runs_ << " runs and " << steps_
+                << " steps: " << trouble << std::endl;
+    }
+    return trouble;
+  }
+  ~Machines() { std::cerr << steps_ << " steps in " << runs_ << " runs" << std::endl; }
+
+ private:
+  Installation installation_;
+  long runs_ = 0;
+  long steps_ = 0;
+  bool failed_ = false;
+};
+
+void playAll(bool editor) {
+  Machines machines;
+  EXPECT_TRUE(rc::check([&] {
+    const Scenario scenario = *scenarios(editor);
+    const std::string trouble = machines.play(scenario);
+    if (!trouble.empty()) RC_FAIL(trouble);
+  }));
+}
+
+TEST(Machine, PlaysPuzzles) {
+  playAll(false);
+}
+
+/// What a machine has found once, as it was printed.
+std::vector<Scenario> kept() {
+  using enum Step::Kind;
+  using enum Spot::Where;
+  return {
+      {false, 0, 3, {{Move, {TrayPiece, 0, 0}}, {Press}, {Press, {TrayPiece, 0, 0}, 10}}},
+      {true, 0, 0, {{Button}, {Move, {BoardArea, 75, 56}, 1}, {Rest}}},
+  };
+}
+
+TEST(Machine, PlaysWhatItHasFoundBefore) {
+  Machines machines;
+  for (int i = 0; i < 6; ++i) for (const Scenario& scenario : kept()) {
+    std::ostringstream shown;
+    shown << scenario;
+    EXPECT_EQ(machines.play(scenario), "") << shown.str();
+  }
+}
+
+TEST(Machine, MakesPuzzles) {
+  playAll(true);
+}
+
+}  // namespace
+
+}  // namespace machine
