@@ -4,6 +4,7 @@
 #include <random>
 
 #include "bench/Baseline.h"
+#include "bench/NaiveProfiles.h"
 
 // Measures the solver against the plain one in one run and prints tables; only the ratios mean
 // something on a machine that has other things to do. Usage: quinzolith-bench-solver
@@ -72,6 +73,49 @@ void benchAllSolutions(const char* name, const Shape& shape) {
     pieces += solution.size();
     return true;
   });
+}
+
+/// Counting without listing, beside a map over profiles as one would write it first.
+void benchCount(const char* name, const Problem& problem, int runs) {
+  const Measured naive = best(runs, [&] { return NaiveProfiles(problem).countAll(); });
+  const Measured ours = best(runs, [&] { return countSolutions(problem, Counting::All); });
+  std::printf("| %-22s | %24s | %10.2f | %8.2f | %6.1f |\n", name,
+              decimal(ours.work.solutions).c_str(), naive.ms, ours.ms, naive.ms / ours.ms);
+  if (naive.work.solutions != ours.work.solutions) std::puts("THE COUNTS DIFFER");
+}
+
+/// As many cells as 6 x 10 has: every second column begins one cell lower.
+Shape raggedShape() {
+  Shape shape(10, 7);
+  for (int x = 0; x < 10; ++x)
+    for (int y = 0; y < 6; ++y) shape.set({x, y + x % 2});
+  return shape;
+}
+
+/// As many again: two parts, with a hole each.
+Shape partedShape() {
+  Shape shape(13, 6);
+  for (int x = 0; x < 13; ++x)
+    for (int y = 0; y < 6; ++y)
+      if (x % 7 != 6 && !(x % 7 % 3 == 1 && (y == 1 || y == 3 || y == 4))) shape.set({x, y});
+  return shape;
+}
+
+void benchCounts() {
+  std::puts("\n| counted | solutions | naive map ms | ms | ratio |\n|---|---|---|---|---|");
+  const auto any = [](const Shape& shape) {
+    return Problem{shape, PieceSet::ofEach(shape.area() / PENTO::kCells)};
+  };
+  benchCount("5 x 10, any pieces", any(Shape::rectangle(10, 5)), 15);
+  benchCount("6 x 10, any pieces", any(Shape::rectangle(10, 6)), 5);
+  benchCount("7 x 10, any pieces", any(Shape::rectangle(10, 7)), 1);
+  benchCount("5 x 25, any pieces", any(Shape::rectangle(25, 5)), 5);
+  benchCount("ragged, any pieces", any(raggedShape()), 5);
+  benchCount("two parts, any pieces", any(partedShape()), 5);
+  Problem several{Shape::rectangle(10, 5), {}};
+  for (const int type : {0, 2, 5, 6, 9, 11}) several.supply[type] = 2;
+  benchCount("5 x 10, LLPPYYNNVVTT", several, 5);
+  benchCount("5 x 8, two of each", {Shape::rectangle(8, 5), PieceSet::ofEach(2)}, 3);
 }
 
 int below(std::mt19937_64& random, int limit) {
@@ -194,6 +238,7 @@ int main() {
   benchAllSolutions("4 x 15", Shape::rectangle(15, 4));
   benchAllSolutions("3 x 20", Shape::rectangle(20, 3));
   benchAllSolutions("8 x 8", holedSquare());
+  benchCounts();
 
   std::puts(
       "\n| answer | pieces | shapes | way | nodes | median ms | worst ms | total ms | ratio |");

@@ -38,11 +38,15 @@ Profiles::Profiles(const WindowTables<Bits64>& tables, const ScanShape<Bits64>& 
   all_ = (Pieces{1} << pieces) - 1;
 }
 
-std::size_t Profiles::slotOf(Bits64 window, int position) const {
-  const std::vector<Id>& index = storage_.index;
+std::size_t Profiles::slotFor(Bits64 window, int position) const {
   const std::uint64_t mixed =
       (window ^ static_cast<std::uint64_t>(position) << 48) * 0x9E3779B97F4A7C15;
-  std::size_t slot = (mixed ^ mixed >> 29) >> 7 & (index.size() - 1);
+  return (mixed ^ mixed >> 29) >> 7 & (storage_.index.size() - 1);
+}
+
+std::size_t Profiles::slotOf(Bits64 window, int position) const {
+  const std::vector<Id>& index = storage_.index;
+  std::size_t slot = slotFor(window, position);
   for (; index[slot] != kFree; slot = (slot + 1) & (index.size() - 1)) {
     const Node& node = storage_.nodes[index[slot]];
     if (node.window == window && node.position == position) break;
@@ -77,24 +81,34 @@ bool Profiles::grow(WorkMeter& meter) {
 }
 
 bool Profiles::growFrom(Id id, WorkMeter& meter) {
-  const Node from = storage_.nodes[id];
-  OrientationSet candidates = tables_.fitting(from.window) & allowed_;
-  const auto firstEdge = static_cast<std::uint32_t>(storage_.edges.size());
-  for (; candidates != 0; candidates &= candidates - 1) {
+  const Bits64 base = storage_.nodes[id].window;
+  const int from = storage_.nodes[id].position;
+  std::array<Child, kOrientations> children;
+  Child* next = children.data();
+  for (OrientationSet candidates = tables_.fitting(base) & allowed_; candidates != 0;
+       candidates &= candidates - 1) {
     const int orientation = std::countr_zero(candidates);
-    Bits64 window = from.window | tables_.mask(orientation);
-    int position = from.position;
+    Bits64 window = base | tables_.mask(orientation);
+    int position = from;
     shape_.advance(window, position);
-    const bool dead = position < shape_.end() && ((tables_.fitting(window) & allowed_) == 0 ||
-                                                  tables_.hasIsolatedCell(window));
-    if (dead) continue;
-    const Id to = idOf(window, position);
-    storage_.edges.push_back({to & kIdBits, static_cast<std::uint32_t>(orientation) & 63});
+    const bool fits = (tables_.fitting(window) & allowed_) != 0;
+    *next = {window, position, orientation};
+    // Whether a child lives cannot be predicted, so it is no branch.
+    next += static_cast<int>(position >= shape_.end()) |
+            (static_cast<int>(fits) & static_cast<int>(!tables_.hasIsolatedCell(window)));
+  }
+  const std::span living(children.data(), next);
+  for (const Child& child : living)
+    __builtin_prefetch(&storage_.index[slotFor(child.window, child.position)]);
+  const auto firstEdge = static_cast<std::uint32_t>(storage_.edges.size());
+  for (const Child& child : living) {
+    const Id to = idOf(child.window, child.position);
+    storage_.edges.push_back({to & kIdBits, static_cast<std::uint32_t>(child.orientation) & 63});
     if (!meter.node() || storage_.nodes.size() > kMost) return false;
   }
   Node& node = storage_.nodes[id];
   node.firstEdge = firstEdge;
-  node.edges = static_cast<std::uint16_t>(storage_.edges.size() - firstEdge);
+  node.edges = static_cast<std::uint16_t>(living.size());
   return true;
 }
 

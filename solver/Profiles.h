@@ -62,9 +62,15 @@ class Profiles {
     std::uint32_t orientation : 6;
   };
 
+  struct Child {
+    Bits64 window;
+    int position, orientation;
+  };
+
   bool growFrom(Id id, WorkMeter& meter);
   void collect(const Edge& edge, std::array<std::uint64_t, 64>& sets, std::uint64_t& words) const;
   void enlargeIndex();
+  std::size_t slotFor(Bits64 window, int position) const;  ///< where looking for it begins
   std::size_t slotOf(Bits64 window, int position) const;
 
   const WindowTables<Bits64>& tables_;
