@@ -1,6 +1,6 @@
 #include <cmath>
 
-#include "art/Colour.h"
+#include "art/Color.h"
 #include "art/Drawings.h"
 #include "art/Noise.h"
 

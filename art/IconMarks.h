@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "art/Colour.h"
+#include "art/Color.h"
 
 namespace pictures {
 

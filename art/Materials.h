@@ -14,7 +14,7 @@
 namespace pictures {
 
 /// The mean colour that a texture aims at.
-Lab meanColour(int texture);
+Lab meanColor(int texture);
 /// The texture's material. Made once, then kept.
 const Slab& material(int texture);
 

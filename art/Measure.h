@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "art/Colour.h"
+#include "art/Color.h"
 
 namespace pictures {
 

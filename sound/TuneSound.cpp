@@ -24,16 +24,16 @@ struct Wanted {
 
 }  // namespace
 
-struct TuneSound::Shared {
+struct TuneSound::Word {
   std::mutex mutex;  ///< guards all that follows
   std::condition_variable changed;
   Wanted wanted;
-  bool pending = false;  ///< something is new for the sound's thread
-  bool over = false;     ///< it is to end
-  bool ended = false;    ///< and it has
+  bool told = false;   ///< something is new for the listening thread
+  bool over = false;   ///< it is to end
+  bool ended = false;  ///< and it has
 
-  void notify() {
-    pending = true;
+  void tell() {
+    told = true;
     changed.notify_all();
   }
 };
@@ -76,9 +76,9 @@ std::shared_ptr<TuneSound> TuneSound::shared() {
   return sound;
 }
 
-TuneSound::TuneSound() : shared_(std::make_shared<Shared>()) {
+TuneSound::TuneSound() : word_(std::make_shared<Word>()) {
   try {
-    thread_ = std::thread(run, shared_);
+    thread_ = std::thread(listen, word_);
   } catch (const std::system_error&) {
     // no thread to be had: the tunes are silent
   }
@@ -86,10 +86,10 @@ TuneSound::TuneSound() : shared_(std::make_shared<Shared>()) {
 
 TuneSound::~TuneSound() {
   if (!thread_.joinable()) return;
-  std::unique_lock lock(shared_->mutex);
-  shared_->over = true;
-  shared_->notify();
-  const bool ended = shared_->changed.wait_for(lock, kPatience, [this] { return shared_->ended; });
+  std::unique_lock lock(word_->mutex);
+  word_->over = true;
+  word_->tell();
+  const bool ended = word_->changed.wait_for(lock, kPatience, [this] { return word_->ended; });
   lock.unlock();
   if (ended) {
     thread_.join();
@@ -99,10 +99,10 @@ TuneSound::~TuneSound() {
 }
 
 TuneSound::Number TuneSound::start(std::shared_ptr<const Tune> tune) {
-  const std::lock_guard lock(shared_->mutex);
-  Wanted& wanted = shared_->wanted;
+  const std::lock_guard lock(word_->mutex);
+  Wanted& wanted = word_->wanted;
   wanted = {wanted.number + 1, std::move(tune), true, {}};
-  shared_->notify();
+  word_->tell();
   return wanted.number;
 }
 
@@ -119,37 +119,37 @@ void TuneSound::ringOut(Number number) {
 }
 
 void TuneSound::want(Number number, bool sounding, std::optional<Clock::time_point> until) {
-  const std::lock_guard lock(shared_->mutex);
-  Wanted& wanted = shared_->wanted;
+  const std::lock_guard lock(word_->mutex);
+  Wanted& wanted = word_->wanted;
   if (number != wanted.number) return;
   wanted.sounding = sounding;
   wanted.until = until;
-  shared_->notify();
+  word_->tell();
 }
 
-/// Does what the user-interface thread wants to hear, until it is over.
-void TuneSound::followUntilOver(Shared& shared) {
+/// Follows the word of the user-interface thread until it is over.
+void TuneSound::obey(Word& word) {
   Playing playing;
-  std::unique_lock lock(shared.mutex);
-  while (!shared.over) {
-    shared.pending = false;
-    const Wanted wanted = shared.wanted;
+  std::unique_lock lock(word.mutex);
+  while (!word.over) {
+    word.told = false;
+    const Wanted wanted = word.wanted;
     lock.unlock();
     playing.follow(wanted);
     lock.lock();
-    const auto pending = [&] { return shared.pending; };
+    const auto told = [&] { return word.told; };
     if (!wanted.until) {
-      shared.changed.wait(lock, pending);
-    } else if (!shared.changed.wait_until(lock, *wanted.until, pending)) {
-      shared.wanted.sounding = false;
-      shared.wanted.until.reset();
+      word.changed.wait(lock, told);
+    } else if (!word.changed.wait_until(lock, *wanted.until, told)) {
+      word.wanted.sounding = false;
+      word.wanted.until.reset();
     }
   }
 }
 
-void TuneSound::run(const std::shared_ptr<Shared>& shared) {
-  followUntilOver(*shared);
-  const std::lock_guard lock(shared->mutex);
-  shared->ended = true;
-  shared->changed.notify_all();
+void TuneSound::listen(const std::shared_ptr<Word>& word) {
+  obey(*word);
+  const std::lock_guard lock(word->mutex);
+  word->ended = true;
+  word->changed.notify_all();
 }

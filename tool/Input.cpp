@@ -183,7 +183,7 @@ solver::Limits limitsFrom(const Arguments& arguments, Environment& environment,
 solver::Answer solve(const Input& input, const solver::PieceSet& supply,
                      const solver::Limits& limits, const solver::TypeOrder& order) {
   solver::Answer answer = solver::findSolution({input.shape, supply, input.types}, limits, order);
-  if (answer.solution) std::ranges::sort(*answer.solution);
+  if (answer.solution && !input.types.empty()) std::ranges::sort(*answer.solution);
   return answer;
 }
 

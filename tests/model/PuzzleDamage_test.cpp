@@ -15,7 +15,7 @@ TEST_F(PuzzleDamage, EveryTruncationNamesTheMissingByte) {
       EXPECT_EQ(basTiles::LastFileError,
                 "The file ends too early: byte " + std::to_string(length) + " is missing.");
       for (const auto* target : {&windows.editor, &windows.board, &windows.tray})
-        expectValidGrid(target->grid);
+        expectSoundGrid(target->grid);
     }
   }
   EXPECT_TRUE(basTiles::LoadPuzzle("sample.qzl", true));
