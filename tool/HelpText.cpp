@@ -42,7 +42,7 @@ std::string troff(std::string_view text) {
   for (const char c : text) {
     if (c == '-') result += '\\';
     result += c;
-    if (c == ' ' && result.ends_with(". ")) result.back() = '\n';
+    if (c == ' ' && result.ends_with(". ") && !result.ends_with(".. ")) result.back() = '\n';
   }
   return result;
 }
