@@ -17,7 +17,7 @@ const std::array<Entry, AtlasLayout::kTextures>& entries() {
       {materials::walnut, lch(27.0, 26, 62.0)},
       {materials::malachite, lch(49.8, 34.4, 165.3)},
       {materials::redCloth, lch(43.0, 57.0, 24.0)},
-      {materials::marble, lch(80.0, 4.5, 100.0)},
+      {materials::marble, lch(77.0, 6.0, 92.0)},
       {materials::amethyst, lch(35.5, 31.0, 318.0)},
       {materials::copper, lch(54.1, 56.0, 65.0)},
       {materials::turquoise, lch(60.7, 33.3, 222.0)},

@@ -41,11 +41,11 @@ Slab marble() {
     const double warp = fractal(u, v, 2, 3, 61), other = fractal(u, v, 3, 2, 62);
     const double across = std::sin(std::numbers::pi * (u + v + 0.22 * warp));
     const double back = std::sin(std::numbers::pi * (2 * u - v + 0.30 * other));
-    const double main = vein(across, 0.10 + 0.10 * std::abs(other));
+    const double main = vein(across, 0.13 + 0.10 * std::abs(other));
     const double haze = vein(across + 0.12, 0.42);
-    const double side = vein(back, 0.06) * std::clamp(0.6 + 1.2 * warp, 0.0, 1.0);
-    return lch(82, 4, 98) + Lab{-16, 0.5, -4} * main + Lab{-5, 0, -2} * haze +
-           Lab{-9, 0.5, -2} * side + Lab{2, 0, 0} * other;
+    const double side = vein(back, 0.09) * std::clamp(0.6 + 1.2 * warp, 0.0, 1.0);
+    return lch(82, 6, 88) + Lab{-36, 1, -2} * main + Lab{-11, 0.5, 0} * haze +
+           Lab{-20, 1, -1} * side + Lab{2, 0, 0} * other;
   });
 }
 
