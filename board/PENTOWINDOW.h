@@ -138,7 +138,7 @@ class PENTOWINDOW : public PointerSurface, public PuzzleTarget {
   bool showsStalePicture() const;
   void showOffSurface();
   void floats(bool piece);
-  void grabCentre();
+  void grabCentre(int tile);
   bool RecenterGrab();  // true when it redrew
 
   // handling
@@ -178,7 +178,8 @@ class PENTOWINDOW : public PointerSurface, public PuzzleTarget {
   QSize handledSize_{-1, -1};
   DirtyRectangle dirty_;
   SurfacePlace place_;
-  std::optional<QPoint> drawnAt_;  // where the surface shows the floating piece
+  std::optional<QPoint> drawnAt_;  // where the surface shows a floating piece
+  const PENTO* drawn_ = nullptr;   // and which one
 
   PentoRef FloatingPento_;
   bool fFloating_ = false;

@@ -24,7 +24,7 @@ void PENTOWINDOW::FloatingPento(const PentoRef& P) {
   if (!P) return;
   FloatingPento_ = P;
   floats(true);
-  if (!fKeepGrab_) grabCentre();
+  if (!fKeepGrab_) grabCentre(atlas_.tileWidth());
   fKeepGrab_ = false;
   showCursor(CursorShape::Clear);
   InvalidateFloating();
@@ -39,9 +39,9 @@ void PENTOWINDOW::floats(bool piece) {
   unsetCursor();
 }
 
-void PENTOWINDOW::grabCentre() {
-  GrabX_ = centreOf(atlas_.tileWidth(), FloatingPento_->Width());
-  GrabY_ = centreOf(atlas_.tileWidth(), FloatingPento_->Height());
+void PENTOWINDOW::grabCentre(int tile) {
+  GrabX_ = centreOf(tile, FloatingPento_->Width());
+  GrabY_ = centreOf(tile, FloatingPento_->Height());
 }
 
 void PENTOWINDOW::ShowFloatingPento() {
@@ -84,7 +84,8 @@ QPoint PENTOWINDOW::floatingPlace() const {
 
 /// The surface shows the piece elsewhere than in the hand, or it should not show it, or should.
 bool PENTOWINDOW::showsStalePicture() const {
-  return drawnAt_ != (showsPiece() ? std::optional(floatingPlace()) : std::nullopt);
+  if (!showsPiece()) return drawnAt_.has_value();
+  return drawn_ != FloatingPento_.get() || drawnAt_ != floatingPlace();
 }
 
 /// A pixel of the surface's picture as a point of the control, logical pixels.
@@ -113,7 +114,7 @@ bool PENTOWINDOW::RecenterGrab() {
     return false;
   const auto [x, y] = basKelvoWinAPI::GetCursorPos(*this);
   basKelvoWinAPI::SetCursorPos(x, y, *this);
-  grabCentre();
+  grabCentre(atlas_.tileWidth());
   redrawFloating();
   return true;
 }

@@ -1,6 +1,7 @@
 #include "board/PENTOWINDOW.h"
 #include "board/TextureFile.h"
 #include "drawing/Rounding.h"
+#include "platform/Pointer.h"
 #include "platform/Program.h"
 #include "platform/Twips.h"
 
@@ -16,6 +17,10 @@ void PENTOWINDOW::TileSize(std::int16_t pixels) {
   const PENTOGRID& grid = assignedGrid();
   centreSurface(QSizeF(pixels * grid.Width(), pixels * grid.Height()));
   pace_.rest(false);
+  if (fFloating_) {
+    grabCentre(pixels);  // the old grab point is no point of the piece any more
+    Pointer::moveFollows(*window());
+  }
   atlas_.load(textureFile(Program::ColorDepth), pixels);  // last: without a picture it throws
 }
 

@@ -110,7 +110,7 @@ void PENTOWINDOW::pickUp(double x, double y) {
   if (Form::Unloaded(this) || !P) return;
   fKeepGrab_ = true;
   FloatingPento(P);
-  grabCentre();
+  grabCentre(atlas_.tileWidth());
   if (Pickup_) grid_->RemovePento(column, row);
   hand().tookFrom({P, this, {P->X(), P->Y()}, P->RotationCount, P->FlipCount});
   placeCursor(s * P->Width() / 2.0 + s * P->X(), s * P->Height() / 2.0 + s * P->Y());

@@ -26,6 +26,7 @@ void PENTOWINDOW::FlushDirty() {
     pctFore_->present(
         {dirty_.left, dirty_.top, dirty_.right - dirty_.left, dirty_.bottom - dirty_.top});
     drawnAt_ = scene.floating ? std::optional(QPoint(box.left, box.top)) : std::nullopt;
+    drawn_ = scene.floating;
     if (fFloating_) dirty_ = box;  // the next flush repaints the place that the piece leaves
     showOffSurface();
   } catch (const std::exception&) {
