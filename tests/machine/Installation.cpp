@@ -60,8 +60,9 @@ void Installation::renew() {
 }
 
 std::vector<fs::path> Installation::names() const {
-  return {user() / "own.qzl", user() / "heap.qzl", user() / "bad.qzl",
-          folder_ / "puzzles" / "rocket.qzl", user() / "new.qzl", user() / "newer"};
+  return {user() / "own.qzl", user() / "heap.qzl",
+          user() / "bad.qzl", folder_ / "puzzles" / "rocket.qzl",
+          user() / "new.qzl", user() / "newer"};
 }
 
 std::vector<fs::path> Installation::puzzles() const {

@@ -12,8 +12,8 @@
 
 namespace machine {
 
-/// An installed tree with small puzzles of the test's own, and a player's folder that each run finds
-/// as the first one did.
+/// An installed tree with small puzzles of the test's own, and a player's folder that each run
+/// finds as the first one did.
 class Installation {
  public:
   Installation();

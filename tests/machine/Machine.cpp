@@ -14,7 +14,7 @@ namespace machine {
 
 namespace {
 
-constexpr int kLaps = 2;           // of the event loop between two steps
+constexpr int kLaps = 2;  // of the event loop between two steps
 constexpr int kMostLapsToStart = 100;
 constexpr int kMostLapsToEnd = 20'000;
 constexpr const char* kTimer = "tmrHideFloat";
@@ -23,7 +23,8 @@ constexpr const char* kTimer = "tmrHideFloat";
 std::vector<Step> expanded(const Step& step) {
   if (step.kind != Step::Rest) return {step};
   const auto tick = [&](int side) { return Step{Step::Tick, {}, (side + step.number) % 2, false}; };
-  return {{Step::Tell, {}, 0, false}, tick(0), tick(1), tick(0), tick(1), {Step::Look, {}, 0, false}};
+  return {{Step::Tell, {}, 0, false}, tick(0), tick(1), tick(0), tick(1),
+          {Step::Look, {}, 0, false}};
 }
 
 }  // namespace
@@ -113,7 +114,7 @@ void Machine::makeSteps() {
   while (hurried && !steps_.empty() && trouble_.empty()) {
     const Step step = steps_.front();
     steps_.pop_front();
-    hurried = step.hurried;
+    hurried = step.hurried && step.kind < Step::Key;  // a dialog may come of the others
     ++done_;
     std::ostringstream shown;
     shown << step;
@@ -132,8 +133,8 @@ void Machine::tearDown() {
   mouse_->release();
   program_->edit.fFileChanged = false;
   if (Form::Count() == 0) return;
-  for (Form* form : std::initializer_list<Form*>{&program_->finished, &program_->open,
-                                                 &program_->splash}) {
+  for (Form* form :
+       std::initializer_list<Form*>{&program_->finished, &program_->open, &program_->splash}) {
     if (!form->Loaded()) continue;
     form->Unload();
     return;

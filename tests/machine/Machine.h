@@ -18,8 +18,8 @@
 
 namespace machine {
 
-/// Plays a scenario, once, on the program's real windows, and beside it on a table: after each step both
-/// must agree, and a person must see what lies there.
+/// Plays a scenario, once, on the program's real windows, and beside it on a table: after each step
+/// both must agree, and a person must see what lies there.
 ///
 /// Order: one step at a time from the event loop, each when all that the one before has left to be
 ///        done is done. A step may wait in a dialog; the next ones come from the dialog's own loop.

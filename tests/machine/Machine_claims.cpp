@@ -187,8 +187,8 @@ void Machine::judge() {
     question_.reset();
   } else if (std::none_of(outcomes_.begin(), outcomes_.end(),
                           [&](const Outcome& outcome) { return outcome(table); })) {
-    fail("the pieces are not where they should be after " + last_ + ".\n  Before: " + machine::text(table_) +
-         "\n  now:    " + machine::text(table));
+    fail("the pieces are not where they should be after " + last_ +
+         ".\n  Before: " + machine::text(table_) + "\n  now:    " + machine::text(table));
   }
   judgeSolved(table);
   if (question_ && !qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
@@ -219,8 +219,8 @@ void Machine::judgePickUp() {
 
 void Machine::judgeSolved(const Table& now) {
   if (!playing()) return;
-  const bool dropped = table_.hand && !now.hand &&
-                       now.areas[kBoard].laid.size() > table_.areas[kBoard].laid.size();
+  const bool dropped =
+      table_.hand && !now.hand && now.areas[kBoard].laid.size() > table_.areas[kBoard].laid.size();
   const bool full = now.areas[kBoard].freeCells() == 0;
   if (dropped && full != program_->finished.Loaded())
     fail(full ? "the puzzle is solved, and nobody says so" : "the puzzle is not solved");
@@ -244,8 +244,8 @@ void Machine::lookAt(Side side) {
   const Sight::Seen seen = Sight::look(shown, piece.get(), mouse_->at());
   if (!seen.wrong.empty()) fail(where + seen.wrong);
   const QRectF place(shown.mapToGlobal(QPoint(0, 0)), QSizeF(shown.size()));
-  const bool over = place.contains(mouse_->at()) &&
-                    mouse_->over() == stage()->Window()->windowHandle();
+  const bool over =
+      place.contains(mouse_->at()) && mouse_->over() == stage()->Window()->windowHandle();
   if (piece && over && !seen.corner && Sight::wouldBeSeen(shown, *piece, mouse_->at()))
     fail(where + "does not show the piece that is carried over it");
   if (piece && seen.corner && sideUnderPointer() == side) drawn_ = Drawn{side, *seen.corner};

@@ -21,11 +21,11 @@ namespace {
 constexpr Qt::MouseButton kButtons[] = {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton};
 constexpr double kGlide = 12;  // logical pixels from motion to motion
 constexpr QSize kSizes[] = {{420, 340}, {640, 480}, {560, 700}, {780, 560}};
-constexpr const char* kPlayItems[] = {"mnuFileOpen", "mnuHelpAbout", "mnuSoundOn", "mnuSoundOff",
-                                      "mnuViewEdit", "mnuFileClose"};
-constexpr const char* kEditItems[] = {"mnuFileNew",     "mnuFileOpen",    "mnuFileSave",
-                                      "mnuFileSaveAs",  "mnuFileRecent0", "mnuFileRecent1",
-                                      "mnuHelpAbout",   "mnuFilePlay",    "mnuFileClose"};
+constexpr const char* kPlayItems[] = {"mnuFileOpen", "mnuHelpAbout", "mnuSoundOn",
+                                      "mnuSoundOff", "mnuViewEdit",  "mnuFileClose"};
+constexpr const char* kEditItems[] = {"mnuFileNew",    "mnuFileOpen",    "mnuFileSave",
+                                      "mnuFileSaveAs", "mnuFileRecent0", "mnuFileRecent1",
+                                      "mnuHelpAbout",  "mnuFilePlay",    "mnuFileClose"};
 constexpr const char* kEditButtons[] = {
     "cmdPento0", "cmdPento1", "cmdPento2", "cmdPento3", "cmdPento4",  "cmdPento5",
     "cmdPento6", "cmdPento7", "cmdPento8", "cmdPento9", "cmdPento10", "cmdPento11",
@@ -187,9 +187,8 @@ std::optional<QPointF> Machine::whereItFits(Side side, int which) const {
   if (free.empty()) return {};
   const Cell corner = counted(free, which);
   const double s = control(side)->TileWidth();
-  return Sight::onDesktop(*control(side),
-                          QPointF((corner.column + table_.hand->width() / 2.0) * s,
-                                  (corner.row + table_.hand->height() / 2.0) * s));
+  return Sight::onDesktop(*control(side), QPointF((corner.column + table_.hand->width() / 2.0) * s,
+                                                  (corner.row + table_.hand->height() / 2.0) * s));
 }
 
 void Machine::glide(const QPointF& to) {
@@ -207,8 +206,8 @@ void Machine::glide(const QPointF& to) {
 /// Buttons are pushed by steps of their own.
 bool Machine::overButton() const {
   QWidget* window = front();
-  return window &&
-         qobject_cast<QAbstractButton*>(window->childAt(window->mapFromGlobal(mouse_->at()).toPoint()));
+  return window && qobject_cast<QAbstractButton*>(
+                       window->childAt(window->mapFromGlobal(mouse_->at()).toPoint()));
 }
 
 /// A board hears further presses while a button is held on it; of other widgets nothing is claimed.
@@ -261,6 +260,7 @@ void Machine::resize(int size) {
   QWidget* window = stage()->Window();
   window->showNormal();
   window->resize(counted(kSizes, size));
+  mouse_->slip(mouse_->at() + QPointF(1, 1));  // a person who does it moves the pointer
 }
 
 void Machine::close() {
@@ -295,6 +295,8 @@ void Machine::pushButton(int which) {
     expectEditorButton(which % static_cast<int>(std::size(kEditButtons)));
   else
     expectFiles();
+  mouse_->slip(partOf(*button, 50, 50));
+  mouse_->tell();
   button->click();
 }
 

@@ -138,7 +138,11 @@ void Mouse::place(const QPointF& to) {
   at_ = wanted;
   if (placing == Placing::Works)
     QMetaObject::invokeMethod(
-        &context_, [this] { if (untold()) tell(); }, Qt::QueuedConnection);
+        &context_,
+        [this] {
+          if (untold()) tell();
+        },
+        Qt::QueuedConnection);
 }
 
 }  // namespace machine

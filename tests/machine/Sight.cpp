@@ -34,7 +34,8 @@ int border(const PictureBox& box) {
 /// The first row in which two surfaces differ, or -1.
 int difference(const Surface& a, const Surface& b) {
   for (int y = 0; y < a.height(); ++y)
-    if (std::memcmp(a.row(y), b.row(y), sizeof(Surface::Pixel) * static_cast<std::size_t>(a.width())))
+    if (std::memcmp(a.row(y), b.row(y),
+                    sizeof(Surface::Pixel) * static_cast<std::size_t>(a.width())))
       return y;
   return -1;
 }
@@ -44,8 +45,7 @@ struct Painting {
   Composition::Scene scene;
   Composition* composition;
 
-  explicit Painting(const PENTOWINDOW& control)
-      : composition(&painter(control.BackTexture())) {
+  explicit Painting(const PENTOWINDOW& control) : composition(&painter(control.BackTexture())) {
     const Surface& shown = Sight::surface(control).picture();
     surface.resize(shown.width(), shown.height());
     scene.grid = control.Grid();

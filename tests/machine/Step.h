@@ -29,12 +29,12 @@ struct Spot {
 struct Step {
   enum Kind {
     // The pointer, which is as bad as a real one.
-    Move,    ///< to the spot, in one motion
-    Glide,   ///< to the spot, in motions of some pixels
-    Slip,    ///< to the spot, and no motion is told
-    Tell,    ///< the motion that is due comes late
-    Press,   ///< button 0 left, 1 right, 2 middle
-    Release, ///< all buttons
+    Move,     ///< to the spot, in one motion
+    Glide,    ///< to the spot, in motions of some pixels
+    Slip,     ///< to the spot, and no motion is told
+    Tell,     ///< the motion that is due comes late
+    Press,    ///< button 0 left, 1 right, 2 middle
+    Release,  ///< all buttons
     Click,
     Again,    ///< the second press of a double-click, with the button of the last one
     Placing,  ///< from now on the program's placing of the cursor: 0 works, 1 raises no motion, 2

@@ -52,14 +52,14 @@ struct Area {
 
 enum Side { kBoard, kTray };
 
-/// The game as it is on a table: a board, a tray, and a hand that holds one card at most. Every card
-/// is in exactly one of the three, and no two share a cell.
+/// The game as it is on a table: a board, a tray, and a hand that holds one card at most. Every
+/// card is in exactly one of the three, and no two share a cell.
 struct Table {
   std::array<Area, 2> areas;
   std::optional<Card> hand;
 
-  void take(Side from, Cell cell);        ///< does nothing where no card lies
-  void lay(Side onto, Cell corner);       ///< does nothing where it does not fit
+  void take(Side from, Cell cell);   ///< does nothing where no card lies
+  void lay(Side onto, Cell corner);  ///< does nothing where it does not fit
   bool operator==(const Table&) const = default;
 };
 

@@ -14,12 +14,12 @@ namespace {
 rc::Gen<Step::Kind> kinds(bool editor) {
   using namespace rc;
   std::vector<std::pair<std::size_t, Step::Kind>> weighted{
-      {12, Step::Move},   {4, Step::Glide},  {8, Step::Slip},    {2, Step::Tell},
-      {8, Step::Press},   {3, Step::Release}, {16, Step::Click},  {2, Step::Again},
-      {2, Step::Placing}, {6, Step::Tick},   {14, Step::Rest},   {4, Step::Key},
-      {1, Step::Leave},   {2, Step::Return}, {1, Step::Resize},  {1, Step::Minimize},
-      {2, Step::Restore}, {1, Step::Close},  {1, Step::Item},    {3, Step::Button},
-      {3, Step::Puzzle},  {4, Step::Answer}, {2, Step::Name}};
+      {12, Step::Move},   {4, Step::Glide},   {8, Step::Slip},   {2, Step::Tell},
+      {8, Step::Press},   {3, Step::Release}, {16, Step::Click}, {2, Step::Again},
+      {2, Step::Placing}, {6, Step::Tick},    {14, Step::Rest},  {4, Step::Key},
+      {1, Step::Leave},   {2, Step::Return},  {1, Step::Resize}, {1, Step::Minimize},
+      {2, Step::Restore}, {1, Step::Close},   {1, Step::Item},   {3, Step::Button},
+      {3, Step::Puzzle},  {4, Step::Answer},  {2, Step::Name}};
   if (editor) weighted[19].first = 12;
   return gen::exec([weighted] {
     std::size_t total = 0;
@@ -59,8 +59,8 @@ rc::Gen<Scenario> scenarios(bool editor) {
       gen::set(&Scenario::editor, gen::just(editor)),
       gen::set(&Scenario::size, gen::resize(kNominalSize, gen::inRange(0, 4))),
       gen::set(&Scenario::puzzle, gen::resize(kNominalSize, gen::inRange(0, 16))),
-      gen::set(&Scenario::steps, gen::scale(4, gen::container<std::vector<Step>>(gen::resize(
-                                                   kNominalSize, steps(editor))))));
+      gen::set(&Scenario::steps, gen::scale(4, gen::container<std::vector<Step>>(
+                                                   gen::resize(kNominalSize, steps(editor))))));
 }
 
 /// The offscreen platform complains of what it lacks.
@@ -111,14 +111,16 @@ std::vector<Scenario> kept() {
   using enum Step::Kind;
   using enum Spot::Where;
   return {
-      {false, 0, 3, {{Move, {TrayPiece, 0, 0}}, {Press}, {Press, {TrayPiece, 0, 0}, 10}}},
-      {true, 0, 0, {{Button}, {Move, {BoardArea, 75, 56}, 1}, {Rest}}},
+      // A piece turned at rest was drawn elsewhere than it would have been laid.
+      {false, 0, 2, {{Move, {TrayPiece, 0, 0}}, {Press}, {Press, {Desk, 0, 0}, 16}, {Rest}}},
+      // A new piece mirrored before the pointer had moved stood in the corner of the board.
+      {true, 0, 0, {{Glide, {Desk, 0, 0}}, {Button}, {Key}, {Rest}}},
   };
 }
 
 TEST(Machine, PlaysWhatItHasFoundBefore) {
   Machines machines;
-  for (int i = 0; i < 6; ++i) for (const Scenario& scenario : kept()) {
+  for (const Scenario& scenario : kept()) {
     std::ostringstream shown;
     shown << scenario;
     EXPECT_EQ(machines.play(scenario), "") << shown.str();
