@@ -119,7 +119,10 @@ void Machine::makeSteps() {
     std::ostringstream shown;
     shown << step;
     last_ = shown.str();
+    const int now = done_;
     perform(step);
+    // If it has waited in a dialog, others have been made there and judged meanwhile.
+    hurried = hurried && done_ == now && ending_ == 0;
     if (hurried) judge();
   }
 }
