@@ -1,6 +1,6 @@
 #include <cmath>
 
-#include "art/Color.h"
+#include "art/Colour.h"
 #include "art/Drawings.h"
 #include "art/Noise.h"
 

@@ -14,7 +14,9 @@ namespace pictures {
 QImage painted(int width, int height, double scale, const QColor& ground,
                const std::function<void(QPainter&)>& paint);
 
-/// Brings a picture to at most 256 colours (median cut, no dithering), Indexed8.
-QImage in256Colors(const QImage& picture);
+/// Brings a picture to at most 256 colours (median cut, no dithering), Indexed8. The toolkit's own
+/// conversion dithers or takes a fixed cube of colours, and an image library's tables change with
+/// its version; the pictures that ship stay the same bit for bit.
+QImage in256Colours(const QImage& picture);
 
 }  // namespace pictures

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "art/Color.h"
+#include "art/Colour.h"
 
 namespace pictures {
 

@@ -34,7 +34,7 @@ const std::array<Entry, AtlasLayout::kTextures>& entries() {
 
 }  // namespace
 
-Lab meanColor(int texture) {
+Lab meanColour(int texture) {
   return entries().at(static_cast<std::size_t>(texture)).mean;
 }
 

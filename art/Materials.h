@@ -14,7 +14,7 @@
 namespace pictures {
 
 /// The mean colour that a texture aims at.
-Lab meanColor(int texture);
+Lab meanColour(int texture);
 /// The texture's material. Made once, then kept.
 const Slab& material(int texture);
 

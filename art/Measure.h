@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "art/Color.h"
+#include "art/Colour.h"
 
 namespace pictures {
 

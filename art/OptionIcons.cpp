@@ -7,8 +7,8 @@
 namespace pictures {
 namespace {
 
-QPen ink(double width, const QColor& color = QColor(0x22, 0x26, 0x4a)) {
-  return QPen(color, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+QPen ink(double width, const QColor& colour = QColor(0x22, 0x26, 0x4a)) {
+  return QPen(colour, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
 }
 
 QLinearGradient downward(const QColor& top, const QColor& bottom, double from = 2, double to = 30) {

@@ -29,10 +29,10 @@ void add(List& list, const std::string& name, const char* extension, const Densi
 
 void addWindows(List& list) {
   add(list, "splash", ".png", kPlainAndDoubled, splash);
-  add(list, "about256", ".bmp", kPlainAndDoubled, [](double s) { return in256Colors(splash(s)); });
+  add(list, "about256", ".bmp", kPlainAndDoubled, [](double s) { return in256Colours(splash(s)); });
   add(list, "waytogo", ".png", kPlainAndDoubled, wayToGo);
   add(list, "waytogo256", ".bmp", kPlainAndDoubled,
-      [](double s) { return in256Colors(wayToGo(s)); });
+      [](double s) { return in256Colours(wayToGo(s)); });
   add(list, "background", ".png", kPlainAndDoubled, background);
   for (const std::string name : {"play", "edit", "visit", "email", "retry", "open", "quit"})
     add(list, "option-" + name, ".png", kPlainAndDoubled,
@@ -73,7 +73,7 @@ std::vector<PictureFile> allPictures(const std::filesystem::path& source) {
   const std::filesystem::path puzzles = source / "puzzles";
   List list;
   list.push_back({"tiles/tiles.jpg", atlas});
-  list.push_back({"tiles/tiles.bmp", [] { return in256Colors(atlas()); }});
+  list.push_back({"tiles/tiles.bmp", [] { return in256Colours(atlas()); }});
   addWindows(list);
   addCursors(list);
   addButtons(list);

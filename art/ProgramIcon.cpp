@@ -3,7 +3,7 @@
 #include <array>
 
 #include "art/Canvas.h"
-#include "art/Color.h"
+#include "art/Colour.h"
 #include "art/Drawings.h"
 #include "art/Outline.h"
 
@@ -16,13 +16,13 @@ const std::vector<std::string> kLetterQ{".PPWW.", "IPPPWW", "IL..NW", "IL..NN",
 constexpr int kColumns = 6, kRows = 8;
 
 /// Strong plain colours, as small pictures need them; one for each of the twelve types.
-QColor iconColor(int type, double lighter) {
-  static const std::array<Lab, 12> colors{lch(82, 62, 82),  lch(55, 40, 260), lch(52, 52, 272),
-                                          lch(62, 44, 170), lch(50, 60, 30),  lch(58, 62, 32),
-                                          lch(45, 45, 310), lch(62, 55, 60),  lch(65, 35, 225),
-                                          lch(48, 50, 320), lch(70, 35, 0),   lch(70, 48, 128)};
-  const Lab color = colors[static_cast<std::size_t>(type)];
-  return QColor::fromRgb(toRgb(color + Lab{lighter, 0, 0}));
+QColor iconColour(int type, double lighter) {
+  static const std::array<Lab, 12> colours{lch(82, 62, 82),  lch(55, 40, 260), lch(52, 52, 272),
+                                           lch(62, 44, 170), lch(50, 60, 30),  lch(58, 62, 32),
+                                           lch(45, 45, 310), lch(62, 55, 60),  lch(65, 35, 225),
+                                           lch(48, 50, 320), lch(70, 35, 0),   lch(70, 48, 128)};
+  const Lab colour = colours[static_cast<std::size_t>(type)];
+  return QColor::fromRgb(toRgb(colour + Lab{lighter, 0, 0}));
 }
 
 /// The contour and the seams, from the size on at which a cell has room for them.
@@ -36,8 +36,8 @@ QPen seam(double width) {
 void paintIconPiece(QPainter& painter, const Piece& piece, int cell) {
   const QPainterPath path = roundedPath(piece.cells, cell, cell * 0.16);
   QLinearGradient fill(0, path.boundingRect().top(), 0, path.boundingRect().bottom());
-  fill.setColorAt(0, iconColor(piece.type, 7));
-  fill.setColorAt(1, iconColor(piece.type, -6));
+  fill.setColorAt(0, iconColour(piece.type, 7));
+  fill.setColorAt(1, iconColour(piece.type, -6));
   painter.fillPath(path, fill);
   if (cell >= kFewestPixelsForBevels) {
     const double bevel = cell * 0.14;
@@ -72,7 +72,7 @@ QByteArray programIconSvg() {
          "viewBox=\"0 0 128 128\">\n  <title>Quinzolith</title>\n"
          "  <g stroke=\"#1b1a3c\" stroke-width=\"2.5\" stroke-linejoin=\"round\">\n";
   for (const Piece& piece : piecesOf(kLetterQ)) {
-    out << "    <path fill=\"" << iconColor(piece.type, 0).name() << "\" d=\"";
+    out << "    <path fill=\"" << iconColour(piece.type, 0).name() << "\" d=\"";
     for (const QPolygonF& polygon : outlines(piece.cells)) {
       char command = 'M';
       for (const QPointF& point : polygon) {

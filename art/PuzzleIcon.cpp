@@ -4,7 +4,7 @@
 #include <iterator>
 #include <map>
 
-#include "art/Color.h"
+#include "art/Colour.h"
 #include "art/Drawings.h"
 #include "art/IconMarks.h"
 #include "art/Materials.h"
@@ -27,8 +27,8 @@ struct Tint {
   double border = 1;
 };
 
-Tint plain(const Lab& color) {
-  return {color, color, 1};
+Tint plain(const Lab& colour) {
+  return {colour, colour, 1};
 }
 
 bool isBox(const std::string& iconKey) {
@@ -69,7 +69,7 @@ Tint tintOf(const std::string& iconKey) {
   const auto found = tints.find(iconKey);
   if (found != tints.end()) return found->second;
   if (isPentomino(iconKey))
-    return plain(meanColor(std::stoi(iconKey.substr(5)) - 1));  // "pento01" is of type 0
+    return plain(meanColour(std::stoi(iconKey.substr(5)) - 1));  // "pento01" is of type 0
   return plain(lch(52, 50, 265));
 }
 
@@ -184,13 +184,13 @@ class IconPaint {
     return relief_.heightAt(y) < tint_.border ? tint_.upper : tint_.lower;
   }
   Lab dark(int y) const {
-    const Lab color = plainAt(y);
-    return {std::min(color.L * 0.35, 24.0), color.a * 0.4, color.b * 0.4};
+    const Lab colour = plainAt(y);
+    return {std::min(colour.L * 0.35, 24.0), colour.a * 0.4, colour.b * 0.4};
   }
   Lab face(char mark, int x, int y) const {
-    const Lab color = mark == 'o' ? marks_.second : plainAt(y);
-    if (marks_.flat) return color;
-    return color + Lab{relief_.lightAt(x, y) + 5 - 10 * relief_.heightAt(y), 0, 0};
+    const Lab colour = mark == 'o' ? marks_.second : plainAt(y);
+    if (marks_.flat) return colour;
+    return colour + Lab{relief_.lightAt(x, y) + 5 - 10 * relief_.heightAt(y), 0, 0};
   }
   Lab eye(int x, int y) const { return {relief_.isMiddle(x, y) ? 10.0 : 98.0, 0, 0}; }
 

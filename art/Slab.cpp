@@ -10,10 +10,11 @@ constexpr double kLittle = 1.0 / Slab::kSize;
 
 }  // namespace
 
-Slab::Slab(const std::function<Lab(double u, double v)>& color) {
+Slab::Slab(const std::function<Lab(double u, double v)>& colour) {
   samples_.reserve(kSize * kSize);
   for (int y = 0; y < kSize; ++y)
-    for (int x = 0; x < kSize; ++x) samples_.push_back(color((x + 0.5) / kSize, (y + 0.5) / kSize));
+    for (int x = 0; x < kSize; ++x)
+      samples_.push_back(colour((x + 0.5) / kSize, (y + 0.5) / kSize));
 }
 
 void Slab::light(const std::function<double(double u, double v)>& height, double steepness) {

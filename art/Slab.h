@@ -4,7 +4,7 @@
 #include <functional>
 #include <vector>
 
-#include "art/Color.h"
+#include "art/Colour.h"
 
 namespace pictures {
 
@@ -14,7 +14,7 @@ class Slab {
  public:
   static constexpr int kSize = 256;  ///< samples along an edge
 
-  explicit Slab(const std::function<Lab(double u, double v)>& color);
+  explicit Slab(const std::function<Lab(double u, double v)>& colour);
 
   /// Adds light from the top left falling on a relief: `steepness` is the gain in L for a slope of
   /// one cell height per cell.

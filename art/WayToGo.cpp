@@ -70,9 +70,9 @@ void paintStar(QPainter& painter, const QPointF& middle, double radius, double t
     face.lineTo(a);
     face.lineTo(b);
     face.closeSubpath();
-    const QColor color = QColor::fromRgb(toRgb(gold));
-    painter.fillPath(face, color);
-    painter.strokePath(face, QPen(color, 0.4));
+    const QColor colour = QColor::fromRgb(toRgb(gold));
+    painter.fillPath(face, colour);
+    painter.strokePath(face, QPen(colour, 0.4));
   }
 }
 
@@ -91,7 +91,7 @@ void paintConfetti(QPainter& painter) {
     painter.rotate(360 * hashed(i, 4, kSeed));
     painter.scale(1, 0.45 + 0.55 * hashed(i, 5, kSeed));  // they tumble
     painter.fillRect(QRectF(-edge / 2, -edge / 2, edge, edge),
-                     QColor::fromRgb(toRgb(meanColor(type))));
+                     QColor::fromRgb(toRgb(meanColour(type))));
     painter.restore();
   }
 }

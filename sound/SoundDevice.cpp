@@ -46,8 +46,6 @@ std::vector<std::string> driversToTry(fluid_settings_t* settings) {
   std::vector<std::string> drivers;
   if (has("pulseaudio")) drivers.push_back("pulseaudio");
   if (has("alsa") && hasCard()) drivers.push_back("alsa");
-  for (const char* other : {"coreaudio", "wasapi", "dsound"})
-    if (has(other)) drivers.push_back(other);
   return drivers;
 }
 

@@ -20,6 +20,6 @@ struct Tune {
 /// claim to play for more than an hour. FluidSynth tells none of this before it plays.
 std::optional<std::chrono::milliseconds> midiLength(std::span<const std::uint8_t> bytes);
 
-/// Reads a tune; nothing for what is missing, no regular file, larger than a megabyte or no sound
+/// Reads a tune; nothing for what is missing, no regular file, larger than a megabyte or no valid
 /// MIDI file.
 std::optional<Tune> readTune(const std::filesystem::path& file);

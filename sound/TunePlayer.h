@@ -27,7 +27,7 @@ class TunePlayer {
   std::filesystem::path FileName;
 
   /// Runs a command; any other text, or a command that does not fit the mode, does nothing.
-  ///   "Open"   opens FileName; a file that is no sound MIDI file leaves the mode at 524
+  ///   "Open"   opens FileName; a file that is no valid MIDI file leaves the mode at 524
   ///   "Close"  stops the sound and lets the file go
   ///   "Play"   plays on from where the tune stands; from the beginning once it has ended
   ///   "Stop"   stops the sound and keeps the place

@@ -24,16 +24,16 @@ struct Wanted {
 
 }  // namespace
 
-struct TuneSound::Word {
+struct TuneSound::Shared {
   std::mutex mutex;  ///< guards all that follows
   std::condition_variable changed;
   Wanted wanted;
-  bool told = false;   ///< something is new for the listening thread
-  bool over = false;   ///< it is to end
-  bool ended = false;  ///< and it has
+  bool pending = false;  ///< something is new for the sound's thread
+  bool over = false;     ///< it is to end
+  bool ended = false;    ///< and it has
 
-  void tell() {
-    told = true;
+  void notify() {
+    pending = true;
     changed.notify_all();
   }
 };
@@ -76,9 +76,9 @@ std::shared_ptr<TuneSound> TuneSound::shared() {
   return sound;
 }
 
-TuneSound::TuneSound() : word_(std::make_shared<Word>()) {
+TuneSound::TuneSound() : shared_(std::make_shared<Shared>()) {
   try {
-    thread_ = std::thread(listen, word_);
+    thread_ = std::thread(run, shared_);
   } catch (const std::system_error&) {
     // no thread to be had: the tunes are silent
   }
@@ -86,10 +86,10 @@ TuneSound::TuneSound() : word_(std::make_shared<Word>()) {
 
 TuneSound::~TuneSound() {
   if (!thread_.joinable()) return;
-  std::unique_lock lock(word_->mutex);
-  word_->over = true;
-  word_->tell();
-  const bool ended = word_->changed.wait_for(lock, kPatience, [this] { return word_->ended; });
+  std::unique_lock lock(shared_->mutex);
+  shared_->over = true;
+  shared_->notify();
+  const bool ended = shared_->changed.wait_for(lock, kPatience, [this] { return shared_->ended; });
   lock.unlock();
   if (ended) {
     thread_.join();
@@ -99,10 +99,10 @@ TuneSound::~TuneSound() {
 }
 
 TuneSound::Number TuneSound::start(std::shared_ptr<const Tune> tune) {
-  const std::lock_guard lock(word_->mutex);
-  Wanted& wanted = word_->wanted;
+  const std::lock_guard lock(shared_->mutex);
+  Wanted& wanted = shared_->wanted;
   wanted = {wanted.number + 1, std::move(tune), true, {}};
-  word_->tell();
+  shared_->notify();
   return wanted.number;
 }
 
@@ -119,37 +119,37 @@ void TuneSound::ringOut(Number number) {
 }
 
 void TuneSound::want(Number number, bool sounding, std::optional<Clock::time_point> until) {
-  const std::lock_guard lock(word_->mutex);
-  Wanted& wanted = word_->wanted;
+  const std::lock_guard lock(shared_->mutex);
+  Wanted& wanted = shared_->wanted;
   if (number != wanted.number) return;
   wanted.sounding = sounding;
   wanted.until = until;
-  word_->tell();
+  shared_->notify();
 }
 
-/// Follows the word of the user-interface thread until it is over.
-void TuneSound::obey(Word& word) {
+/// Does what the user-interface thread wants to hear, until it is over.
+void TuneSound::followUntilOver(Shared& shared) {
   Playing playing;
-  std::unique_lock lock(word.mutex);
-  while (!word.over) {
-    word.told = false;
-    const Wanted wanted = word.wanted;
+  std::unique_lock lock(shared.mutex);
+  while (!shared.over) {
+    shared.pending = false;
+    const Wanted wanted = shared.wanted;
     lock.unlock();
     playing.follow(wanted);
     lock.lock();
-    const auto told = [&] { return word.told; };
+    const auto pending = [&] { return shared.pending; };
     if (!wanted.until) {
-      word.changed.wait(lock, told);
-    } else if (!word.changed.wait_until(lock, *wanted.until, told)) {
-      word.wanted.sounding = false;
-      word.wanted.until.reset();
+      shared.changed.wait(lock, pending);
+    } else if (!shared.changed.wait_until(lock, *wanted.until, pending)) {
+      shared.wanted.sounding = false;
+      shared.wanted.until.reset();
     }
   }
 }
 
-void TuneSound::listen(const std::shared_ptr<Word>& word) {
-  obey(*word);
-  const std::lock_guard lock(word->mutex);
-  word->ended = true;
-  word->changed.notify_all();
+void TuneSound::run(const std::shared_ptr<Shared>& shared) {
+  followUntilOver(*shared);
+  const std::lock_guard lock(shared->mutex);
+  shared->ended = true;
+  shared->changed.notify_all();
 }

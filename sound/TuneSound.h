@@ -8,10 +8,10 @@
 #include "sound/TuneFile.h"
 
 /// The sound of all tune players. A thread of its own makes the synthesizer and opens the device,
-/// for as long as a tune sounds; the members, called from the user-interface thread, only leave it
-/// word and return at once. What has no sound is silent, and nobody is told. One tune sounds at a
-/// time. Each start gives it a number; a word about a tune that another one has replaced is
-/// ignored.
+/// for as long as a tune sounds; the members, called from the user-interface thread, only
+/// leave it a request and return at once. What has no sound is silent, and nobody is told. One tune
+/// sounds at a time. Each start gives it a number; a request about a tune that another one has
+/// replaced is ignored.
 class TuneSound {
  public:
   using Number = int;
@@ -36,13 +36,13 @@ class TuneSound {
 
  private:
   class Playing;
-  struct Word;
+  struct Shared;
 
   void want(Number number, bool sounding,
             std::optional<std::chrono::steady_clock::time_point> until = {});
-  static void obey(Word& word);
-  static void listen(const std::shared_ptr<Word>& word);
+  static void followUntilOver(Shared& shared);
+  static void run(const std::shared_ptr<Shared>& shared);
 
-  std::shared_ptr<Word> word_;  ///< between the two threads
+  std::shared_ptr<Shared> shared_;  ///< by the two threads
   std::thread thread_;
 };

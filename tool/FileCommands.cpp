@@ -28,6 +28,7 @@ std::string puzzleFileIn(const std::string& place, const Input& input) {
              : place;
 }
 
+/// Numbers and single letters, in which nothing needs escaping; so no library is called for.
 std::string json(const Input& input) {
   std::string text = "{\"width\": " + std::to_string(input.shape.width()) +
                      ", \"height\": " + std::to_string(input.shape.height()) +

@@ -37,9 +37,9 @@ class Game {
   bool load(bool toEditor, const char* file = "a.qzl") {
     const bool loaded = basTiles::LoadPuzzle(file, toEditor);
     EXPECT_EQ(loaded, basTiles::LastFileError.empty());
-    expectSoundGrid(windows.editor.grid);
-    expectSoundGrid(windows.board.grid);
-    expectSoundGrid(windows.tray.grid);
+    expectValidGrid(windows.editor.grid);
+    expectValidGrid(windows.board.grid);
+    expectValidGrid(windows.tray.grid);
     return loaded;
   }
 

@@ -8,7 +8,7 @@
 
 /// What holds of a grid between any two operations: every placed piece lies on exactly the cells
 /// that hold its id, and no other cell holds an id.
-inline void expectSoundGrid(const PENTOGRID& grid) {
+inline void expectValidGrid(const PENTOGRID& grid) {
   std::map<std::int32_t, int> cellsOfId;
   for (int x = 0; x < grid.Width(); ++x) {
     for (int y = 0; y < grid.Height(); ++y) {

@@ -19,11 +19,11 @@ Lab operator*(const Lab& x, double factor);
 Lab lch(double lightness, double chroma, double hue);
 
 /// sRGB parts from 0 to 1 (the transfer curve applied), clipped where the colour has no sRGB value.
-std::array<double, 3> toSrgb(const Lab& color);
-QRgb toRgb(const Lab& color);
-Lab toLab(QRgb color);
+std::array<double, 3> toSrgb(const Lab& colour);
+QRgb toRgb(const Lab& colour);
+Lab toLab(QRgb colour);
 /// Whether sRGB can show the colour without clipping.
-bool showable(const Lab& color);
+bool showable(const Lab& colour);
 
 /// CIEDE2000 with all three weights 1 (Sharma, Wu, Dalal 2005).
 double difference(const Lab& x, const Lab& y);
@@ -35,6 +35,6 @@ const char* sightName(Sight sight);
 
 /// The colour as it looks to such eyes: Machado, Oliveira, Fernandes 2009, severity 1, applied to
 /// linear sRGB.
-Lab seenBy(Sight sight, const Lab& color);
+Lab seenBy(Sight sight, const Lab& colour);
 
 }  // namespace pictures

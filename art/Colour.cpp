@@ -1,4 +1,4 @@
-#include "art/Color.h"
+#include "art/Colour.h"
 
 #include <algorithm>
 #include <cmath>
@@ -52,10 +52,10 @@ double labCurveBack(double t) {
   return t > d ? t * t * t : 3 * d * d * (t - 4.0 / 29);
 }
 
-Triple toLinear(const Lab& color) {
-  const double fy = (color.L + 16) / 116;
-  const Triple xyz{kWhite[0] * labCurveBack(fy + color.a / 500), kWhite[1] * labCurveBack(fy),
-                   kWhite[2] * labCurveBack(fy - color.b / 200)};
+Triple toLinear(const Lab& colour) {
+  const double fy = (colour.L + 16) / 116;
+  const Triple xyz{kWhite[0] * labCurveBack(fy + colour.a / 500), kWhite[1] * labCurveBack(fy),
+                   kWhite[2] * labCurveBack(fy - colour.b / 200)};
   return times(kRgbFromXyz, xyz);
 }
 
@@ -89,25 +89,25 @@ Lab lch(double lightness, double chroma, double hue) {
   return {lightness, chroma * std::cos(radians(hue)), chroma * std::sin(radians(hue))};
 }
 
-std::array<double, 3> toSrgb(const Lab& color) {
-  Triple parts = toLinear(color);
+std::array<double, 3> toSrgb(const Lab& colour) {
+  Triple parts = toLinear(colour);
   for (double& part : parts) part = std::clamp(encode(part), 0.0, 1.0);
   return parts;
 }
 
-QRgb toRgb(const Lab& color) {
-  const Triple parts = toSrgb(color);
+QRgb toRgb(const Lab& colour) {
+  const Triple parts = toSrgb(colour);
   const auto byte = [](double part) { return static_cast<int>(std::lround(part * 255)); };
   return qRgb(byte(parts[0]), byte(parts[1]), byte(parts[2]));
 }
 
-Lab toLab(QRgb color) {
-  return fromLinear(
-      {decode(qRed(color) / 255.0), decode(qGreen(color) / 255.0), decode(qBlue(color) / 255.0)});
+Lab toLab(QRgb colour) {
+  return fromLinear({decode(qRed(colour) / 255.0), decode(qGreen(colour) / 255.0),
+                     decode(qBlue(colour) / 255.0)});
 }
 
-bool showable(const Lab& color) {
-  const Triple linear = toLinear(color);
+bool showable(const Lab& colour) {
+  const Triple linear = toLinear(colour);
   return std::all_of(linear.begin(), linear.end(),
                      [](double part) { return part >= -1e-4 && part <= 1 + 1e-4; });
 }
@@ -144,9 +144,9 @@ const char* sightName(Sight sight) {
   return names[static_cast<std::size_t>(sight)];
 }
 
-Lab seenBy(Sight sight, const Lab& color) {
-  if (sight == Sight::Plain) return color;
-  Triple linear = toLinear(color);
+Lab seenBy(Sight sight, const Lab& colour) {
+  if (sight == Sight::Plain) return colour;
+  Triple linear = toLinear(colour);
   for (double& part : linear) part = std::clamp(part, 0.0, 1.0);
   linear = times(kMissingCone[static_cast<std::size_t>(sight) - 1], linear);
   for (double& part : linear) part = std::clamp(part, 0.0, 1.0);
