@@ -199,7 +199,7 @@ void tileSize() {
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication application(argc, argv);
-  const Replacement installed(Program::installationFolder, [] { return QUINZOLITH_TREE; });
+  const Replacement installed(Program::programFolder, [] { return QUINZOLITH_TREE; });
   dragStep();
   fullRepaint(30);
   fullRepaint(60);

@@ -12,7 +12,7 @@ Seam<std::function<bool(const QString&, const QStringList&)>> Start(
     });
 
 bool show(const std::filesystem::path& file, int topic) {
-  const auto viewer = Program::installationFolder() / "quinzolith-help";
+  const auto viewer = Program::programFolder() / "quinzolith-help";
   QStringList arguments{QString::fromStdU16String(file.u16string())};
   if (topic != 0) arguments << QString::number(topic);
   return Start(QString::fromStdU16String(viewer.u16string()), arguments);

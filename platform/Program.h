@@ -18,10 +18,16 @@ inline constexpr const char* kMaker = "Kelvo Software";
 /// The three numbers joined by ".", for example 1.1.7.
 std::string versionText();
 
-/// The folder of the (resolved) executable.
-extern Seam<std::function<std::filesystem::path()>> installationFolder;
+/// The folder of the (resolved) executable, and of its companions.
+extern Seam<std::function<std::filesystem::path()>> programFolder;
 
-/// The program-files folder, two levels above the installation folder.
+/// The folder with puzzles/, tiles/ and the help file: the program's, until the start finds
+/// another.
+std::filesystem::path installationFolder();
+/// Names what was found for the program in its folder; for one in another folder it says nothing.
+void setInstallationFolder(const std::filesystem::path& folder);
+
+/// The program-files folder, two levels above the program's folder.
 std::filesystem::path programFilesFolder();
 
 /// The compiled help file; set at start.

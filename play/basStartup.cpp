@@ -1,15 +1,12 @@
 #include "play/basStartup.h"
 
-#include <filesystem>
-
+#include "folders/Installation.h"
 #include "model/Random.h"
 #include "model/basTiles.h"
 #include "platform/Dialogs.h"
 #include "platform/Program.h"
 #include "play/Attempt.h"
 #include "services/basKelvoMusic.h"
-
-namespace fs = std::filesystem;
 
 namespace basStartup {
 
@@ -23,9 +20,10 @@ constexpr bool kDeveloperVersion = true;
 constexpr bool kDeveloperVersion = false;
 #endif
 
-void makeUserFolder() {
-  Program::UserPath = Program::installationFolder() / "User";
-  if (!fs::exists(Program::UserPath)) fs::create_directory(Program::UserPath);
+void findFolders() {
+  const auto found = Installation::find(Program::programFolder());
+  Program::setInstallationFolder(found.folder);
+  Program::UserPath = found.user;
 }
 
 void warnOfDeveloperVersion() {
@@ -39,8 +37,8 @@ void warnOfDeveloperVersion() {
 void Main(const std::function<void()>& ShowSplash) {
   RandomNumbers::start(Program::Timer());
   basTiles::fDeveloperVersion = kDeveloperVersion;
+  attempt(findFolders);
   Program::HelpFile = Program::installationFolder() / "Quinzolith.chm";
-  attempt(makeUserFolder);
   basTiles::fRandomRotation = true;
   basTiles::fRandomFlip = true;
   attempt(warnOfDeveloperVersion);

@@ -7,8 +7,9 @@ cd "$1" || exit 2
 failed=0
 
 if grep -nE '#include <(Q|q|fluid|mspack|X11|xcb)' seams/*.h model/*.h model/*.cpp solver/*.h solver/*.cpp \
-  drafts/*.h drafts/*.cpp files/*.h files/*.cpp; then
-  echo 'seams/, model/, solver/, drafts/ and files/ use no toolkit.'
+  drafts/*.h drafts/*.cpp files/*.h files/*.cpp \
+  folders/*.h folders/*.cpp; then
+  echo 'seams/, model/, solver/, drafts/, files/ and folders/ use no toolkit.'
   failed=1
 fi
 if git grep -nE '^#include "([^/"]*"|\.)' -- '*.h' '*.cpp'; then

@@ -145,8 +145,8 @@ int main(int argc, char** argv) {
   QDir().mkpath(pictures.path());
   QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
-  const std::filesystem::path folder = argc > 3 ? argv[3] : Program::installationFolder();
-  const Replacement installed(Program::installationFolder, [folder] { return folder; });
+  const std::filesystem::path folder = argc > 3 ? argv[3] : Program::programFolder();
+  const Replacement installed(Program::programFolder, [folder] { return folder; });
   const QTemporaryDir settings;  // the player's own stay as they are
   const Replacement file(Settings::place,
                          Settings::Place{settings.filePath("settings.ini").toStdString()});

@@ -32,6 +32,6 @@ class TestAtlas {
  private:
   QTemporaryDir folder_;
   Replacement<std::function<std::filesystem::path()>> installed_{
-      Program::installationFolder, [this] { return folder_.path().toStdString(); }};
+      Program::programFolder, [this] { return folder_.path().toStdString(); }};
   QImage picture_{kSide, kSide, QImage::Format_RGB32};
 };

@@ -30,7 +30,7 @@ class Installation {
  private:
   QTemporaryDir temporary_;
   std::filesystem::path folder_;
-  Replacement<std::function<std::filesystem::path()>> installed_{Program::installationFolder,
+  Replacement<std::function<std::filesystem::path()>> installed_{Program::programFolder,
                                                                  [this] { return folder_; }};
   std::optional<Replacement<Settings::Place>> settings_;
   std::optional<Replacement<std::function<double()>>> clock_;

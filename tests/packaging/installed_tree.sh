@@ -56,9 +56,15 @@ opens() {
   started=""
   [ ! -s "$work/complaints" ] || fail "$program says: $(cat "$work/complaints")"
 }
-rmdir "$tree/User"
+[ ! -e "$tree/User" ] || fail "a folder for puzzles is installed"
+[ -z "$(find "$prefix" -perm -o+w ! -type l)" ] || fail "others may write: $(find "$prefix" -perm -o+w ! -type l)"
 opens quinzolith Quinzolith
 [ -d "$tree/User" ] || fail "the program looks for its folder elsewhere"
+chmod 1777 "$tree/User"
+opens quinzolith Quinzolith
+own=$HOME/.local/share/quinzolith
+[ -d "$own/User" ] && cmp -s "$own/puzzles/rocket.qzl" "$tree/puzzles/rocket.qzl" ||
+  fail "the player has no folder of their own"
 opens quinzolith-help "Quinzolith Help" "$tree/Quinzolith.chm"
 "$prefix/bin/quinzolith-puzzle" render "$tree/puzzles/rocket.qzl" "$work/rocket.png" ||
   fail "quinzolith-puzzle finds no textures"

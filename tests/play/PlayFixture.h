@@ -202,7 +202,7 @@ class PlayFixture : public ::testing::Test {
   fs::path folder_ = fs::path(temporary_.path().toStdString()) / "Kelvo Software" / "Quinzolith";
   Replacement<Settings::Place> settings_{Settings::place,
                                          Settings::Place{(folder_ / "settings.ini").string()}};
-  Replacement<std::function<fs::path()>> installed_{Program::installationFolder,
+  Replacement<std::function<fs::path()>> installed_{Program::programFolder,
                                                     [this] { return folder_; }};
   std::unique_ptr<Wiring> program_;
   std::optional<Replacement<std::function<double()>>> clock_;

@@ -114,7 +114,7 @@ TEST(HtmlHelp, TheViewerGetsTheFileAndATopicOnlyWhenAskedForOne) {
                             started.push_back(QStringList{program} + arguments);
                             return false;  // a viewer that cannot be started makes no noise
                           });
-  const Replacement folder(Program::installationFolder, [] { return "/games/my folder"; });
+  const Replacement folder(Program::programFolder, [] { return "/games/my folder"; });
   using namespace basHTMLHelp;
   HtmlHelpA(nullptr, "/games/my folder/Quinzolith.chm", HH_DISPLAY_TOPIC, 0);
   HtmlHelpA(nullptr, "/games/my folder/Quinzolith.chm", HH_HELP_CONTEXT, 1200);

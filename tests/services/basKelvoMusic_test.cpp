@@ -97,7 +97,7 @@ class Music : public ::testing::Test {
   Replacement<Settings::Place> settings_{Settings::place,
                                          Settings::Place{(root_ / "settings.ini").string()}};
   Replacement<std::function<fs::path()>> installed_{
-      Program::installationFolder, [this] { return root_ / "Kelvo Software" / "Quinzolith"; }};
+      Program::programFolder, [this] { return root_ / "Kelvo Software" / "Quinzolith"; }};
   Replacement<std::function<double()>> random_{RandomNumbers::next, [this] { return random; }};
 };
 

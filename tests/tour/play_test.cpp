@@ -47,7 +47,7 @@ class Tour : public ::testing::Test {
   QTemporaryDir folder_;
   Replacement<Settings::Place> settings_{
       Settings::place, Settings::Place{folder_.filePath("settings.ini").toStdString()}};
-  Replacement<std::function<std::filesystem::path()>> installed_{Program::installationFolder,
+  Replacement<std::function<std::filesystem::path()>> installed_{Program::programFolder,
                                                                  [] { return QUINZOLITH_TREE; }};
   std::optional<Wiring> program_;
 };
