@@ -15,27 +15,40 @@ function(lay_out_source folder)
     WORKING_DIRECTORY ${source} COMMAND_ERROR_IS_FATAL ANY)
 endfunction()
 
-# The tree stays below /opt; links, desktop files and manual go where Debian looks for them.
+# share_data(ROOT FOLDER NAME): moves what is the same on every kind of machine out of a folder of the
+# tree to usr/share/quinzolith, and leaves a link.
+function(share_data root folder name)
+  set(shared ${root}/usr/share/quinzolith)
+  file(MAKE_DIRECTORY ${shared})
+  file(RENAME "${root}/usr/lib/quinzolith/Kelvo Software/${folder}/${name}" "${shared}/${name}")
+  file(CREATE_LINK "../../../../share/quinzolith/${name}"
+    "${root}/usr/lib/quinzolith/Kelvo Software/${folder}/${name}" SYMBOLIC)
+endfunction()
+
+# The tree lies below /usr/lib/quinzolith; links, desktop files and manual go where Debian looks for them.
 function(lay_out_debian root)
+  set(prefix ${root}/usr/lib/quinzolith)
+  file(RENAME ${prefix}/share ${root}/usr/share)
   file(MAKE_DIRECTORY ${root}/usr/bin)
-  file(RENAME ${root}/opt/share ${root}/usr/share)
-  file(GLOB programs RELATIVE ${root}/opt/bin ${root}/opt/bin/*)
+  file(GLOB programs RELATIVE ${prefix}/bin ${prefix}/bin/*)
   foreach(program ${programs})
-    file(CREATE_LINK "/opt/Kelvo Software/Quinzolith/${program}" ${root}/usr/bin/${program} SYMBOLIC)
+    file(CREATE_LINK "../lib/quinzolith/Kelvo Software/Quinzolith/${program}" ${root}/usr/bin/${program}
+      SYMBOLIC)
   endforeach()
-  file(REMOVE_RECURSE ${root}/opt/bin)
+  file(REMOVE_RECURSE ${prefix}/bin)
+  foreach(name puzzles tiles Quinzolith.chm)
+    share_data(${root} Quinzolith ${name})
+  endforeach()
+  share_data(${root} "Common Files" MIDI)
   file(RENAME ${root}/usr/share/zsh/site-functions ${root}/usr/share/zsh/vendor-completions)
   configure_file(${source}/packaging/lintian-overrides ${root}/usr/share/lintian/overrides/quinzolith COPYONLY)
-  # Whoever packs need not be root; the installed folder is the same.
-  execute_process(COMMAND chmod 1777 "${root}/opt/Kelvo Software/Quinzolith/User"
-    COMMAND_ERROR_IS_FATAL ANY)
 endfunction()
 
 # The changes of the program and those of the package, and the pages of the manual, all packed.
 function(pack_documents root)
   set(documents ${root}/usr/share/doc/quinzolith)
   file(RENAME ${documents}/CHANGELOG.md ${documents}/changelog)
-  string(TIMESTAMP now "%a, %d %b %Y %H:%M:%S +0000" UTC)
+  string(TIMESTAMP now "%a, %d %b %Y %H:%M:%S +0000" UTC)  # of SOURCE_DATE_EPOCH, where it is set
   file(WRITE ${documents}/changelog.Debian
     "quinzolith (${CPACK_PACKAGE_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE}) stable; urgency=medium\n\n"
     "  * Version ${CPACK_PACKAGE_VERSION}; changelog.gz tells what is new.\n\n"

@@ -9,7 +9,7 @@ set(CPACK_STRIP_FILES ON)
 set(CPACK_VERBATIM_VARIABLES ON)
 
 set(CPACK_GENERATOR DEB)
-set(CPACK_PACKAGING_INSTALL_PREFIX /opt)
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr/lib/quinzolith)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_SECTION games)
@@ -23,6 +23,8 @@ The game brings 36 puzzles in four levels, an easy mode, an editor, help, and
 quinzolith-puzzle, a command-line tool that makes, solves and invents puzzles.")
 # Linked libraries are found by their names in the programs; what is used without a link is listed.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/packaging/postinst)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 file(STRINGS scripts/packages.txt used_when_running REGEX "^run ")
 list(TRANSFORM used_when_running REPLACE "^run " "")
 list(JOIN used_when_running ", " CPACK_DEBIAN_PACKAGE_DEPENDS)

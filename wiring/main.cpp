@@ -23,7 +23,7 @@ int main(int argc, char** argv) {
   display.reset();
   const EndSignals onSignal;
   QApplication::setQuitOnLastWindowClosed(false);
-  QApplication::setDesktopFileName("quinzolith");
+  QApplication::setDesktopFileName("org.kelvo.quinzolith");
 
   Wiring program;
   program.start();

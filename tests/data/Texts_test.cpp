@@ -29,7 +29,7 @@ TEST(Texts, NameTheNumberOfStandardPuzzles) {
   const std::string number = std::to_string(Catalogue::entries().size());
   for (const char* file :
        {"README.md", "help/choose.html", "help/files.html", "cmake/Packages.cmake",
-        "packaging/quinzolith.6.in", "packaging/example.quinzolith.Quinzolith.metainfo.xml.in"}) {
+        "packaging/quinzolith.6.in", "packaging/org.kelvo.quinzolith.metainfo.xml.in"}) {
     const auto numbers = allOf(textOf(file), "([0-9]+)\\s+(?:standard\\s+)?puzzles");
     EXPECT_FALSE(numbers.empty()) << file;
     EXPECT_EQ(numbers.count(number), numbers.size()) << file << " has another than " << number;

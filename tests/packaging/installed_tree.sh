@@ -28,7 +28,7 @@ unset XDG_CONFIG_HOME
 mkdir -p "$HOME" && mkdir -m 700 "$XDG_RUNTIME_DIR"
 
 desktop-file-validate "$prefix"/share/applications/*.desktop || fail "the desktop entry"
-appstreamcli validate --no-net "$prefix"/share/metainfo/*.xml || fail "the metadata"
+appstreamcli validate --no-net --strict --pedantic "$prefix"/share/metainfo/*.xml || fail "the metadata"
 for page in "$prefix"/share/man/man*/*; do
   remarks=$(mandoc -Tlint -Wwarning "$page" && groff -man -ww -z "$page" 2>&1)
   [ -z "$remarks" ] || fail "${page##*/}: $remarks"
