@@ -10,8 +10,8 @@ function(lay_out_source folder)
     message(FATAL_ERROR "Commit first; a source archive holds what is committed:\n${changes}")
   endif()
   execute_process(
-    COMMAND git archive HEAD
-    COMMAND tar -x -C ${folder}
+    COMMAND git -c tar.umask=0022 archive HEAD
+    COMMAND tar -x -p -C ${folder}
     WORKING_DIRECTORY ${source} COMMAND_ERROR_IS_FATAL ANY)
 endfunction()
 
