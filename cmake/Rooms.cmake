@@ -7,9 +7,9 @@ target_compile_definitions(quinzolith_flags INTERFACE
   QUINZOLITH_VERSION_MINOR=${PROJECT_VERSION_MINOR}
   QUINZOLITH_VERSION_REVISION=${PROJECT_VERSION_PATCH}
   $<$<BOOL:${QUINZOLITH_DEVELOPER}>:QUINZOLITH_DEVELOPER>)
-# No path of the machine that builds stands in a program.
-target_compile_options(quinzolith_flags INTERFACE -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=
-  -ffile-prefix-map=${PROJECT_BINARY_DIR}/=)
+# No path of the machine that builds stands in a program that ships.
+target_compile_options(quinzolith_flags INTERFACE
+  $<$<CONFIG:Release>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=>)
 if(QUINZOLITH_SANITIZE)
   target_compile_options(quinzolith_flags INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
