@@ -88,6 +88,7 @@ void Machine::performPointer(const Step& step) {
       if (step.kind == Step::Click) mouse_->release();
       break;
     case Step::Again:
+      if (easy_[kBoard] || easy_[kTray]) return;  // which of the two presses asks is the toolkit's
       press(Qt::NoButton, true);
       break;
     case Step::Placing:
