@@ -12,8 +12,8 @@ constexpr QRgb kMask = qRgb(192, 192, 192);
 constexpr QSize kIconSize(32, 32);
 constexpr QSize kEntrySize(72, 66);  // the least; columns share what room there is
 // Of an entry: the first row keeps off the frame; the style's margins round a title may lie over
-// the neighbours', so that "Medium Triangle" is one line.
-constexpr QMargins kAround(-4, 4, -4, 0);
+// the neighbours', so that "Christmas Tree" is one line.
+constexpr QMargins kAround(-1, 4, -1, 0);
 
 /// A picture over its title. Titles are file names: they are shown as they are, and what does not
 /// fit ends in dots.
