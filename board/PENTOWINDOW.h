@@ -159,6 +159,7 @@ class PENTOWINDOW : public PointerSurface, public PuzzleTarget {
 
   // tracking
   void TrackCursor();
+  void followMissedMove();
   void followOutside(const basKelvoWinAPI::POINT& p);
   bool nothingToSee() const;
   void raise(const std::function<void()>& event) {

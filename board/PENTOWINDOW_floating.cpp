@@ -4,12 +4,13 @@
 #include "board/PENTOWINDOW.h"
 #include "drawing/Rounding.h"
 #include "platform/Form.h"
+#include "platform/Pointer.h"
 
 namespace {
 
 constexpr double kCentredEnough = 2;  // pixels by which the grab point may miss the centre
 
-/// Half of so many tiles, rounded: the centre of a piece along one side.
+/// The centre of a piece along a side of `cells` tiles, in pixels.
 std::int16_t centreOf(int tile, int cells) {
   return static_cast<std::int16_t>(nearest(tile * cells / 2.0));
 }
@@ -29,6 +30,7 @@ void PENTOWINDOW::FloatingPento(const PentoRef& P) {
   showCursor(CursorShape::Clear);
   InvalidateFloating();
   pace_.rest(false);
+  Pointer::moveFollows(*window());  // a hand at rest has moved over no surface yet
 }
 
 void PENTOWINDOW::floats(bool piece) {

@@ -4,6 +4,7 @@
 #include "drawing/Rounding.h"
 #include "platform/Dialogs.h"
 #include "platform/Form.h"
+#include "platform/Pointer.h"
 #include "platform/Twips.h"
 
 namespace {
@@ -181,6 +182,7 @@ void PENTOWINDOW::pctFore_DblClick() {
     if (!easyModeAllows(kAskRotate)) return;
     FloatingPento_->Rotate();
     redrawFloating();
+    Pointer::moveFollows(*window());  // it centres the piece
   } else if (LastButton_ == kMiddle) {
     mirrorThroughKeyBox();
   }

@@ -29,12 +29,18 @@ void PENTOWINDOW::TrackCursor() {
       fCaptured_ = true;
       fFloatVisible_ = true;
     }
-    if (!Form::Unloaded(this) && showsStalePicture()) redrawFloating();  // a move was missed
+    if (!Form::Unloaded(this) && showsStalePicture()) followMissedMove();
     return;
   }
   fCaptured_ = false;
   raise(Uncapture);
   if (!Form::Unloaded(this) && (p != LastCursor_ || showsStalePicture())) followOutside(p);
+}
+
+/// The piece may have been turned in the other control since this one last held it.
+void PENTOWINDOW::followMissedMove() {
+  if (showsPiece()) RecenterGrab();
+  redrawFloating();
 }
 
 /// The piece slides off the control's edge as the cursor leaves, instead of freezing there.

@@ -15,7 +15,7 @@ namespace machine {
 
 namespace {
 
-constexpr double kCentred = 3;  // pixels by which a carried piece may miss the pointer
+constexpr double kCentred = 4;  // pixels by which a carried piece may miss the pointer
 constexpr double kThrown = 4;   // device pixels by which our own placing may move the pointer
 
 std::vector<int> types(const std::vector<Laid>& laid) {

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QTabWidget>
@@ -89,7 +90,7 @@ void Machine::performPointer(const Step& step) {
       break;
     case Step::Again:
       if (easy_[kBoard] || easy_[kTray]) return;  // which of the two presses asks is the toolkit's
-      press(Qt::NoButton, true);
+      if (stageIsFree()) press(Qt::NoButton, true);  // in a list it would choose
       break;
     case Step::Placing:
       mouse_->placing = static_cast<Mouse::Placing>(step.number % 3);
@@ -204,11 +205,12 @@ void Machine::glide(const QPointF& to) {
   }
 }
 
-/// Buttons are pushed by steps of their own.
+/// Buttons, and the labels that are as good, are pushed by steps of their own.
 bool Machine::overButton() const {
   QWidget* window = front();
-  return window && qobject_cast<QAbstractButton*>(
-                       window->childAt(window->mapFromGlobal(mouse_->at()).toPoint()));
+  if (!window) return false;
+  const QWidget* below = window->childAt(window->mapFromGlobal(mouse_->at()).toPoint());
+  return qobject_cast<const QAbstractButton*>(below) || qobject_cast<const QLabel*>(below);
 }
 
 /// A board hears further presses while a button is held on it; of other widgets nothing is claimed.
@@ -261,7 +263,6 @@ void Machine::resize(int size) {
   QWidget* window = stage()->Window();
   window->showNormal();
   window->resize(counted(kSizes, size));
-  mouse_->slip(mouse_->at() + QPointF(1, 1));  // a person who does it moves the pointer
 }
 
 void Machine::close() {
@@ -296,8 +297,6 @@ void Machine::pushButton(int which) {
     expectEditorButton(which % static_cast<int>(std::size(kEditButtons)));
   else
     expectFiles();
-  mouse_->slip(partOf(*button, 50, 50));
-  mouse_->tell();
   button->click();
 }
 

@@ -11,7 +11,7 @@ namespace machine::Sight {
 
 namespace {
 
-constexpr int kCentred = 3;  // pixels by which a piece may miss the pointer: two, and a rounding
+constexpr int kCentred = 4;  // pixels; beside the surface places count from its outer corner
 
 const TextureAtlas& atlas(int tile) {
   static std::map<int, TextureAtlas> atlases;

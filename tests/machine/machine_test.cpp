@@ -115,6 +115,11 @@ std::vector<Scenario> kept() {
       {false, 0, 2, {{Move, {TrayPiece, 0, 0}}, {Press}, {Press, {Desk, 0, 0}, 16}, {Rest}}},
       // A new piece mirrored before the pointer had moved stood in the corner of the board.
       {true, 0, 0, {{Glide, {Desk, 0, 0}}, {Button}, {Key}, {Rest}}},
+      // A piece that another one replaced under a pointer at rest stayed drawn.
+      {true, 0, 0, {{Button, {Here, 0, 0}, 26}, {Glide, {BoardFit, 0, 0}}, {Button}, {Rest}}},
+      {true, 1, 0, {{Button, {BoardArea, 0, 0}, 52}, {Move, {BoardArea, 0, 8}}, {Rest}}},
+      // After a resize the piece hung by the old tiles' grab point.
+      {false, 0, 0, {{Slip, {TrayPiece, 0, 0}}, {Press}, {Resize, {BoardArea, 0, 0}, 3}, {Rest}}},
   };
 }
 
