@@ -42,10 +42,10 @@ class Listener : public QObject {
 
   QPointF position() {
     if (kept_) return *kept_;
-    const qint64 now = server.nanoseconds();
+    const qint64 now = server->nanoseconds();
     if (known_ || (asked_ >= 0 && now - asked_ < kSameMoment)) return last_;
     asked_ = now;
-    last_ = server.position();
+    last_ = server->position();
     return last_;
   }
 
@@ -56,12 +56,12 @@ class Listener : public QObject {
   }
 
   double secondsSinceMove() const {
-    return static_cast<double>(server.nanoseconds() - lastMove_) / 1e9;
+    return static_cast<double>(server->nanoseconds() - lastMove_) / 1e9;
   }
 
  private:
   void tell(const QPointF& position) {
-    if (position != last_) lastMove_ = server.nanoseconds();
+    if (position != last_) lastMove_ = server->nanoseconds();
     last_ = position;
     known_ = true;
     kept_.reset();
@@ -97,15 +97,15 @@ Server::Server()
         return clock.nsecsElapsed();
       }) {}
 
-Server server;
+Seam<Server> server{Server()};
 
 QPointF position() {
-  return listener ? listener->position() : server.position();
+  return listener ? listener->position() : server->position();
 }
 
 void place(const QPointF& wanted, QWidget& window) {
   if (comesCloser(wanted, position())) {
-    server.place(wanted);
+    server->place(wanted);
     forget();
   }
   moveFollows(window);
@@ -113,7 +113,8 @@ void place(const QPointF& wanted, QWidget& window) {
 
 void insist(const QPointF& wanted, QWidget& window) {
   place(wanted, window);
-  if (listener && (server.position() - wanted).manhattanLength() > kReached) listener->keep(wanted);
+  if (listener && (server->position() - wanted).manhattanLength() > kReached)
+    listener->keep(wanted);
 }
 
 void moveFollows(QWidget& window) {

@@ -4,6 +4,8 @@
 #include <QWidget>
 #include <functional>
 
+#include "seams/Seam.h"
+
 /// The mouse pointer: where it is, and how it is placed. Asking a display server for its position
 /// is a round trip, so the server is asked only when the position can have changed without an event
 /// of ours telling so.
@@ -19,7 +21,7 @@ struct Server {
   std::function<void(const QPointF&)> place;  ///< may do nothing, and need not tell of a move
   std::function<qint64()> nanoseconds;        ///< a clock that never goes back
 };
-extern Server server;
+extern Seam<Server> server;
 
 /// Where the pointer is now.
 QPointF position();

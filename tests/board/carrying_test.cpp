@@ -1,6 +1,4 @@
 // Who shows the carried piece, where it goes beyond the surface, and the cursors on the way.
-#include <utility>
-
 #include "tests/board/BoardFixture.h"
 
 namespace {
@@ -24,15 +22,20 @@ class Carrying : public BoardFixture {
     return cursor.pixmap().toImage() == empty ? "clear" : "hand";
   }
 
+  QImage trayWithoutPiece() {
+    trayGrid_.RemovePento(3, 3);
+    tray_.PaintAll();
+    const QImage bare = shown(tray_);
+    trayGrid_.AddPento(piece_, 2, 2);
+    return bare;
+  }
+
   PentoRef piece_;
   QImage bareBoard_;
 };
 
 TEST_F(Carrying, OnlyTheControlUnderThePointerShowsThePiece) {
-  trayGrid_.RemovePento(3, 3);
-  tray_.PaintAll();
-  const QImage bareTray = shown(tray_);
-  trayGrid_.AddPento(piece_, 2, 2);
+  const QImage bareTray = trayWithoutPiece();
   click(cell(tray_, 3, 3));
   move(cell(tray_, 4, 4));
   EXPECT_NE(shown(tray_), bareTray);
@@ -109,10 +112,11 @@ TEST_F(Carrying, ANewTileSizeDoesNotThrowTheCursorEither) {
 /// threw the pointer a cell away; a piece taken at its very centre still looked laid. X tells of no
 /// move when the cursor is placed where it is.
 TEST_F(Carrying, UnderAPointerAtRestAPieceIsLaidWhereItIsDrawn) {
-  const Pointer::Server real = std::exchange(Pointer::server, {});
   QPointF pointer;
-  Pointer::server.position = [&] { return pointer; };
-  Pointer::server.place = [&](const QPointF& wanted) { pointer = wanted; };  // and tells of nothing
+  Pointer::Server silent;
+  silent.position = [&] { return pointer; };
+  silent.place = [&](const QPointF& wanted) { pointer = wanted; };  // and tells of nothing
+  const Replacement server(Pointer::server, silent);
   for (int type = 0; type < PENTO::kTypes; ++type) {
     const PentoRef piece = lay(trayGrid_, type, 2, 6);
     tray_.PaintAll();
@@ -135,15 +139,11 @@ TEST_F(Carrying, UnderAPointerAtRestAPieceIsLaidWhereItIsDrawn) {
     boardGrid_.Clear();
     board_.PaintAll();
   }
-  Pointer::server = real;
 }
 
 /// Seen: after a jump to the tray and back both controls showed the piece.
 TEST_F(Carrying, AfterAJumpToTheOtherControlAndBackOnlyOnePieceIsSeen) {
-  trayGrid_.RemovePento(3, 3);
-  tray_.PaintAll();
-  const QImage bareTray = shown(tray_);
-  trayGrid_.AddPento(piece_, 2, 2);
+  const QImage bareTray = trayWithoutPiece();
   click(cell(tray_, 3, 3));
   const QPoint home = cell(board_, 5, 5);
   for (int jump = 0; jump < 3; ++jump) {

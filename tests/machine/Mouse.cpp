@@ -7,8 +7,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "platform/Pointer.h"
-
 namespace machine {
 
 namespace {
@@ -34,22 +32,24 @@ bool canBeWorkedWith(const QWidget& window) {
 
 }  // namespace
 
-Mouse::Mouse() {
+Mouse::Mouse() : server_(Pointer::server, server()) {
   wait(2 * kBetweenClicks);
   at_ = told_ = home_ = homeTold_ = onPixel(kBesideAll);
   // The toolkit remembers the last place, too, and passes on no motion that leads nowhere.
   qt_handleMouseEvent(nullptr, at_, at_, {}, Qt::NoButton, QEvent::MouseMove, {}, milliseconds_);
-  Pointer::server.position = [this] { return QPointF(at_.toPoint()); };
-  Pointer::server.place = [this](const QPointF& to) { place(to); };
-  Pointer::server.nanoseconds = [this] { return milliseconds_ * kMillion; };
   Pointer::forget();
+}
+
+Pointer::Server Mouse::server() {
+  Pointer::Server own;
+  own.position = [this] { return QPointF(at_.toPoint()); };
+  own.place = [this](const QPointF& to) { place(to); };
+  own.nanoseconds = [] { return milliseconds_ * kMillion; };
+  return own;
 }
 
 Mouse::~Mouse() {
   release();
-  Pointer::server.place = [](const QPointF&) {};
-  Pointer::server.position = [] { return QPointF(); };
-  Pointer::server.nanoseconds = [] { return qint64{0}; };
 }
 
 QWindow* Mouse::over() const {

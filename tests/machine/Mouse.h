@@ -4,6 +4,8 @@
 #include <QWindow>
 #include <vector>
 
+#include "platform/Pointer.h"
+
 namespace machine {
 
 /// A pointer on a desktop of the test's own, behind the program's questions to the display server.
@@ -42,6 +44,7 @@ class Mouse {
   void wait(int milliseconds) { milliseconds_ += milliseconds; }  ///< for the program's clock
 
  private:
+  Pointer::Server server();
   void place(const QPointF& to);
   void deliver(QWindow& window, Qt::MouseButton button, int type);
   void enter(QWindow* window);
@@ -53,6 +56,7 @@ class Mouse {
   Qt::MouseButtons buttons_;
   Qt::MouseButton last_ = Qt::LeftButton;
   QPointer<QWindow> grab_, entered_;
+  Replacement<Pointer::Server> server_;
   static inline int milliseconds_ = 0;  // never goes back: the toolkit remembers the last click
 };
 
