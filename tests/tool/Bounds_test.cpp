@@ -9,18 +9,6 @@
 
 namespace fs = std::filesystem;
 
-namespace {
-
-std::string boxOf(std::size_t width, int height, char cell) {
-  std::string rows;
-  for (int row = 0; row < height; ++row) rows += std::string(width, cell) + "\n";
-  return rows;
-}
-
-constexpr const char* kHolder = "title: Holder\npieces: LPWY\n\n#####\n#####\n#####\n#####\n";
-
-}  // namespace
-
 TEST_F(PuzzleTool, SavesAsTheGameDoes) {
   // Seen: "NAME.new" was followed, waited for or lost; modes changed; a long name was refused.
   const std::string old = path("old.qzl"), fixed = path("fixed.qzl"), longest(251, 'n');

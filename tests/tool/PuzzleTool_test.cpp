@@ -7,18 +7,6 @@
 
 namespace fs = std::filesystem;
 
-namespace {
-
-std::string boxOf(std::size_t width, int height, char cell) {
-  std::string rows;
-  for (int row = 0; row < height; ++row) rows += std::string(width, cell) + "\n";
-  return rows;
-}
-
-constexpr const char* kHolder = "title: Holder\npieces: LPWY\n\n#####\n#####\n#####\n#####\n";
-
-}  // namespace
-
 TEST_F(PuzzleTool, MakesAFileThatIsValidCentredAndUnlocked) {
   const std::string bytes = validFile();
   EXPECT_EQ(bytes.size(), 435u + 120u);

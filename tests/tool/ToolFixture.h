@@ -8,6 +8,16 @@
 #include "tests/files/FileBytes.h"
 #include "tool/CommandLine.h"
 
+/// A drawing of a box.
+inline std::string boxOf(std::size_t width, int height, char cell) {
+  std::string rows;
+  for (int row = 0; row < height; ++row) rows += std::string(width, cell) + "\n";
+  return rows;
+}
+
+inline constexpr const char* kHolder =
+    "title: Holder\npieces: LPWY\n\n#####\n#####\n#####\n#####\n";
+
 /// Runs the tool in-process, its files in a folder of the test's own.
 class PuzzleTool : public testing::Test {
  protected:
