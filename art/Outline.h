@@ -12,7 +12,7 @@ namespace pictures {
 /// A set of cells; x to the right, y downward.
 using Cells = std::vector<QPoint>;
 
-/// The cells of a drawing that hold `mark`, one character a cell.
+/// The cells of a drawing that hold `mark`, in which a character stands for each cell.
 Cells cellsOf(const std::vector<std::string>& rows, char mark);
 
 /// One piece of an arrangement.

@@ -9,7 +9,7 @@ namespace Stopwatch {
 
 constexpr int kRounds = 60;
 
-/// Nanoseconds of one call, on average over so many calls.
+/// Nanoseconds of one call, on average over `calls`.
 template <class Work>
 double once(int calls, Work& work) {
   const auto start = std::chrono::steady_clock::now();
@@ -23,7 +23,7 @@ struct Times {
   double ours = 1e300, other = 1e300;
 };
 
-/// Each work is called so many times a round with the number of the call.
+/// Each work is called a number of times in each round, with the number of the call.
 template <class Ours, class Other>
 Times compare(int calls, Ours ours, int otherCalls, Other other) {
   Times best;

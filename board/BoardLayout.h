@@ -21,7 +21,7 @@ void cover(QFrame& frame);
 /// Sizes the grid (cells) and empties it, with a ring of background one cell wide round its edge.
 void ringGrid(PENTOGRID& grid, std::int16_t width, std::int16_t height);
 
-/// Gives the control the largest tile with which so many columns and rows fit into so many twips,
+/// Gives the control the largest tile with which these columns and rows fit into these twips,
 /// and, when its screen has another density than before, the background picture for that.
 /// Where the textures cannot be read the control shows what it has, and the layout goes on.
 void fitTiles(PENTOWINDOW& control, double width, double height, int columns, int rows);

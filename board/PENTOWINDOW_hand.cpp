@@ -1,4 +1,4 @@
-// What keys and fingers do with the hand, by the roads of the mouse.
+// What keys do with the hand, by the handlers of the mouse.
 #include <algorithm>
 
 #include "board/PENTOWINDOW.h"

@@ -18,7 +18,7 @@ void HtmlHelpA(QWidget* hwndCaller, const std::filesystem::path& pszFile, int uC
 /// What the windows ask for, by the numbers that help/Quinzolith.hhp gives its pages.
 enum class Topic { StartPage = 0, Splash = 1000, Chooser = 1100, Play = 1200, Editor = 1300 };
 
-/// The one road of every help request, be it a menu item, a button or the F1 key: calls HtmlHelpA
+/// Every help request comes here, be it a menu item, a button or the F1 key: calls HtmlHelpA
 /// for a loaded window with the program's help file.
 void ShowHelp(const Form& window, Topic topic);
 

@@ -7,7 +7,7 @@ namespace {
 
 constexpr std::size_t kMemory = std::size_t{900} << 20;  // with what else there is, below 1 GiB
 
-/// Above so many cells a number may well not fit into 64 bits.
+/// In a shape of more cells than this a count may well not fit into 64 bits.
 constexpr int kManyCells = 100;
 
 template <class Key, class Value>

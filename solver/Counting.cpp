@@ -11,8 +11,8 @@ namespace solver {
 
 namespace {
 
-/// A scan that is done within so many nodes is not to be beaten; otherwise profiles are tried then,
-/// and after so many times as many nodes again: what is left is known better by and by.
+/// A scan that is done within this number of nodes is not to be beaten; otherwise profiles are
+/// tried then, and after each multiple of it: what is left is known better by and by.
 constexpr std::uint64_t kTrialNodes = 1 << 14, kTrialGrowth = 256;
 /// What a node over profiles costs, in nodes of a scan, and how many times more nodes a scan takes
 /// than it seems early on: both by experience.

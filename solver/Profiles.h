@@ -30,7 +30,7 @@ class Profiles {
            const PieceSet& types, Storage& storage);
 
   Id idOf(Bits64 window, int position);
-  /// Growing is given up beyond so many profiles: they are to fit into memory.
+  /// Growing is given up beyond this number of profiles: they are to fit into memory.
   static constexpr Id kMost = 4'000'000;
   /// Follows every way from the profiles known so far. Each edge is a node of the meter. False
   /// when the meter ended it.

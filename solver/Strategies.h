@@ -23,9 +23,9 @@ bool meetInTheMiddle(const Shape& shape, const PieceSet& supply, Counting counti
                      WorkMeter& meter);
 
 /// Counts the tilings that g lays onto themselves, over profiles; with the identity, all. The shape
-/// keeps its place in its box. None when that would probably take more than so many nodes, or the
-/// shape is too wide both ways for it. When the meter says that the count is not complete, there
-/// may be more.
+/// keeps its place in its box. None when that would probably take more than that number of nodes,
+/// or the shape is too wide both ways for it. When the meter says that the count is not complete,
+/// there may be more.
 std::optional<Count> countOverProfiles(const Shape& shape, const PieceSet& supply, Symmetry g,
                                        WorkMeter& meter, std::uint64_t mostNodes);
 

@@ -25,8 +25,8 @@ struct Work {
 struct Limits {
   static constexpr std::uint64_t kNone = std::numeric_limits<std::uint64_t>::max();
 
-  std::uint64_t nodes = kNone;      ///< the search gives up after so many nodes
-  std::uint64_t solutions = kNone;  ///< the search is done after so many solutions
+  std::uint64_t nodes = kNone;                         ///< the search gives up after this number
+  std::uint64_t solutions = kNone;                     ///< the search is done after this number
   std::uint64_t reportEvery = std::uint64_t{1} << 22;  ///< nodes between two reports
   std::function<void(const Work&)> progress;           ///< may be empty
 };
@@ -38,8 +38,8 @@ class WorkMeter {
 
   /// Counts a node. False when the search is to end.
   bool node() { return ++work.nodes < pause_ || pauseHere(); }
-  /// Lets node() return false after so many more nodes without marking the search as ended;
-  /// Limits::kNone for never.
+  /// Lets node() return false after that number of further nodes without marking the search as
+  /// ended; Limits::kNone for never.
   void interruptAfter(std::uint64_t nodes) {
     interruptAt_ = nodes == Limits::kNone ? nodes : work.nodes + nodes;
     setPause();

@@ -8,7 +8,7 @@ namespace puzzle {
 
 namespace {
 
-/// One try is given up after so many nodes: another shape is cheaper than a proof.
+/// One try is given up after this number of nodes: another shape is cheaper than a proof.
 constexpr std::uint64_t kNodesPerTry = 200'000;
 constexpr std::uint64_t kNodesToCount = 20'000'000;
 constexpr std::uint64_t kNodesToRate = 100'000;

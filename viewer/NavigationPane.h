@@ -12,7 +12,7 @@ class QListWidgetItem;
 class QTreeWidget;
 class QTreeWidgetItem;
 
-/// The roads to a page of a help book: its contents, its index and a search for words.
+/// The ways to a page of a help book: its contents, its index and a search for words.
 /// The book must outlive the pane or the next setBook.
 class NavigationPane : public QTabWidget {
   Q_OBJECT

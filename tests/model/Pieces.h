@@ -5,7 +5,7 @@
 
 #include "model/PENTOGRID.h"
 
-/// A piece turned and then mirrored so many times. The type may be a number that is none.
+/// A piece turned and then mirrored. The type may be a number that is none.
 inline PentoRef makePiece(int type, int turns = 0, int mirrorings = 0) {
   auto piece = std::make_shared<PENTO>();
   piece->PentoType(static_cast<std::int16_t>(type));
