@@ -10,12 +10,13 @@ class PENTOWINDOW;
 /// The keys by which a window's hand is moved and used. They do what the mouse does, by the same
 /// handlers.
 ///
-///   arrows         one cell of the board that the hand is over; at its edge, the board beside it
-///   Tab            the next piece of the tray; with a piece in hand the next free cell of the
-///   board Shift+Tab      the one before Enter          as the left button Page Down, Up  turn
-///   clockwise, counter-clockwise Escape         takes the carried piece back, in place and
-///   orientation, to where it came from,
-///                  else to the nearest free place of the tray; a new piece is thrown away
+///   arrows         one cell of the board that the hand is over; at its edge, the board beside
+///   Tab            the next piece of the tray; with a piece in hand, the board's next free cell
+///   Shift+Tab      the one before
+///   Enter          as the left button
+///   Page Down, Up  turn clockwise, counter-clockwise
+///   Escape         takes the carried piece back, as it lay, to where it came from, else to the
+///                  nearest free place of the tray; a new piece is thrown away
 ///
 /// Without a tray, as in the editor, Tab and Enter are left to the buttons while the hand is not on
 /// the board. Only arrows repeat when they are held.
