@@ -85,7 +85,7 @@ TEST_F(PuzzleTool, HelpManualAndCompletionsNameEveryOption) {
     ASSERT_EQ(run({"help", name}), puzzle::kDone);
     EXPECT_EQ(out_, own);
     EXPECT_TRUE(holds(manual, ".SS \"" + name));
-    for (const puzzle::Option& option : command.options) {
+    for (const puzzle::Flag& option : command.options) {
       EXPECT_TRUE(holds(inOneLine(own), inOneLine(option.text))) << option.name;
       for (const std::string& script : completions)
         EXPECT_TRUE(holds(script, std::string(option.name))) << option.name;
