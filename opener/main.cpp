@@ -3,7 +3,7 @@
 #include <QProcess>
 
 #include "folders/Installation.h"
-#include "opener/Delivery.h"
+#include "opener/OwnPuzzles.h"
 #include "opener/RunningGame.h"
 #include "platform/Dialogs.h"
 #include "platform/Program.h"
@@ -28,7 +28,7 @@ void startGame() {
 
 int open(const fs::path& file) {
   const auto found = Installation::find(Program::programFolder());
-  const fs::path name = Delivery::deliver(file, found.user, mayReplace);
+  const fs::path name = OwnPuzzles::add(file, found.user, mayReplace);
   if (name.empty()) return 0;
   Dialogs::message("The puzzle \"" + name.stem().string() + "\" is under \"Other\".",
                    Dialogs::Icon::None);

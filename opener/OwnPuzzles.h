@@ -5,7 +5,7 @@
 #include <string>
 
 /// Puts a puzzle file among the player's own puzzles, where the chooser lists it.
-namespace Delivery {
+namespace OwnPuzzles {
 
 /// Whether a puzzle of this name in the player's folder, another one, is replaced.
 using Question = std::function<bool(const std::filesystem::path& existing)>;
@@ -15,7 +15,7 @@ using Question = std::function<bool(const std::filesystem::path& existing)>;
 /// extension only are the same; a name without the extension gets it, and none begins with a dot.
 /// Errors: std::exception, with the reason as a text for the player: no valid puzzle, not readable,
 ///         nowhere to put it, not writable.
-std::filesystem::path deliver(const std::filesystem::path& file, const std::filesystem::path& user,
-                              const Question& mayReplace);
+std::filesystem::path add(const std::filesystem::path& file, const std::filesystem::path& user,
+                          const Question& mayReplace);
 
-}  // namespace Delivery
+}  // namespace OwnPuzzles

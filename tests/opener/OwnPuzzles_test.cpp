@@ -1,5 +1,5 @@
 // A double-clicked puzzle on its way to the player's own.
-#include "opener/Delivery.h"
+#include "opener/OwnPuzzles.h"
 
 #include <gtest/gtest.h>
 
@@ -23,7 +23,7 @@ class Delivered : public ::testing::Test {
     return top.path / name;
   }
   fs::path deliver(const fs::path& file, bool answer = false) {
-    return Delivery::deliver(file, user, [&](const fs::path&) {
+    return OwnPuzzles::add(file, user, [&](const fs::path&) {
       ++questions;
       return answer;
     });

@@ -1,4 +1,4 @@
-#include "opener/Delivery.h"
+#include "opener/OwnPuzzles.h"
 
 #include <stdexcept>
 
@@ -8,7 +8,7 @@
 
 namespace fs = std::filesystem;
 
-namespace Delivery {
+namespace OwnPuzzles {
 
 namespace {
 
@@ -36,7 +36,7 @@ fs::path sameIn(const fs::path& folder, const fs::path& name) {
 
 }  // namespace
 
-fs::path deliver(const fs::path& file, const fs::path& user, const Question& mayReplace) {
+fs::path add(const fs::path& file, const fs::path& user, const Question& mayReplace) {
   const std::string bytes = puzzleIn(file);
   if (!fs::is_directory(user)) throw std::runtime_error("There is no folder for your puzzles.");
   const fs::path place = sameIn(user, listedName(file));
@@ -48,4 +48,4 @@ fs::path deliver(const fs::path& file, const fs::path& user, const Question& may
   return place.filename();
 }
 
-}  // namespace Delivery
+}  // namespace OwnPuzzles
