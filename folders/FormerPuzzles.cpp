@@ -15,7 +15,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::size_t kMostBytes = std::size_t{1} << 20;  // a puzzle has a few hundred
 constexpr mode_t kNewFile = 0644;
 
 /// The bytes of this user's own ordinary file. Others could have planted links and pipes.
@@ -24,8 +23,8 @@ std::optional<std::string> ownBytes(const fs::path& file) {
   if (!open.isOpen()) return std::nullopt;
   const struct stat status = open.status();
   const bool own = S_ISREG(status.st_mode) && status.st_uid == ::geteuid();
-  if (!own || status.st_size > static_cast<off_t>(kMostBytes)) return std::nullopt;
-  return open.read(0, kMostBytes);
+  if (!own || status.st_size > static_cast<off_t>(kMostPuzzleBytes)) return std::nullopt;
+  return open.read(0, kMostPuzzleBytes);
 }
 
 std::optional<std::string> readableBytes(const fs::path& file) {

@@ -12,10 +12,8 @@ namespace OwnPuzzles {
 
 namespace {
 
-constexpr std::size_t kMostBytes = std::size_t{1} << 20;  // a puzzle has a few hundred
-
 std::string puzzleIn(const fs::path& file) {
-  std::string bytes = SafeFile::read(file, kMostBytes);
+  std::string bytes = SafeFile::read(file, kMostPuzzleBytes);
   const auto problems = puzzle::problemsOf(bytes);
   if (problems.empty()) return bytes;
   throw std::runtime_error("This is not a valid Quinzolith puzzle.\n" + problems.front());
@@ -41,7 +39,7 @@ fs::path add(const fs::path& file, const fs::path& user, const Question& mayRepl
   if (!fs::is_directory(user)) throw std::runtime_error("There is no folder for your puzzles.");
   const fs::path place = sameIn(user, listedName(file));
   const bool taken = fs::exists(fs::symlink_status(place));
-  if (taken && SafeFile::exists(place) && SafeFile::read(place, kMostBytes) == bytes)
+  if (taken && SafeFile::exists(place) && SafeFile::read(place, kMostPuzzleBytes) == bytes)
     return place.filename();
   if (taken && !mayReplace(place)) return {};
   SafeFile::write(place, bytes);
