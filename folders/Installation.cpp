@@ -39,12 +39,14 @@ bool isPackages(const fs::path& folder) {
   return isBelow(folder, "/usr") && !isBelow(folder, "/usr/local");
 }
 
-Installation Installation::find(const fs::path& programFolder, const fs::path& formerUser) {
+Seam<fs::path> Installation::formerUser("/opt/Kelvo Software/Quinzolith/User");
+
+Installation Installation::find(const fs::path& programFolder) {
   if (holdsAll(programFolder)) return {programFolder, programFolder / "User"};
   const fs::path own = PlayersFolder::path();
   if (own.empty()) return {programFolder, {}};
   const bool whole =
-      PlayersFolder::prepare(own, programFolder, {programFolder / "User", formerUser});
+      PlayersFolder::prepare(own, programFolder, {programFolder / "User", *formerUser});
   const bool users = isOnlyThisUsers(own);
   return {whole ? own : programFolder, users ? own / "User" : fs::path()};
 }

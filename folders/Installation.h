@@ -2,6 +2,8 @@
 
 #include <filesystem>
 
+#include "seams/Seam.h"
+
 /// Where the game finds what it brings, and where the player's puzzles lie.
 ///
 /// The program's own folder holds both where `puzzles` lies in it, it is no package's, and `User`
@@ -15,11 +17,10 @@ struct Installation {
   /// Decides for a program whose executable lies, all links resolved, in `programFolder`, and makes
   /// what is missing. Puzzles of this user are copied to a new folder of theirs from the program's
   /// `User` and from `formerUser`.
-  static Installation find(const std::filesystem::path& programFolder,
-                           const std::filesystem::path& formerUser = kFormerUser);
+  static Installation find(const std::filesystem::path& programFolder);
 
   /// Where the Debian package up to 1.1.7 kept the puzzles of all users.
-  static constexpr const char* kFormerUser = "/opt/Kelvo Software/Quinzolith/User";
+  static Seam<std::filesystem::path> formerUser;
 };
 
 /// Whether a folder belongs to the system's packages: below /usr, but not below /usr/local, which

@@ -37,7 +37,7 @@ class Folders : public ::testing::Test {
   }
   void TearDown() override { fs::permissions(program, fs::perms::owner_all); }
 
-  Installation find() { return Installation::find(program, former); }
+  Installation find() { return Installation::find(program); }
 
   void expectAllInProgramFolder() {
     const Installation found = find();
@@ -66,6 +66,7 @@ class Folders : public ::testing::Test {
   TestFolder top{"folders"};
   const fs::path program = top.path / "Kelvo Software" / "Quinzolith";
   const fs::path former = top.path / "former";
+  const Replacement<fs::path> place{Installation::formerUser, former};
   const fs::path home = top.path / "home";
   const fs::path own = home / ".local" / "share" / "quinzolith";
 };
@@ -120,7 +121,7 @@ TEST_F(Folders, ThePlayersFolderOutlivesMovesAndKeepsWhatThePlayerPutThere) {
   putBytes(own / "tiles" / "tiles.jpg", "the player's");
   const fs::path moved = top.path / "moved";
   fs::rename(program, moved);
-  EXPECT_EQ(Installation::find(moved, former).folder, own);
+  EXPECT_EQ(Installation::find(moved).folder, own);
   EXPECT_EQ(bytesOf(own / "puzzles" / "rocket.qzl"), "rocket");
   EXPECT_EQ(bytesOf(own / "tiles" / "tiles.jpg"), "the player's");
   EXPECT_EQ(bytesOf(own / "User" / "castle.qzl"), "castle");
