@@ -19,6 +19,9 @@ struct Installation {
   /// `User` and from `formerUser`.
   static Installation find(const std::filesystem::path& programFolder);
 
+  /// Where find() has, or would make, the player's puzzles; makes nothing. Empty: nowhere.
+  static std::filesystem::path expectedUser(const std::filesystem::path& programFolder);
+
   /// Where the Debian package up to 1.1.7 kept the puzzles of all users.
   static Seam<std::filesystem::path> formerUser;
 };

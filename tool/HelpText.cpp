@@ -2,6 +2,7 @@
 #include <cctype>
 #include <sstream>
 
+#include "folders/Installation.h"
 #include "model/PuzzleFormat.h"
 #include "tool/CommandLine.h"
 
@@ -16,7 +17,7 @@ constexpr std::string_view kGeneral =
     "ends them. No more than 1 MiB of a file is read.";
 constexpr std::string_view kUser =
     "The game's chooser shows on its tab Other, under their files' names, the puzzles that lie in "
-    "the folder User beside its programs";
+    "your folder User";
 constexpr std::string_view kExitCodes[] = {
     "0  done", "1  the answer is no: no solution, a file refused", "2  wrong use",
     "3  there are more solutions than can be counted within 1 GiB, or in 128 bits"};
@@ -78,6 +79,11 @@ std::string entry(const std::string& name, std::string_view text, std::size_t co
   return "  " + name + std::string(gap, ' ') + wrapped(text, column);
 }
 
+std::string placeOfUser(const std::filesystem::path& installation) {
+  const std::filesystem::path user = Installation::expectedUser(installation);
+  return user.empty() ? "" : ", " + user.string();
+}
+
 }  // namespace
 
 std::string helpText(const std::filesystem::path& installation) {
@@ -89,8 +95,7 @@ std::string helpText(const std::filesystem::path& installation) {
   help += "\nInstead of a command:\n";
   for (const Flag& option : standAlone()) help += entry(shownAlone(option), option.text, column);
   help += "\n" + wrapped(kGeneral, 0) +
-          wrapped(std::string(kUser) + ", " + (installation / "User").string() + ".", 0) +
-          "\nExit codes:\n";
+          wrapped(std::string(kUser) + placeOfUser(installation) + ".", 0) + "\nExit codes:\n";
   for (const std::string_view line : kExitCodes) help.append("  ").append(line).append("\n");
   return help;
 }
@@ -111,7 +116,7 @@ std::string manualPage() {
       << troff(kProgram) << " \\- " << kPurpose << "\n.SH SYNOPSIS\n.B " << troff(kProgram)
       << "\n.I COMMAND\n[OPTIONS] ARGUMENTS\n.SH DESCRIPTION\n"
       << troff(kGeneral) << "\n.PP\n"
-      << troff(kUser) << ".\n.SH COMMANDS\n";
+      << troff(kUser) << ", which 'quinzolith\\-puzzle help' names.\n.SH COMMANDS\n";
   for (const Command& command : commands()) {
     out << ".SS \"" << command.name << (command.options.empty() ? " " : " [OPTIONS] ")
         << troff(command.arguments) << "\"\n"

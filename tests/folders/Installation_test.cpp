@@ -40,6 +40,7 @@ class Folders : public ::testing::Test {
   Installation find() { return Installation::find(program); }
 
   void expectAllInProgramFolder() {
+    EXPECT_EQ(Installation::expectedUser(program), program / "User");
     const Installation found = find();
     EXPECT_EQ(found.folder, program);
     EXPECT_EQ(found.user, program / "User");
@@ -47,6 +48,7 @@ class Folders : public ::testing::Test {
   }
 
   void expectPlayersOwn(const fs::path& folder) {
+    EXPECT_EQ(Installation::expectedUser(program), folder / "User");
     const Installation found = find();
     EXPECT_EQ(found.folder, folder);
     EXPECT_EQ(found.user, folder / "User");
