@@ -13,20 +13,14 @@ namespace solver {
 template <class Bits, class Left>
 class CornerRace {
  public:
+  /// The problem outlives the race.
   CornerRace(const Problem& problem, const TypeOrder& order)
       : problem_(problem), tables_(WindowTables<Bits>::of(order)) {}
 
-  Answer run(const Limits& limits) {
-    // A corner is made ready when its turn comes: most shapes are solved from the first one.
-    for (const Symmetry symmetry : kSymmetries) {
-      const Frame frame(problem_.shape, symmetry);
-      if (frame.shape().height() > frame.shape().width()) continue;
-      if (runTurn(runners_.emplace_back(frame, tables_, problem_.supply), limits)) return answer_;
-    }
-    for (std::size_t turn = 0;; ++turn) {
-      Runner& runner = turn % 2 == 0 ? nearest() : runners_[turn / 2 % runners_.size()];
-      if (runTurn(runner, limits)) return answer_;
-    }
+  /// Limits count what all calls did; after one that reached its nodes the next goes on from there.
+  const Answer& run(const Limits& limits) {
+    while (!runTurn(nextRunner(), limits)) continue;
+    return answer_;
   }
 
  private:
@@ -43,6 +37,17 @@ class CornerRace {
     std::uint64_t nodes = 0;
     double nodesToCome = 0;  ///< a guess
   };
+
+  /// A corner is made ready when its turn comes: most shapes are solved from the first one.
+  Runner& nextRunner() {
+    while (made_ < kSymmetries.size()) {
+      const Frame frame(problem_.shape, kSymmetries[made_++]);
+      if (frame.shape().height() > frame.shape().width()) continue;
+      return runners_.emplace_back(frame, tables_, problem_.supply);
+    }
+    const std::size_t turn = turn_++;
+    return turn % 2 == 0 ? nearest() : runners_[turn / 2 % runners_.size()];
+  }
 
   Runner& nearest() { return *std::ranges::min_element(runners_, {}, &Runner::nodesToCome); }
 
@@ -76,7 +81,8 @@ class CornerRace {
 
   const Problem& problem_;
   const std::shared_ptr<const WindowTables<Bits>> tables_;
-  std::deque<Runner> runners_;  // they stay where they are: searches refer to their scans
+  std::deque<Runner> runners_;       // they stay where they are: searches refer to their scans
+  std::size_t made_ = 0, turn_ = 0;  ///< corners looked at; turns after all were made ready
   Answer answer_;
 };
 

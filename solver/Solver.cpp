@@ -93,6 +93,44 @@ Work forEachSolution(const Problem& problem, Counting counting, const Deliver& d
   return meter.work;
 }
 
+class SlicedSearch::Race {
+ public:
+  virtual ~Race() = default;
+  virtual const Answer& run(const Limits& limits) = 0;
+};
+
+template <class Bits, class Left>
+class SlicedSearch::RaceOf : public Race {
+ public:
+  RaceOf(const Problem& problem, const TypeOrder& order) : race_(problem, order) {}
+  const Answer& run(const Limits& limits) override { return race_.run(limits); }
+
+ private:
+  CornerRace<Bits, Left> race_;
+};
+
+SlicedSearch::SlicedSearch(Problem problem) : problem_(std::move(problem)) {
+  if (const auto known = obvious(problem_)) {
+    if (*known) answer_ = {Solution{}, {1, 0}};
+    return;
+  }
+  withWindow(Frame::shortColumns(problem_.shape), [&]<class Bits>() {
+    withPiecesLeft(problem_.supply, [&]<class Left>() {
+      race_ = std::make_unique<RaceOf<Bits, Left>>(problem_, kAwkwardFirst);
+    });
+  });
+}
+
+SlicedSearch::~SlicedSearch() = default;
+
+bool SlicedSearch::goOn(std::uint64_t nodes) {
+  if (!race_) return true;
+  Limits limits;
+  limits.nodes = answer_.work.nodes + nodes;
+  answer_ = race_->run(limits);
+  return answer_.work.complete;
+}
+
 Answer findSolution(const Problem& problem, const Limits& limits, const TypeOrder& order) {
   if (!problem.kept.empty()) return findFromPosition(problem, limits, order);
   Answer answer;

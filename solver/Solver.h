@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <memory>
 #include <optional>
 
 #include "solver/Delivery.h"
@@ -57,5 +58,26 @@ struct Answer {
 /// the other, with more and more nodes, since one scan may be hopeless where another is lucky.
 Answer findSolution(const Problem& problem, const Limits& limits = {},
                     const TypeOrder& order = kAwkwardFirst);
+
+/// findSolution in slices, for those who have other things to do between them. The problem keeps no
+/// cells.
+class SlicedSearch {
+ public:
+  explicit SlicedSearch(Problem problem);
+  ~SlicedSearch();
+
+  /// Goes on for about so many nodes. True when the answer is final.
+  bool goOn(std::uint64_t nodes);
+  const Answer& answer() const { return answer_; }
+
+ private:
+  class Race;
+  template <class Bits, class Left>
+  class RaceOf;
+
+  const Problem problem_;
+  std::unique_ptr<Race> race_;  ///< null when the answer is obvious
+  Answer answer_;
+};
 
 }  // namespace solver
