@@ -1,13 +1,11 @@
 #pragma once
 
-#include <QLabel>
 #include <QPointer>
 
-#include "board/PENTOWINDOW.h"
+#include "board/MarginLine.h"
 
 /// Tells how a piece is turned and mirrored while the player carries one for the first time: a line
-/// over the lower margin of a window's board. It takes no mouse and is no part of the board's
-/// picture, and unlike a tool tip it stays when a button is released or pressed.
+/// over the lower margin of a window's board.
 class CarryHint {
  public:
   /// A piece is in the air. Only the first one ever is told about.
@@ -17,5 +15,5 @@ class CarryHint {
 
  private:
   bool told_ = false;
-  QPointer<QLabel> line_;
+  QPointer<MarginLine> line_;
 };

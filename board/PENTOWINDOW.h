@@ -41,6 +41,8 @@ class PENTOWINDOW : public PointerSurface, public PuzzleTarget {
   /// is ignored. Errors: std::runtime_error when the texture file cannot be read.
   void TileSize(std::int16_t pixels);
   std::int16_t TileWidth() const { return static_cast<std::int16_t>(atlas_.tileWidth()); }
+  /// Where a cell is shown: logical pixels from the control's corner.
+  QRectF CellRectangle(const QPoint& cell) const;
   void PaintAll() override { pctFore_Paint(); }
   bool Redraw = false;  ///< full repaints are skipped while it is false
 

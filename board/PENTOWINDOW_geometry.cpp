@@ -24,6 +24,11 @@ void PENTOWINDOW::TileSize(std::int16_t pixels) {
   atlas_.load(textureFile(Program::ColorDepth), pixels);  // last: without a picture it throws
 }
 
+QRectF PENTOWINDOW::CellRectangle(const QPoint& cell) const {
+  const int s = atlas_.tileWidth();
+  return {surfacePoint(s * cell), surfacePoint(s * (cell + QPoint(1, 1)))};
+}
+
 /// Gives the surface a size in device pixels and stands it in the middle of the control.
 void PENTOWINDOW::centreSurface(const QSizeF& surface) {
   place_ = SurfacePlace::centred(QSizeF(size()) * devicePixelRatioF(), surface);

@@ -1,9 +1,10 @@
 #include "board/RefusalMark.h"
 
 #include <QPainter>
-#include <QPainterPath>
 #include <QTransform>
 #include <cmath>
+
+#include "board/PieceOutline.h"
 
 namespace {
 
@@ -11,17 +12,6 @@ constexpr int kMilliseconds = 300;
 constexpr double kPen = 3;  // logical pixels
 constexpr QColor kRefused(224, 0, 0);
 constexpr QColor kHalo(255, 255, 255);
-
-/// In cells, which are whole numbers, so that the sides of neighbours fall together.
-QPolygonF outlineOf(const PENTO& piece) {
-  QPainterPath cells;
-  for (int i = 0; i < PENTO::kCells; ++i) {
-    QPainterPath cell;
-    cell.addRect(piece.GridX(i), piece.GridY(i), 1, 1);
-    cells = cells.united(cell);
-  }
-  return cells.simplified().toFillPolygon();
-}
 
 }  // namespace
 
