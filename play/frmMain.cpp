@@ -66,6 +66,7 @@ void frmMain::Form_Activate() {
 
 /// Opens the chooser, waits for it, and uncovers the boards unless it has closed this window.
 void frmMain::waitForChooser() {
+  carryHint_.end();
   hint_.end();
   fCancelLoad = false;
   windows_.Open->fEdit = false;
@@ -74,6 +75,7 @@ void frmMain::waitForChooser() {
 }
 
 void frmMain::Form_Unload(bool&) {
+  hint_.end();
   basTiles::targets.Board = nullptr;
   basTiles::targets.Tray = nullptr;
   basKelvoMusic::CloseSound();
@@ -94,18 +96,20 @@ void frmMain::relay(PENTOWINDOW& from, PENTOWINDOW& to) {
   from.Float = [this, &to](PentoRef& P) {
     to.FloatingPento(P);
     to.HideFloatingPento();
-    hint_.begin(*Grid);
+    carryHint_.begin(*Grid);
+    if (&to != Grid) hint_.end();
   };
   from.Capture = [&to] { to.HideFloatingPento(); };
   from.Uncapture = [&to] { to.ShowFloatingPento(); };
   from.Drop = [this, &to] {
     to.RemoveFloatingPento();
-    hint_.end();
+    carryHint_.end();
   };
 }
 
 void frmMain::Grid_Drop() {
   PentoPanel->RemoveFloatingPento();
+  carryHint_.end();
   hint_.end();
   if (Grid->EmptyCount() != 0) return;
   Grid->PaintAll();

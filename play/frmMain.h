@@ -11,6 +11,7 @@
 #include "model/PENTOGRID.h"
 #include "platform/Dialogs.h"
 #include "platform/Form.h"
+#include "play/Hint.h"
 #include "play/PlayWindows.h"
 #include "sound/TunePlayer.h"
 
@@ -53,6 +54,7 @@ class frmMain : public Form {
   void buildSoundMenu();
   void buildViewMenu();
   void buildHelpMenu();
+  void askForHintOnF3();
   void mnuFileOpen_Click();
   void mnuViewEdit_Click();
   void mnuSound_Click(bool on);
@@ -78,7 +80,8 @@ class frmMain : public Form {
 
   Dialogs::FileDialog cdlgOpen_;
   QPointer<QFrame> fraCover_;
-  CarryHint hint_;
+  CarryHint carryHint_;
+  Hint hint_;
   QPointer<QAction> mnuSoundOn_;
   QPointer<QAction> mnuSoundOff_;
   QPointer<QMenu> mnuView_;

@@ -18,7 +18,8 @@ void frmMain::Form_Resize() {
   showCover();
   layOutTray();
   layOutBoard();
-  hint_.place(*Grid);
+  carryHint_.place(*Grid);
+  hint_.end();
   if (Program::ColorDepth == Program::kPaletteDepth) dropBackgrounds();
   if (fActivated_) fraCover_->hide();
 }

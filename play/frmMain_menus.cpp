@@ -1,3 +1,5 @@
+#include <QShortcut>
+
 #include "platform/Menus.h"
 #include "platform/Program.h"
 #include "play/frmMain.h"
@@ -53,6 +55,16 @@ void frmMain::buildHelpMenu() {
   Menus::addSeparator(help, "mnuHelpSep");
   Menus::addItem(help, "mnuHelpAbout", "About...", [this] { mnuHelpAbout_Click(); });
   ShowHelpOnF1(*this, Topic::Play);
+  askForHintOnF3();
+}
+
+/// No item tells of it: the menus stay as they are known.
+void frmMain::askForHintOnF3() {
+  auto* f3 = new QShortcut(QKeySequence(Qt::Key_F3), Window());
+  f3->setAutoRepeat(false);
+  QObject::connect(f3, &QShortcut::activated, f3, [this] {
+    if (fActivated_) hint_.askOrEnd(*Grid, *PentoPanel);
+  });
 }
 
 void frmMain::mnuFileOpen_Click() {
