@@ -65,11 +65,10 @@ class CornerRace {
     report(limits, meter.work.nodes);
     answer_.work.solutions = answer_.solution.has_value();
     answer_.work.complete = wasAll || answer_.solution.has_value();
-    if (answer_.work.complete || answer_.work.nodes >= limits.nodes) return true;
     runner.nodes += meter.work.nodes;
     const double done = runner.search.fractionDone();
     runner.nodesToCome = static_cast<double>(runner.nodes) * (1 - done) / std::max(done, 1e-12);
-    return false;
+    return answer_.work.complete || answer_.work.nodes >= limits.nodes;
   }
 
   void report(const Limits& limits, std::uint64_t nodes) {
