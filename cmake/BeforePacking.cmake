@@ -25,17 +25,31 @@ function(share_data root folder name)
     "${root}/usr/lib/quinzolith/Kelvo Software/${folder}/${name}" SYMBOLIC)
 endfunction()
 
+# Strips the programs, and links them from where Debian wants the commands of games (Policy 11.11). Not
+# every desktop looks there, so its entries name the whole path.
+function(lay_out_programs root)
+  set(tree "lib/quinzolith/Kelvo Software/Quinzolith")
+  file(GLOB programs RELATIVE "${root}/usr/${tree}" "${root}/usr/${tree}/quinzolith*")
+  file(MAKE_DIRECTORY ${root}/usr/games)
+  foreach(program ${programs})
+    execute_process(COMMAND strip --remove-section=.comment --remove-section=.note
+      "${root}/usr/${tree}/${program}" COMMAND_ERROR_IS_FATAL ANY)
+    file(CREATE_LINK "../${tree}/${program}" ${root}/usr/games/${program} SYMBOLIC)
+  endforeach()
+  file(GLOB entries ${root}/usr/share/applications/*)
+  foreach(entry ${entries})
+    file(READ ${entry} text)
+    string(REPLACE "Exec=" "Exec=/usr/games/" text "${text}")
+    file(WRITE ${entry} "${text}")
+  endforeach()
+endfunction()
+
 # The tree lies below /usr/lib/quinzolith; links, desktop files and manual go where Debian looks for them.
 function(lay_out_debian root)
   set(prefix ${root}/usr/lib/quinzolith)
   file(RENAME ${prefix}/share ${root}/usr/share)
-  file(MAKE_DIRECTORY ${root}/usr/bin)
-  file(GLOB programs RELATIVE ${prefix}/bin ${prefix}/bin/*)
-  foreach(program ${programs})
-    file(CREATE_LINK "../lib/quinzolith/Kelvo Software/Quinzolith/${program}" ${root}/usr/bin/${program}
-      SYMBOLIC)
-  endforeach()
   file(REMOVE_RECURSE ${prefix}/bin)
+  lay_out_programs(${root})
   foreach(name puzzles tiles Quinzolith.chm)
     share_data(${root} Quinzolith ${name})
   endforeach()

@@ -5,7 +5,6 @@ set(CPACK_PACKAGE_VENDOR "Kelvo Software")
 set(CPACK_PACKAGE_CONTACT "The Quinzolith developers <support@quinzolith.example>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "desktop puzzle game about pentominoes")
 set(CPACK_PACKAGE_DIRECTORY ${PROJECT_BINARY_DIR}/packages)
-set(CPACK_STRIP_FILES ON)
 set(CPACK_VERBATIM_VARIABLES ON)
 
 set(CPACK_GENERATOR DEB)
@@ -13,7 +12,7 @@ set(CPACK_PACKAGING_INSTALL_PREFIX /usr/lib/quinzolith)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_SECTION games)
-set(CPACK_DEBIAN_PACKAGE_HOMEPAGE "https://www.quinzolith.example")
+set(CPACK_DEBIAN_PACKAGE_HOMEPAGE ${QUINZOLITH_WEBSITE})
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION "\
 A puzzle is a shape on a board and a handful of pentominoes, pieces made of
 five squares. Carry them over, turn and mirror them under the cursor, and lay

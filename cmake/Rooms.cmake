@@ -10,6 +10,10 @@ target_compile_definitions(quinzolith_flags INTERFACE
 # No path of the machine that builds stands in a program that ships.
 target_compile_options(quinzolith_flags INTERFACE
   $<$<CONFIG:Release>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=>)
+# What ships checks the lengths of buffers, and its tables of addresses are read-only once it runs.
+target_compile_options(quinzolith_flags INTERFACE
+  $<$<CONFIG:Release>:-U_FORTIFY_SOURCE> $<$<CONFIG:Release>:-D_FORTIFY_SOURCE=2>)
+target_link_options(quinzolith_flags INTERFACE $<$<CONFIG:Release>:LINKER:-z,relro,-z,now>)
 if(QUINZOLITH_SANITIZE)
   target_compile_options(quinzolith_flags INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
@@ -78,10 +82,11 @@ function(quinzolith_tool name)
   target_link_libraries(${name} PRIVATE quinzolith_flags quinzolith_warnings ${ARG_LINKS})
 endfunction()
 
-# quinzolith_test(NAME SOURCES ... [LINKS ...] [QT]): one test program, one ctest entry. With QT the
-# program has a QApplication on the offscreen platform (unless QT_QPA_PLATFORM says otherwise).
+# quinzolith_test(NAME SOURCES ... [LINKS ...] [UNDER COMMAND ...] [QT]): one test program, one ctest entry,
+# started by COMMAND, if there is one. With QT the program has a QApplication on the offscreen platform
+# (unless QT_QPA_PLATFORM says otherwise).
 function(quinzolith_test name)
-  cmake_parse_arguments(ARG "QT" "" "SOURCES;LINKS" ${ARGN})
+  cmake_parse_arguments(ARG "QT" "" "SOURCES;LINKS;UNDER" ${ARGN})
   if(ARG_QT)
     list(APPEND ARG_SOURCES ${PROJECT_SOURCE_DIR}/tests/QtMain.cpp)
     list(APPEND ARG_LINKS Qt6::Widgets Qt6::Test GTest::gtest)
@@ -93,6 +98,6 @@ function(quinzolith_test name)
   quinzolith_include_root(${name} tests)
   target_compile_definitions(${name} PRIVATE
     QUINZOLITH_SOURCE_DIR="${PROJECT_SOURCE_DIR}" QUINZOLITH_TREE="${QUINZOLITH_TREE}")
-  add_test(NAME ${name} COMMAND ${name})
+  add_test(NAME ${name} COMMAND ${ARG_UNDER} $<TARGET_FILE:${name}>)
   set_tests_properties(${name} PROPERTIES TIMEOUT 600)
 endfunction()
