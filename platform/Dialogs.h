@@ -21,7 +21,7 @@ Answer askYesNo(const std::string& text);
 Answer askYesNoCancel(const std::string& text);
 
 /// A file dialog that keeps its settings from one showing to the next. It is the toolkit's own, so
-/// that title, filter and question are the same on every desktop.
+/// that title, filter and question are the same on every desktop; in a sandbox it is the portal's.
 struct FileDialog {
   std::string title;
   std::string filterName;        ///< "Pentomino Puzzles (*.qzl)"

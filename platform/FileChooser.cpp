@@ -6,6 +6,7 @@
 
 #include "platform/Dialogs.h"
 #include "platform/PlainText.h"
+#include "platform/Sandbox.h"
 
 namespace {
 
@@ -21,7 +22,7 @@ FileChooser::FileChooser(QWidget* parent, const QString& title, const QString& f
                          const QString& filter, const QString& extension)
     : QFileDialog(parent, title, folder, filter),
       ending_(extension.isEmpty() ? QString() : "." + extension) {
-  setOption(DontUseNativeDialog);
+  setOption(DontUseNativeDialog, !Sandbox::isAround());
   setOption(DontConfirmOverwrite);
   setFileMode(AnyFile);
 }
@@ -33,7 +34,7 @@ void FileChooser::preset(const QString& file) {
 
 QString FileChooser::chosen() const {
   const QString typed = selectedFiles().value(0);
-  if (acceptMode() == AcceptOpen && QFileInfo(typed).isFile()) return typed;
+  if (granted_ || (acceptMode() == AcceptOpen && QFileInfo(typed).isFile())) return typed;
   return typed.endsWith(ending_, Qt::CaseInsensitive) ? typed : typed + ending_;
 }
 
@@ -47,7 +48,8 @@ bool FileChooser::mayBeTaken(const QString& file) const {
 void FileChooser::accept() {
   const QString typed = selectedFiles().value(0);
   const bool isFolder = typed.isEmpty() || QFileInfo(typed).isDir();  // to be entered, not taken
-  if (isFolder || mayBeTaken(chosen())) QFileDialog::accept();
+  granted_ = testAttribute(Qt::WA_DontShowOnScreen);
+  if (granted_ || isFolder || mayBeTaken(chosen())) QFileDialog::accept();
 }
 
 /// The toolkit's own questions (before it deletes a file) name files; they shall not take a name

@@ -4,6 +4,7 @@
 #include "platform/DisplayNeeded.h"
 #include "platform/EndSignals.h"
 #include "platform/PendingEvents.h"
+#include "platform/Sandbox.h"
 #include "wiring/Wiring.h"
 
 namespace {
@@ -18,6 +19,7 @@ void preferX11() {
 
 int main(int argc, char** argv) {
   preferX11();
+  Sandbox::usePortal();
   std::optional<DisplayNeeded> display("quinzolith");
   QApplication application(argc, argv);
   display.reset();
