@@ -1,23 +1,17 @@
 // Start, memory and processor use of the whole program, beside a bare window, on an X server.
 // Usage: quinzolith-bench-process BARE_WINDOW GAME
-#include <X11/Xlib.h>
-#include <X11/extensions/XTest.h>
 #include <X11/keysym.h>
-#include <signal.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <cstdio>
-#include <cstdlib>
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <thread>
 #include <vector>
 
+#include "bench/Running.h"
+#include "bench/Server.h"
 #include "bench/Table.h"
 
 namespace {
@@ -30,113 +24,6 @@ constexpr Seconds kWatched{10};
 constexpr Seconds kFocus{1};     // in which the window manager hands the keys over
 constexpr Seconds kSettled{2};   // after which nothing goes on any more
 constexpr Seconds kAnswer{0.1};  // in which the game has seen to a press
-
-/// The X server: what is on it, and a hand on pointer and keys.
-class Server {
- public:
-  ~Server() { XCloseDisplay(display_); }
-
-  /// How many windows can be seen whose title begins with the text.
-  int visible(const std::string& title) { return count(DefaultRootWindow(display_), title); }
-
-  void key(KeySym sym) {
-    const KeyCode code = XKeysymToKeycode(display_, sym);
-    XTestFakeKeyEvent(display_, code, True, 0);
-    XTestFakeKeyEvent(display_, code, False, 0);
-    XSync(display_, False);
-  }
-  void move(int x, int y) {
-    XTestFakeMotionEvent(display_, -1, x, y, 0);
-    XSync(display_, False);
-  }
-  void click() {
-    XTestFakeButtonEvent(display_, 1, True, 0);
-    XTestFakeButtonEvent(display_, 1, False, 0);
-    XSync(display_, False);
-  }
-  /// Where the pointer is.
-  std::pair<int, int> pointer() {
-    Window root = 0, child = 0;
-    int x = 0, y = 0, inX = 0, inY = 0;
-    unsigned buttons = 0;
-    XQueryPointer(display_, DefaultRootWindow(display_), &root, &child, &x, &y, &inX, &inY,
-                  &buttons);
-    return {x, y};
-  }
-  int width() const { return DisplayWidth(display_, DefaultScreen(display_)); }
-  int height() const { return DisplayHeight(display_, DefaultScreen(display_)); }
-
- private:
-  int count(Window window, const std::string& title) {
-    int found = 0;
-    char* name = nullptr;
-    XWindowAttributes attributes;
-    if (XFetchName(display_, window, &name) && name) {
-      if (std::string(name).starts_with(title) &&
-          XGetWindowAttributes(display_, window, &attributes) && attributes.map_state == IsViewable)
-        ++found;
-      XFree(name);
-    }
-    Window root = 0, parent = 0, *children = nullptr;
-    unsigned number = 0;
-    if (XQueryTree(display_, window, &root, &parent, &children, &number) && children) {
-      for (unsigned i = 0; i < number; ++i) found += count(children[i], title);
-      XFree(children);
-    }
-    return found;
-  }
-
-  Display* display_ = XOpenDisplay(nullptr);
-};
-
-/// Windows come and go while we look; that is no error.
-int ignoreErrors(Display*, XErrorEvent*) {
-  return 0;
-}
-
-void waitFor(Server& server, const std::string& title, bool shown = true) {
-  while ((server.visible(title) > 0) != shown)
-    std::this_thread::sleep_for(std::chrono::milliseconds(1));
-}
-
-/// A running program, ended with the object.
-class Running {
- public:
-  explicit Running(const char* program) : pid_(fork()) {
-    if (pid_ == 0) {
-      execl(program, program, nullptr);
-      _exit(127);
-    }
-  }
-  ~Running() {
-    kill(pid_, SIGTERM);
-    waitpid(pid_, nullptr, 0);
-  }
-  Running(const Running&) = delete;
-  Running& operator=(const Running&) = delete;
-
-  double megabytes() const {
-    std::ifstream status("/proc/" + std::to_string(pid_) + "/status");
-    for (std::string line; std::getline(status, line);)
-      if (line.starts_with("VmRSS:")) return std::stod(line.substr(6)) / 1024;
-    return 0;
-  }
-
-  /// Seconds of processor time so far.
-  double processorTime() const {
-    std::ifstream stat("/proc/" + std::to_string(pid_) + "/stat");
-    std::string text((std::istreambuf_iterator<char>(stat)), {});
-    std::istringstream fields(text.substr(text.rfind(')') + 2));
-    std::string skipped;
-    for (int i = 0; i < 11; ++i) fields >> skipped;
-    double user = 0, system = 0;
-    fields >> user >> system;
-    return (user + system) / static_cast<double>(sysconf(_SC_CLK_TCK));
-  }
-
- private:
-  pid_t pid_;
-};
 
 struct Start {
   double milliseconds, megabytes;

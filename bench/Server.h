@@ -1,0 +1,77 @@
+#pragma once
+
+#include <X11/Xlib.h>
+#include <X11/extensions/XTest.h>
+
+#include <chrono>
+#include <string>
+#include <thread>
+#include <utility>
+
+/// The X server: what is on it, and a hand on pointer and keys.
+class Server {
+ public:
+  ~Server() { XCloseDisplay(display_); }
+
+  /// How many windows can be seen whose title begins with the text.
+  int visible(const std::string& title) { return count(DefaultRootWindow(display_), title); }
+
+  void key(KeySym sym) {
+    const KeyCode code = XKeysymToKeycode(display_, sym);
+    XTestFakeKeyEvent(display_, code, True, 0);
+    XTestFakeKeyEvent(display_, code, False, 0);
+    XSync(display_, False);
+  }
+  void move(int x, int y) {
+    XTestFakeMotionEvent(display_, -1, x, y, 0);
+    XSync(display_, False);
+  }
+  void click() {
+    XTestFakeButtonEvent(display_, 1, True, 0);
+    XTestFakeButtonEvent(display_, 1, False, 0);
+    XSync(display_, False);
+  }
+  /// Where the pointer is.
+  std::pair<int, int> pointer() {
+    Window root = 0, child = 0;
+    int x = 0, y = 0, inX = 0, inY = 0;
+    unsigned buttons = 0;
+    XQueryPointer(display_, DefaultRootWindow(display_), &root, &child, &x, &y, &inX, &inY,
+                  &buttons);
+    return {x, y};
+  }
+  int width() const { return DisplayWidth(display_, DefaultScreen(display_)); }
+  int height() const { return DisplayHeight(display_, DefaultScreen(display_)); }
+
+ private:
+  int count(Window window, const std::string& title) {
+    int found = 0;
+    char* name = nullptr;
+    XWindowAttributes attributes;
+    if (XFetchName(display_, window, &name) && name) {
+      if (std::string(name).starts_with(title) &&
+          XGetWindowAttributes(display_, window, &attributes) && attributes.map_state == IsViewable)
+        ++found;
+      XFree(name);
+    }
+    Window root = 0, parent = 0, *children = nullptr;
+    unsigned number = 0;
+    if (XQueryTree(display_, window, &root, &parent, &children, &number) && children) {
+      for (unsigned i = 0; i < number; ++i) found += count(children[i], title);
+      XFree(children);
+    }
+    return found;
+  }
+
+  Display* display_ = XOpenDisplay(nullptr);
+};
+
+/// Windows come and go while we look; that is no error.
+inline int ignoreErrors(Display*, XErrorEvent*) {
+  return 0;
+}
+
+inline void waitFor(Server& server, const std::string& title, bool shown = true) {
+  while ((server.visible(title) > 0) != shown)
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+}
