@@ -15,21 +15,29 @@ QRect keptInside(QRect dialog, const QRect& screen) {
   return dialog;
 }
 
-int hidden(const QRect& dialog, const QRect& shape) {
-  const QRect common = dialog & shape;
-  return common.width() * common.height();
+/// Pixels of the shape.
+int hidden(const QRect& dialog, const QRegion& shape) {
+  int pixels = 0;
+  for (const QRect& part : shape& dialog) pixels += part.width() * part.height();
+  return pixels;
 }
 
 }  // namespace
 
-QPoint besideShape(const QSize& dialog, const QRect& shape, const QRect& screen) {
+QPoint besideShape(const QSize& dialog, const QRegion& shape, const QRect& screen) {
+  const QRect bounds = shape.boundingRect();
   QRect middle(QPoint(), dialog);
-  middle.moveCenter(shape.center());
-  std::array<QRect, 4> places{middle, middle, middle, middle};
-  places[0].moveLeft(shape.right() + kGap);
-  places[1].moveRight(shape.left() - kGap);
-  places[2].moveTop(shape.bottom() + kGap);
-  places[3].moveBottom(shape.top() - kGap);
+  middle.moveCenter(bounds.center());
+  std::array<QRect, 8> places;
+  places.fill(middle);
+  places[0].moveLeft(bounds.right() + kGap);
+  places[1].moveRight(bounds.left() - kGap);
+  places[2].moveTop(bounds.bottom() + kGap);
+  places[3].moveBottom(bounds.top() - kGap);
+  places[4].moveTopLeft(screen.topLeft());
+  places[5].moveTopRight(screen.topRight());
+  places[6].moveBottomLeft(screen.bottomLeft());
+  places[7].moveBottomRight(screen.bottomRight());
   for (QRect& place : places) place = keptInside(place, screen);
   return std::min_element(
              places.begin(), places.end(),

@@ -4,6 +4,7 @@
 #include <QFrame>
 #include <QMenu>
 #include <QPointer>
+#include <QRegion>
 #include <memory>
 
 #include "board/CarryHint.h"
@@ -30,8 +31,8 @@ class frmMain : public Form {
   /// or the file was refused; a refusal has been shown by then.
   bool OpenFile();
 
-  /// The place of the puzzle's shape on the screen, logical pixels.
-  QRect ShapeOnScreen() const;
+  /// The cells of the puzzle's shape on the screen, logical pixels.
+  QRegion ShapeOnScreen() const;
 
   /// Set by another window just before it closes this one while this one waits for it: after the
   /// dialog returns, no control is touched.

@@ -43,16 +43,17 @@ void frmMain::layOutBoard() {
   BoardLayout::fitTiles(*Grid, width, height, kBoardTiles, kBoardTiles);
 }
 
-QRect frmMain::ShapeOnScreen() const {
-  QRect cells;
-  for (int y = 0; y < BoardGrid_.Height(); ++y)
-    for (int x = 0; x < BoardGrid_.Width(); ++x)
-      if (!BoardGrid_.IsBackground(x, y)) cells |= QRect(x, y, 1, 1);
+QRegion frmMain::ShapeOnScreen() const {
   const double tile = Grid->TileWidth() / Grid->devicePixelRatioF();
   const QPointF middle = QRectF(Grid->rect()).center();  // also that of the surface
-  const QPointF corner = middle - QPointF(BoardGrid_.Width(), BoardGrid_.Height()) * (tile / 2) +
-                         QPointF(cells.topLeft()) * tile;
-  return QRectF(Grid->mapToGlobal(corner), QSizeF(cells.size()) * tile).toAlignedRect();
+  const QPointF corner =
+      Grid->mapToGlobal(middle - QPointF(BoardGrid_.Width(), BoardGrid_.Height()) * (tile / 2));
+  QRegion cells;
+  for (int y = 0; y < BoardGrid_.Height(); ++y)
+    for (int x = 0; x < BoardGrid_.Width(); ++x)
+      if (!BoardGrid_.IsBackground(x, y))
+        cells += QRectF(corner + QPointF(x, y) * tile, QSizeF(tile, tile)).toAlignedRect();
+  return cells;
 }
 
 /// On a screen of 256 colours the window's palette holds the colours of the tiles and no others.

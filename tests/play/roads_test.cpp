@@ -128,6 +128,9 @@ TEST(BesideShape, ItHidesNoneOfTheShapeWhereThereIsRoomAndStaysOnTheScreen) {
     EXPECT_TRUE(screen.contains(placed)) << placed.x() << ' ' << placed.y();
     EXPECT_FALSE(placed.intersects(shape)) << placed.x() << ' ' << placed.y();
   }
+  const QRegion gable = QRegion(500, 430, 100, 200) + QRegion(350, 630, 400, 100);
+  EXPECT_EQ(besideShape({500, 500}, gable, screen),
+            QPoint(0, 30));           // no side, but a corner, hides nothing
   const QRect small(0, 0, 300, 200);  // smaller than the dialog: its title stays in reach
   EXPECT_EQ(besideShape(dialog, QRect(50, 50, 200, 100), small), QPoint(0, 0));
 }
