@@ -12,13 +12,15 @@ char IconMarks::at(const QPoint& cell) const {
 const IconMarks& iconMarks(const std::string& iconKey) {
   static const IconMarks none;
   static const std::map<std::string, IconMarks> marks{
-      // A disc looks like a ball, above all with a hole where a ball shines; a ring does not.
-      {"bluecircle", {{".###.", "#hoo#", "#ooo#", "#ooo#", ".###."}, lch(95, 5, 260), true}},
+      // A disc looks like a ball, above all with a hole where a ball shines; a ring does not. Its
+      // inside is round, since a square one made it a washing machine.
+      {"bluecircle", {{".ccc.", "chccc", "ccccc", "ccccc", ".ccc."}, lch(95, 5, 260), true}},
       // Ears and a tail make a cat; eyes on stalks and spots make no beast that is known.
       {"critter",
        {{"e.e....", "###...#", "#.#...o", "###o###", ".##o#o.", ".##.##."}, lch(84, 60, 110)}},
-      // A parcel with a ribbon: a bright cross alone would make it a first-aid case.
-      {"smallbox", {{"...o...", "...i...", "ooiiioo", "...i...", "...o..."}, lch(74, 42, 72)}},
+      // A parcel with a ribbon, knotted in the hole: a cross that stands alone, bright or dark,
+      // would make it a first-aid case.
+      {"smallbox", {{"...o...", "...i...", "ooiiioo", "...i...", "...o..."}, lch(86, 64, 84)}},
       // Squares around squares are no box with a hole.
       {"square",
        {{"########", "#oooooo#", "#o####o#", "#o#..#o#", "#o#..#o#", "#o####o#", "#oooooo#",

@@ -10,9 +10,9 @@ namespace pictures {
 
 /// What an icon shows beside its shape, so that the shape is taken for what it is called.
 struct IconMarks {
-  /// A character for each cell. In the shape 'o' is a cell of the second colour and 'e' an eye; in
-  /// its holes 'i' is filled with the dark inside of a box and 'h' bordered by the first colour.
-  /// All others are plain.
+  /// A character for each cell. In the shape 'o' is a cell of the second colour, 'c' one of which a
+  /// disc round the icon's middle has it, and 'e' an eye; in its holes 'i' is filled with the
+  /// second colour, darker, and 'h' bordered by the first colour. All others are plain.
   std::vector<std::string> rows;
   Lab second{};       ///< the second colour
   bool flat = false;  ///< without light and shade

@@ -148,6 +148,12 @@ class Relief {
     return std::min(across, down) >= rim && std::max(across, down) < cell_ - rim;
   }
 
+  /// In the disc round the shape's middle that leaves a ring.
+  bool inDisc(int x, int y) const {
+    const double across = x + 0.5 - edge_ / 2.0, down = y + 0.5 - edge_ / 2.0;
+    return std::hypot(across, down) < 1.62 * cell_;
+  }
+
   /// 0 at the shape's top, 1 at its bottom.
   double heightAt(int y) const {
     return static_cast<double>(y - origin_.y()) / (cell_ * box_.height());
@@ -174,7 +180,7 @@ class IconPaint {
   QRgb at(int x, int y) const {
     const char mark = marks_.at(relief_.cellAt(x, y));
     if (relief_.inside(x, y)) return toRgb(mark == 'e' ? eye(x, y) : face(mark, x, y));
-    if (mark == 'i') return toRgb(dark(y));
+    if (mark == 'i') return toRgb(knot());
     if (!relief_.onContour(x, y)) return kMask;
     return toRgb(mark == 'h' ? plainAt(y) : dark(y));
   }
@@ -188,10 +194,12 @@ class IconPaint {
     return {std::min(colour.L * 0.35, 24.0), colour.a * 0.4, colour.b * 0.4};
   }
   Lab face(char mark, int x, int y) const {
-    const Lab colour = mark == 'o' ? marks_.second : plainAt(y);
+    const Lab colour =
+        mark == 'o' || (mark == 'c' && relief_.inDisc(x, y)) ? marks_.second : plainAt(y);
     if (marks_.flat) return colour;
     return colour + Lab{relief_.lightAt(x, y) + 5 - 10 * relief_.heightAt(y), 0, 0};
   }
+  Lab knot() const { return {marks_.second.L - 20, marks_.second.a, marks_.second.b}; }
   Lab eye(int x, int y) const { return {relief_.isMiddle(x, y) ? 10.0 : 98.0, 0, 0}; }
 
   const Relief& relief_;
