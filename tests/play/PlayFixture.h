@@ -9,6 +9,7 @@
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QtTest/QTest>
+#include <algorithm>
 #include <memory>
 #include <optional>
 
@@ -26,6 +27,9 @@
 #include "wiring/Wiring.h"
 
 namespace fs = std::filesystem;
+using Script::onScreen;
+using Script::post;
+using Script::waitFor;
 
 /// The whole program in an installed tree of the test's own, on the offscreen platform. Every
 /// catalogue puzzle is a single piece there, so that it is quickly solved.
@@ -56,12 +60,27 @@ class PlayFixture : public ::testing::Test {
     putBytes(file, PuzzleFormat::write(board, PuzzleFormat::kUnlocked));
   }
 
+  frmSplash& splash() { return program_->splash; }
+  frmMain& main() { return program_->main; }
+  frmOpen& chooser() { return program_->open; }
+  frmFinished& solved() { return program_->finished; }
+  frmEdit& edit() { return program_->edit; }
+
   /// Starts the program and runs the script beside it; the program must have ended by itself, with
   /// code 0 and no window left, or the script leaves windows open on purpose.
   void play(const std::function<void()>& script) {
     program_->start();
-    const std::string trouble = Script::run(script);
-    EXPECT_EQ(trouble, "");
+    EXPECT_EQ(Script::run(script), "");
+  }
+
+  /// Runs the script in the play window with the Rocket puzzle, and leaves the program.
+  void inGame(const std::function<void()>& script) {
+    play([&] {
+      toPlay();
+      script();
+      choose(main(), "mnuFileClose");
+      waitClosed(main());
+    });
   }
 
   static QWidget* control(const Form& window, const char* name) {
@@ -72,24 +91,30 @@ class PlayFixture : public ::testing::Test {
 
   /// Clicks a control with the left button, on the user-interface thread.
   static void click(const Form& window, const char* name) {
-    Script::post([&window, name] { QTest::mouseClick(control(window, name), Qt::LeftButton); });
+    post([&window, name] { QTest::mouseClick(control(window, name), Qt::LeftButton); });
   }
 
   static void key(const Form& window, Qt::Key key) {
-    Script::post([&window, key] { QTest::keyClick(window.Window(), key); });
+    post([&window, key] { QTest::keyClick(window.Window(), key); });
   }
 
-  static void menu(const Form& window, const char* item) {
-    Script::post([&window, item] { window.Window()->findChild<QAction*>(item)->trigger(); });
+  static QAction* item(const Form& window, const char* name) {
+    return window.Window()->findChild<QAction*>(name);
+  }
+  static void choose(const Form& window, const char* name) {
+    post([&window, name] { item(window, name)->trigger(); });
+  }
+
+  static bool loaded(const Form& window) {
+    return onScreen([&] { return window.Loaded(); });
   }
 
   static void waitOpen(const Form& window) {
-    Script::waitFor("a window to open",
-                    [&] { return window.Loaded() && window.Window()->isVisible(); });
+    waitFor("a window to open", [&] { return window.Loaded() && window.Window()->isVisible(); });
   }
 
   static void waitClosed(const Form& window) {
-    Script::waitFor("a window to close", [&] { return !window.Loaded(); });
+    waitFor("a window to close", [&] { return !window.Loaded(); });
   }
 
   static void escape(const Form& window) {
@@ -98,56 +123,36 @@ class PlayFixture : public ::testing::Test {
   }
 
   void openChooser() {
-    menu(program_->main, "mnuFileOpen");
-    waitOpen(program_->open);
+    choose(main(), "mnuFileOpen");
+    waitOpen(chooser());
   }
 
   void showTab(int tab) {
-    Script::onScreen(
-        [&] { program_->open.Window()->findChild<QTabWidget*>()->setCurrentIndex(tab); });
+    onScreen([&] { chooser().Window()->findChild<QTabWidget*>()->setCurrentIndex(tab); });
   }
 
   void openAbout(const Form& from) {
-    menu(from, "mnuHelpAbout");
-    waitOpen(program_->splash);
-  }
-
-  void closeMain() {
-    menu(program_->main, "mnuFileClose");
-    waitClosed(program_->main);
+    choose(from, "mnuHelpAbout");
+    waitOpen(splash());
   }
 
   static bool visible(const Form& window, const char* name) {
-    return Script::onScreen([&] { return control(window, name)->isVisible(); });
+    return onScreen([&] { return control(window, name)->isVisible(); });
   }
 
   static void resizeClient(const Form& form, QSize size) {
-    Script::onScreen([&] {
+    onScreen([&] {
       form.Window()->showNormal();
       form.Window()->resize(size + form.Window()->size() - form.Client()->size());
     });
-    Script::waitFor("the size", [&] { return form.Client()->size() == size; });
-  }
-
-  /// The visible captions of some menus, each after its menu's own, "-" being a separator.
-  static std::string captions(const Form& window, const std::vector<const char*>& menus) {
-    return Script::onScreen([&] {
-      QStringList captions;
-      for (const char* name : menus) {
-        const auto* found = window.Window()->findChild<QMenu*>(name);
-        if (found->menuAction()->isVisible()) captions << found->title();
-        for (const QAction* item : found->actions())
-          if (item->isVisible()) captions << (item->isSeparator() ? "-" : item->text());
-      }
-      return captions.join('|').toStdString();
-    });
+    waitFor("the size", [&] { return form.Client()->size() == size; });
   }
 
   /// Waits for a message box, answers it with a button and returns its text.
   static std::string answer(QMessageBox::StandardButton button = QMessageBox::Ok) {
     const auto box = [] { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()); };
-    Script::waitFor("a message", [&] { return box() != nullptr; });
-    return Script::onScreen([&] {
+    waitFor("a message", [&] { return box() != nullptr; });
+    return onScreen([&] {
       const std::string text = box()->text().toStdString();
       EXPECT_EQ(box()->windowTitle(), "Quinzolith");
       EXPECT_EQ(box()->textFormat(), Qt::PlainText);
@@ -158,44 +163,38 @@ class PlayFixture : public ::testing::Test {
   }
 
   static int openWindows() {
-    return Script::onScreen([] {
-      int visible = 0;
-      for (const QWidget* window : QApplication::topLevelWidgets())
-        if (window->isVisible()) ++visible;
+    return onScreen([] {
+      const QWidgetList all = QApplication::topLevelWidgets();
+      const auto visible = std::ranges::count_if(all, &QWidget::isVisible);
       EXPECT_EQ(visible, Form::Count());
-      return visible;
+      return int(visible);
     });
   }
 
   /// Past the splash window and the chooser, to the Rocket puzzle.
   void toPlay() {
-    waitOpen(program_->splash);
-    key(program_->splash, Qt::Key_Return);
-    waitOpen(program_->open);
-    escape(program_->open);
+    waitOpen(splash());
+    key(splash(), Qt::Key_Return);
+    waitOpen(chooser());
+    escape(chooser());
   }
 
   /// Lays the tray's only piece into its place, as a drop would, and waits for the solved dialog.
   void solve() {
-    Script::post([this] {
-      PENTOWINDOW& board = *program_->main.Grid;
-      const PentoRef piece = program_->main.PentoPanel->Grid()->PentoCollection().at(0);
-      program_->main.PentoPanel->Grid()->RemovePento(piece->X() + piece->GridX(0),
-                                                     piece->Y() + piece->GridY(0));
+    post([this] {
+      PENTOGRID& tray = *main().PentoPanel->Grid();
+      const PentoRef piece = tray.PentoCollection().at(0);
+      tray.RemovePento(piece->X() + piece->GridX(0), piece->Y() + piece->GridY(0));
       piece->PentoType(5);
-      ASSERT_TRUE(board.Grid()->AddPento(piece, 6, 6));
-      board.Drop();
+      ASSERT_TRUE(main().Grid->Grid()->AddPento(piece, 6, 6));
+      main().Grid->Drop();
     });
-    waitOpen(program_->finished);
-    letPass(1);
+    waitOpen(solved());
+    setClock([clock = *Program::Timer] { return clock() + 1; });
   }
 
-  /// Puts the program's clock forward.
-  void letPass(double seconds) {
-    Script::onScreen([=, this] {
-      clock_.emplace(Program::Timer,
-                     [clock = *Program::Timer, seconds] { return clock() + seconds; });
-    });
+  void setClock(const std::function<double()>& clock) {
+    onScreen([&] { clock_.emplace(Program::Timer, clock); });
   }
 
   QTemporaryDir temporary_;

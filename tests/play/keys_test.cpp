@@ -8,23 +8,22 @@ namespace {
 
 class ByKeys : public PlayFixture {
  protected:
-  frmMain& main() { return program_->main; }
   PENTOWINDOW& board() { return *main().Grid; }
   PENTOWINDOW& tray() { return *main().PentoPanel; }
 
   /// To whatever has the focus, as a person types. The last piece of a puzzle opens a dialog.
   static void type(const Form& window, Qt::Key key, int times = 1) {
     for (int i = 0; i < times; ++i)
-      Script::post([&window, key] { QTest::keyClick(window.Window()->focusWidget(), key); });
-    Script::onScreen([] {});
+      post([&window, key] { QTest::keyClick(window.Window()->focusWidget(), key); });
+    onScreen([] {});
   }
 
   /// By arrows, so that a press would use this cell of the control.
   static void arrowsTo(const Form& window, PENTOWINDOW& control, const QPoint& cell) {
-    const QPoint now = Script::onScreen([&] { return control.CellOfHand(); });
+    const QPoint now = onScreen([&] { return control.CellOfHand(); });
     type(window, cell.x() < now.x() ? Qt::Key_Left : Qt::Key_Right, std::abs(cell.x() - now.x()));
     type(window, cell.y() < now.y() ? Qt::Key_Up : Qt::Key_Down, std::abs(cell.y() - now.y()));
-    EXPECT_EQ(Script::onScreen([&] { return control.CellOfHand(); }), cell);
+    EXPECT_EQ(onScreen([&] { return control.CellOfHand(); }), cell);
   }
 
   /// Turns and mirrors the carried piece until it stands as the solution has it.
@@ -38,7 +37,7 @@ class ByKeys : public PlayFixture {
       // Tab goes from piece to piece of the tray; the first of the type will do.
       for (int tries = 0; tries < 40; ++tries) {
         type(main(), Qt::Key_Tab);
-        const bool found = Script::onScreen([&] {
+        const bool found = onScreen([&] {
           const QPoint cell = tray().CellOfHand();
           const PentoRef piece = tray().Grid()->PentoAt(cell.x(), cell.y());
           return piece && piece->PentoType() == record.type;
@@ -46,7 +45,7 @@ class ByKeys : public PlayFixture {
         if (found) break;
       }
       type(main(), Qt::Key_Return);
-      const PentoRef piece = Script::onScreen([&] { return tray().FloatingPento(); });
+      const PentoRef piece = onScreen([&] { return tray().FloatingPento(); });
       ASSERT_TRUE(piece);
       ASSERT_EQ(piece->PentoType(), record.type);
       orient(main(), *piece, record.rotations, record.flips);
@@ -58,71 +57,62 @@ class ByKeys : public PlayFixture {
 };
 
 TEST_F(ByKeys, EveryStandardPuzzleIsSolved) {
-  play([this] {
-    toPlay();
+  inGame([this] {
     for (const Catalogue::Entry& entry : Catalogue::entries()) {
       const fs::path file =
           fs::path(QUINZOLITH_TREE) / "puzzles" / (std::string(entry.key) + ".qzl");
-      Script::onScreen([&] { EXPECT_TRUE(basTiles::LoadPuzzle(file, false)); });
+      onScreen([&] { EXPECT_TRUE(basTiles::LoadPuzzle(file, false)); });
       solveByKeys(PuzzleFormat::read(bytesOf(file)).pieces);
-      waitOpen(program_->finished);
-      Script::post([this] { program_->finished.Unload(); });
-      waitClosed(program_->finished);
+      waitOpen(solved());
+      post([this] { solved().Unload(); });
+      waitClosed(solved());
     }
-    closeMain();
   });
 }
 
 TEST_F(ByKeys, EscapeTakesAPieceBackAsItLayAndKeysChangeNoText) {
-  play([this] {
-    toPlay();
+  inGame([this] {
+    const auto first = [this] { return tray().Grid()->PentoCollection().at(0); };
     type(main(), Qt::Key_Tab);
-    const QPoint home = Script::onScreen([&] { return tray().CellOfHand(); });
-    const PentoRef piece =
-        Script::onScreen([&] { return tray().Grid()->PentoAt(home.x(), home.y()); });
-    ASSERT_TRUE(piece);
-    const int x = piece->X(), y = piece->Y(), rotations = piece->RotationCount;
+    const PENTO home = onScreen([&] { return *first(); });
     type(main(), Qt::Key_Return);
+    const PentoRef piece = onScreen([&] { return tray().FloatingPento(); });
     type(main(), Qt::Key_PageUp);
-    const int turned = piece->FlipCount == 0 ? 3 : 1;  // a mirrored piece counts backwards
-    EXPECT_EQ(piece->RotationCount, (rotations + turned) % 4);
+    const int turned = home.FlipCount == 0 ? 3 : 1;  // a mirrored piece counts backwards
+    EXPECT_EQ(piece->RotationCount, (home.RotationCount + turned) % 4);
     type(main(), Qt::Key_Tab);
     type(main(), Qt::Key_Escape);
-    EXPECT_EQ(Script::onScreen([&] { return tray().Grid()->PentoCollection().Count(); }), 1U);
-    EXPECT_EQ(piece->X(), x);
-    EXPECT_EQ(piece->Y(), y);
-    EXPECT_EQ(piece->RotationCount, rotations);
-    EXPECT_FALSE(Script::onScreen([&] { return tray().Floating() || board().Floating(); }));
-    for (PENTOWINDOW* control : {&tray(), &board()})
-      EXPECT_EQ(control->findChild<QLineEdit*>("txtKey")->text(), "");
-    closeMain();
+    onScreen([&] {
+      EXPECT_EQ(first(), piece);
+      EXPECT_EQ(QPoint(piece->X(), piece->Y()), QPoint(home.X(), home.Y()));
+      EXPECT_EQ(piece->RotationCount, home.RotationCount);
+      for (PENTOWINDOW* control : {&tray(), &board()}) {
+        EXPECT_FALSE(control->Floating());
+        EXPECT_EQ(control->findChild<QLineEdit*>("txtKey")->text(), "");
+      }
+    });
   });
 }
 
 TEST_F(ByKeys, APuzzleIsMadeInTheEditor) {
   play([this] {
-    waitOpen(program_->splash);
-    Script::post([this] {
-      program_->splash.Unload();
-      program_->edit.Show();
-    });
-    frmEdit& edit = program_->edit;
-    waitOpen(edit);
-    Script::onScreen([&] { QCursor::setPos(edit.Client()->mapToGlobal(QPoint(2, 2))); });
-    type(edit, Qt::Key_F6);  // the hand goes to the board
-    type(edit, Qt::Key_F6);  // and the keys to the first button
-    type(edit, Qt::Key_Return);  // the piece appears under the hand, which the keys move from here
-    arrowsTo(edit, *edit.Grid, {4, 4});
-    type(edit, Qt::Key_Return);
-    EXPECT_EQ(Script::onScreen([&] { return edit.Grid->Grid()->PentoCollection().Count(); }), 1U);
-    type(edit, Qt::Key_F6);
-    type(edit, Qt::Key_Tab);
-    type(edit, Qt::Key_Space);
-    type(edit, Qt::Key_Escape);  // a new piece is thrown away
-    EXPECT_FALSE(Script::onScreen([&] { return edit.Grid->Floating(); }));
-    Script::onScreen([&] { edit.fFileChanged = false; });
-    menu(edit, "mnuFileClose");
-    waitClosed(edit);
+    waitOpen(splash());
+    click(splash(), "imgEdit");
+    waitOpen(edit());
+    onScreen([&] { QCursor::setPos(edit().Client()->mapToGlobal(QPoint(2, 2))); });
+    type(edit(), Qt::Key_F6);  // the hand goes to the board
+    type(edit(), Qt::Key_F6);  // and the keys to the first button
+    type(edit(),
+         Qt::Key_Return);  // the piece appears under the hand, which the keys move from here
+    arrowsTo(edit(), *edit().Grid, {4, 4});
+    type(edit(), Qt::Key_Return);
+    EXPECT_EQ(onScreen([&] { return edit().Grid->Grid()->PentoCollection().Count(); }), 1U);
+    for (Qt::Key pressed : {Qt::Key_F6, Qt::Key_Tab, Qt::Key_Space}) type(edit(), pressed);
+    type(edit(), Qt::Key_Escape);  // a new piece is thrown away
+    EXPECT_FALSE(onScreen([&] { return edit().Grid->Floating(); }));
+    onScreen([&] { edit().fFileChanged = false; });
+    choose(edit(), "mnuFileClose");
+    waitClosed(edit());
   });
 }
 

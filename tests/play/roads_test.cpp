@@ -9,40 +9,43 @@ namespace {
 
 class Roads : public PlayFixture {
  protected:
+  void TearDown() override {
+    EXPECT_EQ(Form::Count(), 0);
+    PlayFixture::TearDown();
+  }
   int emptyCells() {
-    return Script::onScreen([this] { return int{program_->main.Grid->EmptyCount()}; });
+    return onScreen([this] { return int{main().Grid->EmptyCount()}; });
   }
 };
 
 TEST_F(Roads, SplashPlayChooserCreateEditorPlayEditExit) {
   play([this] {
-    waitOpen(program_->splash);
+    waitOpen(splash());
     EXPECT_EQ(openWindows(), 1);
-    key(program_->splash, Qt::Key_Return);
-    waitOpen(program_->open);
+    key(splash(), Qt::Key_Return);
+    waitOpen(chooser());
     EXPECT_EQ(openWindows(), 2);
     showTab(4);
-    click(program_->open, "cmdCreate");
-    waitOpen(program_->edit);
+    click(chooser(), "cmdCreate");
+    waitOpen(edit());
     EXPECT_EQ(openWindows(), 1);
 
-    menu(program_->edit, "mnuFilePlay");
-    waitOpen(program_->open);
+    choose(edit(), "mnuFilePlay");
+    waitOpen(chooser());
     EXPECT_EQ(openWindows(), 2);
-    EXPECT_TRUE(Script::onScreen([this] { return control(program_->open, "cmdOk")->isEnabled(); }));
+    EXPECT_TRUE(onScreen([this] { return control(chooser(), "cmdOk")->isEnabled(); }));
     showTab(0);
-    click(program_->open, "cmdOk");
-    waitClosed(program_->open);
-    EXPECT_FALSE(visible(program_->main, "fraCover"));
+    click(chooser(), "cmdOk");
+    waitClosed(chooser());
+    EXPECT_FALSE(visible(main(), "fraCover"));
 
-    menu(program_->main, "mnuViewEdit");
-    waitOpen(program_->edit);
-    Script::waitFor("the play window to close", [this] { return !program_->main.Loaded(); });
+    choose(main(), "mnuViewEdit");
+    waitOpen(edit());
+    waitClosed(main());
     EXPECT_EQ(openWindows(), 1);
-    menu(program_->edit, "mnuFileClose");
-    waitClosed(program_->edit);
+    choose(edit(), "mnuFileClose");
+    waitClosed(edit());
   });
-  EXPECT_EQ(Form::Count(), 0);
 }
 
 TEST_F(Roads, ASolvedPuzzleOffersFourWaysOn) {
@@ -51,71 +54,58 @@ TEST_F(Roads, ASolvedPuzzleOffersFourWaysOn) {
     solve();
     EXPECT_EQ(openWindows(), 2);
     // A key that was meant to mirror a piece chooses nothing.
-    for (Qt::Key typed : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Escape})
-      key(program_->finished, typed);
-    Script::onScreen([] {});
-    EXPECT_TRUE(Script::onScreen([this] { return program_->finished.Loaded(); }));
+    for (Qt::Key typed : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Escape}) key(solved(), typed);
+    onScreen([] {});
+    EXPECT_TRUE(loaded(solved()));
 
-    click(program_->finished, "imgRetry");
-    waitClosed(program_->finished);
+    click(solved(), "imgRetry");
+    waitClosed(solved());
     EXPECT_EQ(emptyCells(), 5);
     solve();
-    click(program_->finished, "lblOpen");
-    waitOpen(program_->open);
-    EXPECT_FALSE(Script::onScreen([this] { return program_->finished.Loaded(); }));
-    escape(program_->open);
+    click(solved(), "lblOpen");
+    waitOpen(chooser());
+    EXPECT_FALSE(loaded(solved()));
+    escape(chooser());
     EXPECT_EQ(emptyCells(), 5);
     solve();
-    click(program_->finished, "imgEdit");
-    waitOpen(program_->edit);
+    click(solved(), "imgEdit");
+    waitOpen(edit());
     EXPECT_EQ(openWindows(), 1);
 
-    menu(program_->edit, "mnuFilePlay");
-    waitOpen(program_->open);
-    escape(program_->open);
+    choose(edit(), "mnuFilePlay");
+    waitOpen(chooser());
+    escape(chooser());
     solve();
-    click(program_->finished, "imgQuit");
-    waitClosed(program_->main);
+    click(solved(), "imgQuit");
+    waitClosed(main());
   });
-  EXPECT_EQ(Form::Count(), 0);
 }
 
 TEST_F(Roads, TheSolvedDialogIgnoresWhatWasMeantForTheBoard) {
   play([this] {
     toPlay();
-    Script::onScreen(
-        [this] { clock_.emplace(Program::Timer, [] { return 86399.9; }); });  // midnight is near
+    const auto setTime = [this](double now) { setClock([now] { return now; }); };
+    setTime(86399.9);  // midnight is near
     solve();
-    Script::onScreen([this] {  // the button that laid the last piece is still held
-      auto* option = qobject_cast<QAbstractButton*>(control(program_->finished, "imgQuit"));
+    onScreen([this] {  // the button that laid the last piece is still held
+      auto* option = qobject_cast<QAbstractButton*>(control(solved(), "imgQuit"));
       const QPointF middle(option->rect().center());
       QMouseEvent press(QEvent::MouseButtonPress, middle, option->mapToGlobal(middle),
                         Qt::LeftButton, Qt::LeftButton | Qt::RightButton, {});
       QApplication::sendEvent(option, &press);
       EXPECT_FALSE(option->isDown());
     });
-    const auto stays = [this](double now) {
-      Script::onScreen([=, this] { clock_.emplace(Program::Timer, [now] { return now; }); });
-      const auto tryOut = [this](const char* name, bool byKey) {
-        Script::post([=, this] {
-          if (!program_->finished.Loaded()) return;
-          QWidget* option = control(program_->finished, name);
-          if (byKey)
-            QTest::keyClick(option, Qt::Key_Return);
-          else
-            QTest::mouseClick(option, Qt::LeftButton);
-        });
-      };
-      tryOut("imgQuit", false);
-      tryOut("lblQuit", false);
-      tryOut("imgQuit", true);
-      Script::onScreen([] {});
-      return Script::onScreen([this] { return program_->finished.Loaded(); });
-    };
-    EXPECT_TRUE(stays(86399.9));  // seen: a second press, 450 ms after the last drop, left the game
-    EXPECT_TRUE(stays(0.55));
-    EXPECT_FALSE(stays(0.7));
-    waitClosed(program_->main);
+    // Seen: a second press, 450 ms after the last drop, left the game.
+    for (const auto& [now, stays] : {std::pair{86399.9, true}, {0.55, true}, {0.7, false}}) {
+      setTime(now);
+      click(solved(), "imgQuit");
+      post([this] {
+        if (solved().Loaded()) QTest::mouseClick(control(solved(), "lblQuit"), Qt::LeftButton);
+        if (solved().Loaded()) QTest::keyClick(control(solved(), "imgQuit"), Qt::Key_Return);
+      });
+      EXPECT_EQ(loaded(solved()), stays) << now;
+    }
+    waitClosed(main());
   });
 }
 
@@ -137,9 +127,9 @@ TEST(BesideShape, ItHidesNoneOfTheShapeWhereThereIsRoomAndStaysOnTheScreen) {
 
 TEST_F(Roads, AHeldEnterPressesNothingASecondTime) {
   play([this] {
-    waitOpen(program_->splash);
-    const auto held = [](Form& window) {
-      Script::onScreen([&] {
+    const auto staysOpen = [](Form& window, const char* focused) {
+      onScreen([&] {
+        if (focused) control(window, focused)->setFocus();
         QWidget* focus = window.Window()->focusWidget();
         const auto send = [&](QEvent::Type type, bool marked, ulong at) {
           if (!window.Loaded()) return;
@@ -151,35 +141,35 @@ TEST_F(Roads, AHeldEnterPressesNothingASecondTime) {
         send(QEvent::KeyRelease, false, 4711);  // seen on X: the toolkit marks some of them only
         send(QEvent::KeyPress, false, 4711);
       });
+      EXPECT_TRUE(loaded(window)) << (focused ? focused : "the list, or nothing");
     };
-    held(program_->splash);
-    EXPECT_TRUE(Script::onScreen([this] { return program_->splash.Loaded(); }));
-    key(program_->splash, Qt::Key_Return);
-    waitOpen(program_->open);
-    held(program_->open);
-    Script::onScreen([this] { control(program_->open, "cmdCancel")->setFocus(); });
-    held(program_->open);
-    EXPECT_TRUE(Script::onScreen([this] { return program_->open.Loaded(); }));
-    escape(program_->open);
+    waitOpen(splash());
+    staysOpen(splash(), nullptr);
+    key(splash(), Qt::Key_Return);
+    waitOpen(chooser());
+    for (const char* focused : {static_cast<const char*>(nullptr), "cmdCancel"})
+      staysOpen(chooser(), focused);
+    escape(chooser());
     solve();
-    Script::onScreen([this] { control(program_->finished, "imgQuit")->setFocus(); });
-    held(program_->finished);
-    EXPECT_TRUE(Script::onScreen([this] { return program_->finished.Loaded(); }));
-    click(program_->finished, "imgQuit");
-    waitClosed(program_->main);
+    staysOpen(solved(), "imgQuit");
+    click(solved(), "imgQuit");
+    waitClosed(main());
   });
 }
 
 TEST_F(Roads, TheSplashWindowIsTheAboutBoxOnceItHasBeenLeft) {
   play([this] {
-    waitOpen(program_->splash);
-    EXPECT_TRUE(visible(program_->splash, "imgEdit"));
+    waitOpen(splash());
+    EXPECT_TRUE(visible(splash(), "imgEdit"));
     int visits = 0;
-    Script::onScreen([&] {
+    onScreen([&] {
       const Replacement shell(basKelvoWinAPI::ShellExecuteA,
                               [&visits](auto&&...) { return ++visits, 42; });
       for (const char* name : {"imgVisit", "lblVisit"}) {
-        QWidget* option = control(program_->splash, name);
+        QWidget* option = control(splash(), name);
+        QEnterEvent enter({}, {}, {});
+        QApplication::sendEvent(option, &enter);
+        EXPECT_EQ(option->cursor().shape(), Qt::BitmapCursor) << name;
         QTest::mouseClick(option, Qt::LeftButton);
         QTest::mouseDClick(option, Qt::LeftButton);
         QTest::mouseRelease(option, Qt::LeftButton);
@@ -187,44 +177,38 @@ TEST_F(Roads, TheSplashWindowIsTheAboutBoxOnceItHasBeenLeft) {
     });
     EXPECT_EQ(visits, 2) << "a double-click is one click";
     toPlay();
-    openAbout(program_->main);
-    Script::onScreen([this] {
-      const auto* ok = qobject_cast<QLabel*>(control(program_->splash, "Play"));
+    openAbout(main());
+    onScreen([this] {
+      const auto* ok = qobject_cast<QLabel*>(control(splash(), "Play"));
       EXPECT_EQ(ok->text(), "Ok");
       EXPECT_EQ(ok->toolTip(), "Back to the game");
-      EXPECT_FALSE(control(program_->splash, "imgEdit")->isVisible());
+      EXPECT_FALSE(control(splash(), "imgEdit")->isVisible());
       EXPECT_NEAR(ok->geometry().center().x(),
-                  control(program_->splash, "imgPlay")->geometry().center().x(), 1);
+                  control(splash(), "imgPlay")->geometry().center().x(), 1);
     });
-    escape(program_->splash);
-    openAbout(program_->main);
-    click(program_->splash, "Play");
-    waitClosed(program_->splash);
+    click(splash(), "Play");
+    waitClosed(splash());
     EXPECT_EQ(openWindows(), 1);
-    closeMain();
+    choose(main(), "mnuFileClose");
+    waitClosed(main());
   });
 }
 
 TEST_F(Roads, StartUpMakesTheUserFolderOrGoesOnWithoutIt) {
   play([this] {
-    waitOpen(program_->splash);
+    waitOpen(splash());
     EXPECT_TRUE(fs::is_directory(folder_ / "User"));
-    Script::post([this] { program_->splash.Window()->close(); });
-    waitClosed(program_->splash);
+    post([this] { splash().Window()->close(); });
+    waitClosed(splash());
   });
   fs::remove(folder_ / "User");
   putBytes(folder_ / "User", "a file");
-  play([this] {
-    waitOpen(program_->splash);
+  inGame([this] {
     EXPECT_TRUE(fs::is_regular_file(folder_ / "User"));
-    toPlay();
-    menu(program_->main, "mnuFileOpen");
-    waitOpen(program_->open);
-    EXPECT_FALSE(Script::onScreen([this] {
-      return control(program_->open, "lvwPuzzles4")->isVisibleTo(program_->open.Window());
-    }));
-    escape(program_->open);
-    closeMain();
+    openChooser();
+    EXPECT_FALSE(onScreen(
+        [this] { return control(chooser(), "lvwPuzzles4")->isVisibleTo(chooser().Window()); }));
+    escape(chooser());
   });
 }
 
