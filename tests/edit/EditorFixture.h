@@ -15,8 +15,6 @@ class EditorFixture : public PlayFixture {
     user_ = folder_ / "User";
   }
 
-  frmEdit& edit() { return program_->edit; }
-
   /// Runs the script in the open editor, and leaves the editor without saving.
   void inEditor(const std::function<void()>& script) {
     play([&] {
@@ -27,25 +25,25 @@ class EditorFixture : public PlayFixture {
   }
 
   void openEditor() {
-    waitOpen(program_->splash);
-    click(program_->splash, "imgEdit");
+    waitOpen(splash());
+    click(splash(), "imgEdit");
     waitActivated();
   }
 
   void waitActivated() {
     waitOpen(edit());
-    Script::waitFor("the first activation", [this] { return program_->open.fEdit; });
+    waitFor("the first activation", [this] { return chooser().fEdit; });
   }
 
   void leave() {
-    Script::onScreen([this] { edit().fFileChanged = false; });
+    forgetChanges();
     menu(edit(), "mnuFileClose");
     waitClosed(edit());
   }
 
   /// Takes a new piece and lays its top-left corner on a cell.
   void lay(int type, int column, int row) {
-    Script::onScreen([=, this] {
+    onScreen([=, this] {
       QTest::mouseClick(control(edit(), qPrintable(QString("cmdPento%1").arg(type))),
                         Qt::LeftButton);
       const PentoRef piece = edit().Grid->FloatingPento();
@@ -62,10 +60,17 @@ class EditorFixture : public PlayFixture {
     QTest::mouseClick(surface, Qt::LeftButton, {}, at);
   }
 
+  /// Saves under a name that is chosen in the dialog.
+  void saveAs(const fs::path& file) {
+    menu(edit(), "mnuFileSaveAs");
+    choose(file);
+    waitQuiet();
+  }
+
   /// Waits for the file dialog and types a name, or cancels it.
   static void choose(const fs::path& file) {
     waitForDialog();
-    Script::post([file] {
+    post([file] {
       auto* name = dialog()->findChild<QLineEdit*>("fileNameEdit");
       name->setText(QString::fromStdString(file.string()));
       QTest::keyClick(name, Qt::Key_Return);
@@ -73,39 +78,55 @@ class EditorFixture : public PlayFixture {
   }
   static void cancelDialog() {
     waitForDialog();
-    Script::post([] { dialog()->reject(); });
+    post([] { dialog()->reject(); });
     waitQuiet();
   }
   static QFileDialog* dialog() {
     return qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
   }
   static std::string nameInDialog() {
-    return Script::onScreen(
+    waitForDialog();
+    return onScreen(
         [] { return dialog()->findChild<QLineEdit*>("fileNameEdit")->text().toStdString(); });
   }
+  static fs::path folderInDialog() {
+    waitForDialog();
+    return onScreen([] { return dialog()->directory().path().toStdString(); });
+  }
   static void waitForDialog() {
-    Script::waitFor("the file dialog", [] { return dialog() != nullptr; });
+    waitFor("the file dialog", [] { return dialog() != nullptr; });
   }
   /// Waits until the handler that opened a dialog has gone on after it to its end.
   static void waitQuiet() {
-    Script::waitFor("the dialogs to close",
-                    [] { return !QApplication::activeModalWidget() && NestedLoop::depth() == 0; });
+    waitFor("the dialogs to close",
+            [] { return !QApplication::activeModalWidget() && NestedLoop::depth() == 0; });
   }
 
-  std::size_t pieces() {
-    return Script::onScreen([this] { return edit().Grid->Grid()->PentoCollection().Count(); });
+  /// The pieces on the board, and a "*" when they have changed since the last save.
+  std::string state() {
+    return onScreen([this] {
+      const std::size_t pieces = edit().Grid->Grid()->PentoCollection().Count();
+      return std::to_string(pieces) + (edit().fFileChanged ? "*" : "");
+    });
   }
-  bool changed() {
-    return Script::onScreen([this] { return edit().fFileChanged; });
+  void forgetChanges() {
+    onScreen([this] { edit().fFileChanged = false; });
+  }
+  /// The type of the piece in the air, or -1.
+  int inTheAir() {
+    return onScreen([this] {
+      const PentoRef piece = edit().Grid->FloatingPento();
+      return piece ? int{piece->PentoType()} : -1;
+    });
   }
   static fs::path current() {
-    return Script::onScreen([] { return basTiles::CurrentFileName; });
+    return onScreen([] { return basTiles::CurrentFileName; });
   }
   static bool saved() {
-    return Script::onScreen([] { return basTiles::fSaved; });
+    return onScreen([] { return basTiles::fSaved; });
   }
   std::string recent(int item) {
-    return Script::onScreen([&] {
+    return onScreen([&] {
       auto* action = edit().Window()->findChild<QAction*>(QString("mnuFileRecent%1").arg(item));
       return action->isVisible() ? action->text().toStdString() : "hidden";
     });

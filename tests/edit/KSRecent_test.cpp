@@ -4,6 +4,7 @@
 
 #include <QTemporaryDir>
 #include <map>
+#include <tuple>
 
 #include "platform/Settings.h"
 
@@ -56,23 +57,22 @@ TEST_F(Recent, AnEmptyListShowsNothingAndWritesNothing) {
 TEST_F(Recent, TheLatestIsOnTopAndTheFifthDrivesTheOldestOut) {
   add("dcba");
   EXPECT_EQ(entries(list_), "abcd");
-  add("a");
-  EXPECT_EQ(entries(list_), "abcd");
-  add("c");
-  EXPECT_EQ(entries(list_), "cabd");
   list_.AddRecent(list_.FileName(3));
-  EXPECT_EQ(entries(list_), "dcab");
-  add("E");
-  EXPECT_EQ(entries(list_), "Edca");
-  add("e");  // another file than E
-  EXPECT_EQ(entries(list_), "eEdc");
-  EXPECT_EQ(items_.caption[3], "&4 c");
-  EXPECT_EQ(Settings::get("Kelvo Software\\Quinzolith", "Recent Puzzles", "Recent4", ""), "c");
+  EXPECT_EQ(entries(list_), "dabc");
+  for (const auto& [added, after] : {std::pair{"d", "dabc"},
+                                     {"b", "bdac"},
+                                     {"E", "Ebda"},
+                                     {"e", "eEbd"}}) {  // another file than E
+    add(added);
+    EXPECT_EQ(entries(list_), after) << added;
+  }
+  EXPECT_EQ(items_.caption[3], "&4 d");
+  EXPECT_EQ(Settings::get("Kelvo Software\\Quinzolith", "Recent Puzzles", "Recent4", ""), "d");
 
   KSRecent later;
   Items menu;
   load(later, menu);
-  EXPECT_EQ(entries(later), "eEdc");
+  EXPECT_EQ(entries(later), "eEbd");
   EXPECT_EQ(menu.caption, items_.caption);
 }
 
@@ -87,23 +87,19 @@ TEST_F(Recent, AListThatCannotBeStoredHoldsForThisRun) {
   EXPECT_EQ(menu.caption[0], "&1 b");
 }
 
-TEST(Abbreviate, DropsFoldersFromTheFrontAndThenTheStartOfTheName) {
-  const auto shortened = [](const std::string& path) { return KSRecent::Abbreviate(path, '\\'); };
-  EXPECT_EQ(shortened(R"(C:\Games\Puzzles\User\ring.qzl)"), R"(C:\Games\Puzzles\User\ring.qzl)");
-  EXPECT_EQ(shortened(R"(C:\Games\Puzzles\User\rings.qzl)"), R"(..\Puzzles\User\rings.qzl)");
-  EXPECT_EQ(shortened(R"(D:\Documents\My Puzzles\Shapes\Animals\dog.qzl)"),
-            R"(..\Shapes\Animals\dog.qzl)");
-  EXPECT_EQ(shortened(R"(C:\A\puzzle-with-a-very-long-name-here.qzl)"),
-            "..a-very-long-name-here.qzl");
-  EXPECT_EQ(KSRecent::Abbreviate("/home/somebody/puzzles/animals/dog.qzl", '/'),
-            "../puzzles/animals/dog.qzl");
-}
-
-TEST(Abbreviate, CountsCharactersAndCutsNone) {
+TEST(Abbreviate, DropsFoldersFromTheFrontAndThenTheStartOfTheNameByCharacters) {
   std::string umlauts;
   for (int i = 0; i < 30; ++i) umlauts += "ü";
-  EXPECT_EQ(KSRecent::Abbreviate(umlauts, '\\'), umlauts);
-  EXPECT_EQ(KSRecent::Abbreviate("x" + umlauts, '\\'), ".." + umlauts.substr(2 * 5));
+  const std::tuple<std::string, char, std::string> cases[] = {
+      {R"(C:\Games\Puzzles\User\ring.qzl)", '\\', R"(C:\Games\Puzzles\User\ring.qzl)"},
+      {R"(C:\Games\Puzzles\User\rings.qzl)", '\\', R"(..\Puzzles\User\rings.qzl)"},
+      {R"(D:\Documents\My Puzzles\Shapes\Animals\dog.qzl)", '\\', R"(..\Shapes\Animals\dog.qzl)"},
+      {R"(C:\A\puzzle-with-a-very-long-name-here.qzl)", '\\', "..a-very-long-name-here.qzl"},
+      {"/home/somebody/puzzles/animals/dog.qzl", '/', "../puzzles/animals/dog.qzl"},
+      {umlauts, '\\', umlauts},
+      {"x" + umlauts, '\\', ".." + umlauts.substr(2 * 5)}};
+  for (const auto& [path, separator, shortened] : cases)
+    EXPECT_EQ(KSRecent::Abbreviate(path, separator), shortened);
 }
 
 }  // namespace

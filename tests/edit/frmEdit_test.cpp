@@ -9,8 +9,7 @@ using Editor = EditorFixture;
 TEST_F(Editor, TheFirstPieceInTheAirIsToldAboutAndNoOther) {
   inEditor([this] {
     const auto told = [this] {
-      return Script::onScreen(
-          [this] { return edit().Window()->findChild<QLabel*>("lblCarryHint") != nullptr; });
+      return onScreen([this] { return edit().Window()->findChild<QLabel*>("lblCarryHint"); });
     };
     EXPECT_FALSE(told());
     click(edit(), "cmdPento3");
@@ -22,100 +21,63 @@ TEST_F(Editor, TheFirstPieceInTheAirIsToldAboutAndNoOther) {
   });
 }
 
-TEST_F(Editor, PiecesAreLaidShiftedPickedUpAndThrownAway) {
+TEST_F(Editor, LayingAndPickingUpAreChangesAndShiftingAndThrowingAwayAreNone) {
   inEditor([this] {
-    EXPECT_FALSE(changed());
+    EXPECT_EQ(state(), "0");
     lay(8, 1, 1);
-    EXPECT_TRUE(changed());
-    Script::onScreen([this] { edit().fFileChanged = false; });
-    click(edit(), "cmdLeft");  // nothing lies further left than the ring
-    click(edit(), "cmdRight");
-    click(edit(), "cmdDown");
-    click(edit(), "cmdDown");
-    click(edit(), "cmdUp");
-    Script::onScreen([this] {
-      const PentoRef piece = edit().Grid->Grid()->PentoCollection().at(0);
-      EXPECT_EQ(QPoint(piece->X(), piece->Y()), QPoint(2, 2));
-    });
+    EXPECT_EQ(state(), "1*");
+    forgetChanges();
+    for (const char* way : {"cmdLeft", "cmdRight", "cmdDown", "cmdDown", "cmdUp"})
+      click(edit(), way);  // nothing lies further left than the ring
+    onScreen([this] { EXPECT_TRUE(edit().Grid->Grid()->PentoAt(3, 2)); });
     click(edit(), "cmdPento3");
     click(edit(), "cmdPento4");
-    EXPECT_EQ(Script::onScreen([this] { return edit().Grid->FloatingPento()->PentoType(); }), 4);
+    EXPECT_EQ(inTheAir(), 4);
     click(edit(), "cmdTrash");
-    EXPECT_FALSE(Script::onScreen([this] { return bool{edit().Grid->FloatingPento()}; }));
-    EXPECT_FALSE(changed());
-
-    Script::onScreen([this] {  // the middle of the cross
+    EXPECT_EQ(inTheAir(), -1);
+    EXPECT_EQ(state(), "1");
+    onScreen([this] {  // the middle of the cross
       pressBoard(3.5 * edit().Grid->TileWidth(), 3.5 * edit().Grid->TileWidth());
     });
-    EXPECT_TRUE(changed());
-    EXPECT_EQ(pieces(), 0U);
-    Script::onScreen([this] { edit().fFileChanged = false; });
+    EXPECT_EQ(state(), "0*");
+    forgetChanges();
     menu(edit(), "mnuFileNew");  // does not drop the piece in the hand
-    EXPECT_TRUE(Script::onScreen([this] { return bool{edit().Grid->FloatingPento()}; }));
-  });
-}
-
-TEST_F(Editor, KeysMirrorThePieceAfterItsButtonWasClicked) {
-  inEditor([this] {
-    Script::onScreen([this] { control(edit(), "cmdPento0")->setFocus(); });
-    click(edit(), "cmdPento2");
-    Script::onScreen([this] {
-      QTest::mouseMove(control(edit(), "pctFore"), QPoint(90, 90));
-      QTest::keyClick(edit().Window()->focusWidget(), Qt::Key_Space);
-      EXPECT_EQ(edit().Grid->FloatingPento()->PentoType(), 2);
-      EXPECT_EQ(edit().Grid->FloatingPento()->FlipCount, 1);
-    });
+    EXPECT_EQ(inTheAir(), 8);
   });
 }
 
 TEST_F(Editor, FifteenPiecesAreTheMost) {
   inEditor([this] {
     for (int i = 0; i < 15; ++i) lay(1, 1 + i % 2 * 5, 1 + i / 2);
-    ASSERT_EQ(pieces(), 15U);
+    ASSERT_EQ(state(), "15*");
     click(edit(), "cmdPento5");
     EXPECT_EQ(answer(), "The puzzle can only contain 15 pieces.");
-    Script::onScreen([this] {
-      EXPECT_FALSE(edit().Grid->FloatingPento() && edit().Grid->FloatingPento()->PentoType() == 5);
-      pressBoard(1.5 * edit().Grid->TileWidth(), 1.5 * edit().Grid->TileWidth());
-    });
-    EXPECT_EQ(pieces(), 14U);
+    EXPECT_NE(inTheAir(), 5);
+    onScreen(
+        [this] { pressBoard(1.5 * edit().Grid->TileWidth(), 1.5 * edit().Grid->TileWidth()); });
+    EXPECT_EQ(state(), "14*");
     click(edit(), "cmdPento5");
-    EXPECT_EQ(Script::onScreen([this] { return edit().Grid->FloatingPento()->PentoType(); }), 5);
+    EXPECT_EQ(inTheAir(), 5);
   });
 }
 
-TEST_F(Editor, TheLayoutFollowsItsRuleAndEveryButtonShowsInTheSmallestWindow) {
+TEST_F(Editor, TheTilesFollowTheWindowAndEveryButtonShowsInTheSmallestOne) {
   inEditor([this] {
-    resizeClient(edit(), {700, 400});  // by the height: 384 / 16
-    Script::onScreen([this] {
-      EXPECT_EQ(edit().Grid->geometry(), QRect(241, 8, 459, 384));
-      EXPECT_EQ(edit().Grid->TileWidth(), 24);
-    });
-    resizeClient(edit(), {521, 700});  // by the width: 280 / 16 = 17.5, to the even neighbour
-    Script::onScreen([this] {
-      EXPECT_EQ(edit().Grid->TileWidth(), 18);
-      EXPECT_FALSE(control(edit(), "fraCover")->isVisible());
-      EXPECT_EQ(control(edit(), "cmdPento5")->geometry(), QRect(160, 72, 73, 48));
-      edit().Window()->resize(1, 1);
-    });
-    Script::waitFor("the smallest size", [this] { return edit().Client()->width() < 521; });
-    Script::onScreen([this] {
+    for (const auto& [size, tile] : {std::pair{QSize(700, 400), 24},     // the height: 384 / 16
+                                     std::pair{QSize(521, 700), 18}}) {  // the width: 280 / 16
+      resizeClient(edit(), size);
+      EXPECT_EQ(onScreen([this] { return int{edit().Grid->TileWidth()}; }), tile);
+    }
+    onScreen([this] { edit().Window()->resize(1, 1); });
+    waitFor("the smallest size", [this] { return edit().Client()->width() < 521; });
+    onScreen([this] {
       const auto buttons = edit().Client()->findChildren<QPushButton*>();
       EXPECT_EQ(buttons.size(), 17);
       for (const QPushButton* button : buttons) {
         EXPECT_TRUE(edit().Client()->rect().contains(button->geometry()));
-        EXPECT_FALSE(button->accessibleName().isEmpty());
-        EXPECT_FALSE(button->toolTip().isEmpty());
+        EXPECT_FALSE(button->accessibleName().isEmpty() || button->toolTip().isEmpty());
       }
     });
-  });
-}
-
-TEST_F(Editor, TheMenusHaveTheirCaptions) {
-  inEditor([this] {
-    EXPECT_EQ(captions(edit(), {"mnuFile", "mnuHelp"}),
-              "File|New|Open...|-|Save|Save as...|-|Play...|-|Close|"
-              "Help|Contents...|How to create puzzles...|-|About...");
   });
 }
 
@@ -126,16 +88,15 @@ TEST_F(Editor, PlayFollowsOnlyAnEditorThatClosedAndItOpensEmptyAgain) {
     menu(edit(), "mnuFilePlay");
     answer(QMessageBox::Cancel);
     waitQuiet();
-    EXPECT_TRUE(Script::onScreen([this] { return edit().Loaded() && !program_->main.Loaded(); }));
+    EXPECT_TRUE(loaded(edit()) && !loaded(main()));
     menu(edit(), "mnuFilePlay");
     answer(QMessageBox::No);
-    waitOpen(program_->open);
-    EXPECT_FALSE(Script::onScreen([this] { return edit().Loaded() || basTiles::AfterSave; }));
-    escape(program_->open);
-    menu(program_->main, "mnuViewEdit");
+    waitOpen(chooser());
+    EXPECT_FALSE(onScreen([this] { return edit().Loaded() || basTiles::AfterSave; }));
+    escape(chooser());
+    menu(main(), "mnuViewEdit");
     waitActivated();
-    EXPECT_EQ(pieces(), 0U);
-    EXPECT_FALSE(changed());
+    EXPECT_EQ(state(), "0");
     EXPECT_EQ(current(), "");
     leave();
   });
@@ -160,15 +121,14 @@ TEST_F(Editor, HelpGoesToItsTopics) {
 TEST_F(Editor, WithFewColoursTheBackgroundGoesAndTheAboutBoxIsShownOverTheCover) {
   const Replacement fewColours(Screen::bitsPerPixel, [](const QWidget&) { return 8; });
   inEditor([this] {
-    EXPECT_TRUE(Script::onScreen([this] { return edit().Grid->BackTexture().isNull(); }));
+    EXPECT_TRUE(onScreen([this] { return edit().Grid->BackTexture().isNull(); }));
     EXPECT_FALSE(visible(edit(), "fraCover"));
     openAbout(edit());
-    EXPECT_EQ(Script::onScreen(
-                  [this] { return control(program_->splash, "imgPlay")->toolTip().toStdString(); }),
+    EXPECT_EQ(onScreen([this] { return control(splash(), "imgPlay")->toolTip().toStdString(); }),
               "Back to the editor");
     EXPECT_TRUE(visible(edit(), "fraCover"));
-    key(program_->splash, Qt::Key_Return);
-    waitClosed(program_->splash);
+    key(splash(), Qt::Key_Return);
+    waitClosed(splash());
     EXPECT_FALSE(visible(edit(), "fraCover"));
   });
 }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
 #include <random>
 #include <stdexcept>
@@ -29,45 +30,6 @@ TEST(PentoGrid, AFreshGridIsEmptyAndKnowsItsEdges) {
   }
   EXPECT_THROW(grid.RemovePento(0, 0), std::out_of_range);
   EXPECT_THROW(grid.FirstPento(), std::out_of_range);
-}
-
-TEST(PentoGrid, ARefusedPieceChangesNothingAndUsesNoId) {
-  PENTOGRID grid = ringedGrid(14, 14);
-  ASSERT_TRUE(grid.AddPento(makePiece(8), 5, 5));
-  const auto before = cellsOf(grid);
-  const PentoRef piece = makePiece(7);  // its first cell lies right of its corner
-  piece->SetPosition(77, 78);
-  constexpr int kFar = std::numeric_limits<int>::max();
-  const std::vector<std::pair<int, int>> refused{{0, 5},    {11, 5},       {5, 13},  {5, 6},
-                                                 {-1, 3},   {3, -1},       {13, 13}, {kFar, 3},
-                                                 {3, kFar}, {-kFar, -kFar}};
-  for (const auto& [x, y] : refused) EXPECT_FALSE(grid.AddPento(piece, x, y)) << x << ", " << y;
-  EXPECT_EQ(cellsOf(grid), before);
-  EXPECT_EQ(grid.PentoCollection().Count(), 1u);
-  EXPECT_EQ(piece->X(), 77);
-  ASSERT_TRUE(grid.AddPento(piece, 9, 2));
-  EXPECT_EQ(grid.PentoID(10, 2), 2);
-  EXPECT_EQ(piece->X(), 9);
-  EXPECT_EQ(piece->Y(), 2);
-}
-
-TEST(PentoGrid, APieceIsTakenOffByAnyOfItsCellsAndComesBackUnderANewId) {
-  PENTOGRID grid = ringedGrid(14, 14);
-  const auto empty = cellsOf(grid);
-  std::int32_t id = 0;
-  for (int type = 0; type < PENTO::kTypes; ++type) {
-    for (int i = 0; i < PENTO::kCells; ++i) {
-      const PentoRef piece = makePiece(type, type % 4, type % 2);
-      ASSERT_TRUE(grid.AddPento(piece, 4, 6));
-      const int x = 4 + piece->GridX(i), y = 6 + piece->GridY(i);
-      EXPECT_EQ(grid.PentoID(x, y), ++id);
-      piece->SetPosition(200, 300);  // where it floated meanwhile
-      EXPECT_EQ(grid.RemovePento(x, y), piece);
-      EXPECT_EQ(piece->X(), 4);
-      EXPECT_EQ(piece->Y(), 6);
-      EXPECT_EQ(cellsOf(grid), empty);
-    }
-  }
 }
 
 TEST(PentoGrid, AWalkFollowsThePlacingOrderAndClearStartsAnew) {
@@ -109,79 +71,101 @@ constexpr Shift kShifts[] = {{&PENTOGRID::MoveLeft, -1, 0},
                              {&PENTOGRID::MoveUp, 0, -1},
                              {&PENTOGRID::MoveDown, 0, 1}};
 
-/// The shifted grid worked out cell by cell: the slow and obvious way.
-std::vector<std::int32_t> shifted(const PENTOGRID& grid, int dx, int dy) {
-  std::vector<std::int32_t> cells;
-  for (int x = 0; x < grid.Width(); ++x) {
-    for (int y = 0; y < grid.Height(); ++y) {
-      const auto inner = [&](int column, int row) {
-        return column > 0 && row > 0 && column < grid.Width() - 1 && row < grid.Height() - 1;
-      };
-      if (!inner(x, y))
-        cells.push_back(grid.PentoID(x, y));
-      else
-        cells.push_back(inner(x - dx, y - dy) ? grid.PentoID(x - dx, y - dy) : 0);
-    }
-  }
-  return cells;
-}
+/// What a grid's cells hold after an operation, worked out cell by cell: the slow and obvious way.
+struct Expected {
+  explicit Expected(const PENTOGRID& grid)
+      : width(grid.Width()), height(grid.Height()), cells(cellsOf(grid)) {}
 
-TEST(PentoGrid, AShiftCarriesPiecesAndBackgroundToTheEdgeAndNoFurther) {
-  for (const Shift& shift : kShifts) {
-    PENTOGRID grid = ringedGrid(12, 9);
-    grid.SetGridBackground(7, 5);  // inside the ring: it moves too
-    const PentoRef piece = makePiece(7);
-    ASSERT_TRUE(grid.AddPento(piece, 4, 3));
-    int steps = 0;
-    for (;; ++steps) {
-      const auto before = cellsOf(grid);
-      const auto expected = shifted(grid, shift.dx, shift.dy);
-      const int x = piece->X(), y = piece->Y();
-      (grid.*shift.move)();
-      if (cellsOf(grid) == before) {
-        EXPECT_EQ(piece->X(), x);
-        EXPECT_EQ(piece->Y(), y);
-        break;
+  /// Whether the piece could be laid, and then is.
+  bool lay(const PENTO& piece, int x, int y, std::int32_t id) {
+    auto laid = cells;
+    for (int i = 0; i < PENTO::kCells; ++i) {
+      const long column = long{x} + piece.GridX(i), row = long{y} + piece.GridY(i);
+      if (column < 0 || row < 0 || column >= width || row >= height) return false;
+      const auto at = static_cast<std::size_t>(column * height + row);
+      if (cells[at] != 0) return false;
+      laid[at] = id;
+    }
+    cells = laid;
+    return true;
+  }
+
+  void take(std::int32_t id) { std::replace(cells.begin(), cells.end(), id, 0); }
+  void clear() {
+    std::replace_if(
+        cells.begin(), cells.end(), [](std::int32_t id) { return id > 0; }, 0);
+  }
+
+  /// What lies within the ring goes a cell further, unless something would leave.
+  bool shift(int dx, int dy) {
+    auto shifted = cells;
+    for (int x = 1; x < width - 1; ++x) {
+      for (int y = 1; y < height - 1; ++y) {
+        if (!inner(x + dx, y + dy) && at(x, y) != 0) return false;
+        shifted[index(x, y)] = inner(x - dx, y - dy) ? at(x - dx, y - dy) : 0;
       }
-      EXPECT_EQ(cellsOf(grid), expected);
-      EXPECT_EQ(piece->X(), x + shift.dx);
-      EXPECT_EQ(piece->Y(), y + shift.dy);
-      expectValidGrid(grid);
     }
-    // From column 4 to 1, from column 7 to 10, from row 3 to 1, from row 5 to 7.
-    EXPECT_EQ(steps, shift.dx != 0 ? 3 : 2);
+    cells = shifted;
+    return true;
   }
+
+  bool inner(int x, int y) const { return x > 0 && y > 0 && x < width - 1 && y < height - 1; }
+  std::size_t index(int x, int y) const { return static_cast<std::size_t>(x * height + y); }
+  std::int32_t at(int x, int y) const { return cells[index(x, y)]; }
+
+  int width, height;
+  std::vector<std::int32_t> cells;
+};
+
+std::pair<int, int> cornerOf(const PENTO& piece) {
+  return {piece.X(), piece.Y()};
 }
 
-TEST(PentoGrid, ALongRandomGameStaysSound) {
-  constexpr unsigned kSeed = 20;
-  SCOPED_TRACE(kSeed);
-  std::mt19937 random(kSeed);
+TEST(PentoGrid, ALongRandomGameFollowsTheRulesCellByCell) {
+  std::mt19937 random(20);
   const auto below = [&](int limit) { return static_cast<int>(random() % unsigned(limit)); };
-  PENTOGRID grid = ringedGrid(14, 14);
-  std::size_t placed = 0, shifts = 0;
-  for (int step = 0; step < 4000; ++step) {
-    const int x = below(18) - 2, y = below(18) - 2;
-    const std::size_t before = grid.PentoCollection().Count();
-    const int action = below(10);
-    if (action < 6) {
-      const bool added = grid.AddPento(makePiece(below(13), below(4), below(2)), x, y);
-      ASSERT_EQ(grid.PentoCollection().Count(), before + (added ? 1 : 0));
-      placed += added ? 1 : 0;
-    } else if (action < 8 && grid.PentoID(x, y) > 0) {
-      grid.RemovePento(x, y);
-      ASSERT_EQ(grid.PentoCollection().Count(), before - 1);
-    } else if (action < 9) {
-      const auto cells = cellsOf(grid);
-      (grid.*kShifts[below(4)].move)();
-      shifts += cellsOf(grid) != cells ? 1 : 0;
-    } else if (below(20) == 0) {
+  const auto place = [&] {
+    constexpr int kFar = std::numeric_limits<int>::max();
+    const int odd = below(40);
+    return odd == 0 ? kFar : odd == 1 ? -kFar : below(18) - 2;
+  };
+  PENTOGRID grid = ringedGrid(14, 11);
+  grid.SetGridBackground(7, 5);  // inside the ring: it moves too
+  std::int32_t lastId = 0;
+  int laid = 0, refused = 0, taken = 0, shifted = 0, stuck = 0;
+  for (int step = 0; step < 6000; ++step) {
+    SCOPED_TRACE(step);
+    const int x = place(), y = place(), action = below(100);
+    Expected expected(grid);
+    if (action < 45) {
+      const PentoRef piece = makePiece(below(13), below(4), below(2));
+      piece->SetPosition(77, 78);
+      const bool fits = expected.lay(*piece, x, y, lastId + 1);
+      ASSERT_EQ(grid.AddPento(piece, x, y), fits);
+      ASSERT_EQ(cornerOf(*piece), fits ? std::pair(x, y) : std::pair(77, 78));
+      lastId += fits;
+      ++(fits ? laid : refused);
+    } else if (action < 80 && grid.PentoID(x, y) > 0) {
+      const PentoRef piece = grid.PentoAt(x, y);
+      const PENTO before = *piece;
+      piece->SetPosition(200, 300);  // where it floated meanwhile
+      expected.take(grid.PentoID(x, y));
+      ASSERT_EQ(grid.RemovePento(x, y), piece);
+      ASSERT_EQ(cornerOf(*piece), cornerOf(before));
+      ++taken;
+    } else if (action < 99) {
+      const Shift& shift = kShifts[below(4)];
+      ++(expected.shift(shift.dx, shift.dy) ? shifted : stuck);
+      (grid.*shift.move)();
+    } else {
+      expected.clear();
       grid.Clear();
+      lastId = 0;
     }
-    ASSERT_NO_FATAL_FAILURE(expectValidGrid(grid)) << "step " << step;
+    ASSERT_EQ(cellsOf(grid), expected.cells);
+    ASSERT_NO_FATAL_FAILURE(expectValidGrid(grid));
   }
-  EXPECT_GT(placed, 100u);  // the game was one
-  EXPECT_GT(shifts, 10u);
+  for (const int times : {laid, refused, taken, shifted, stuck}) EXPECT_GT(times, 50);
 }
 
 }  // namespace

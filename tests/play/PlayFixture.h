@@ -78,7 +78,7 @@ class PlayFixture : public ::testing::Test {
     play([&] {
       toPlay();
       script();
-      choose(main(), "mnuFileClose");
+      menu(main(), "mnuFileClose");
       waitClosed(main());
     });
   }
@@ -101,7 +101,7 @@ class PlayFixture : public ::testing::Test {
   static QAction* item(const Form& window, const char* name) {
     return window.Window()->findChild<QAction*>(name);
   }
-  static void choose(const Form& window, const char* name) {
+  static void menu(const Form& window, const char* name) {
     post([&window, name] { item(window, name)->trigger(); });
   }
 
@@ -123,7 +123,7 @@ class PlayFixture : public ::testing::Test {
   }
 
   void openChooser() {
-    choose(main(), "mnuFileOpen");
+    menu(main(), "mnuFileOpen");
     waitOpen(chooser());
   }
 
@@ -132,7 +132,7 @@ class PlayFixture : public ::testing::Test {
   }
 
   void openAbout(const Form& from) {
-    choose(from, "mnuHelpAbout");
+    menu(from, "mnuHelpAbout");
     waitOpen(splash());
   }
 

@@ -111,7 +111,7 @@ TEST_F(ByKeys, APuzzleIsMadeInTheEditor) {
     type(edit(), Qt::Key_Escape);  // a new piece is thrown away
     EXPECT_FALSE(onScreen([&] { return edit().Grid->Floating(); }));
     onScreen([&] { edit().fFileChanged = false; });
-    choose(edit(), "mnuFileClose");
+    menu(edit(), "mnuFileClose");
     waitClosed(edit());
   });
 }

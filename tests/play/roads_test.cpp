@@ -30,7 +30,7 @@ TEST_F(Roads, SplashPlayChooserCreateEditorPlayEditExit) {
     waitOpen(edit());
     EXPECT_EQ(openWindows(), 1);
 
-    choose(edit(), "mnuFilePlay");
+    menu(edit(), "mnuFilePlay");
     waitOpen(chooser());
     EXPECT_EQ(openWindows(), 2);
     EXPECT_TRUE(onScreen([this] { return control(chooser(), "cmdOk")->isEnabled(); }));
@@ -39,11 +39,11 @@ TEST_F(Roads, SplashPlayChooserCreateEditorPlayEditExit) {
     waitClosed(chooser());
     EXPECT_FALSE(visible(main(), "fraCover"));
 
-    choose(main(), "mnuViewEdit");
+    menu(main(), "mnuViewEdit");
     waitOpen(edit());
     waitClosed(main());
     EXPECT_EQ(openWindows(), 1);
-    choose(edit(), "mnuFileClose");
+    menu(edit(), "mnuFileClose");
     waitClosed(edit());
   });
 }
@@ -72,7 +72,7 @@ TEST_F(Roads, ASolvedPuzzleOffersFourWaysOn) {
     waitOpen(edit());
     EXPECT_EQ(openWindows(), 1);
 
-    choose(edit(), "mnuFilePlay");
+    menu(edit(), "mnuFilePlay");
     waitOpen(chooser());
     escape(chooser());
     solve();
@@ -189,7 +189,7 @@ TEST_F(Roads, TheSplashWindowIsTheAboutBoxOnceItHasBeenLeft) {
     click(splash(), "Play");
     waitClosed(splash());
     EXPECT_EQ(openWindows(), 1);
-    choose(main(), "mnuFileClose");
+    menu(main(), "mnuFileClose");
     waitClosed(main());
   });
 }

@@ -60,7 +60,7 @@ TEST_F(Windows, OneSoundItemIsCheckedAndTheChoiceIsStored) {
         EXPECT_EQ(item(main(), "mnuSoundOn")->isChecked(), on);
         EXPECT_EQ(item(main(), "mnuSoundOff")->isChecked(), !on);
       });
-      choose(main(), "mnuSoundOff");
+      menu(main(), "mnuSoundOff");
     }
   });
   EXPECT_EQ(Settings::get(Settings::application(), "Sound", "Status", "?"), "False");

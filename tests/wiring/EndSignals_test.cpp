@@ -55,20 +55,20 @@ class Ending : public PlayFixture {
   }
 
   Step atSplash(const std::function<void()>& then) {
-    return {[this] { return program_->splash.Loaded(); }, then};
+    return {[this] { return splash().Loaded(); }, then};
   }
   Step inEditor(const std::function<void()>& then) {
-    return {[this] { return program_->edit.Loaded() && program_->open.fEdit; }, then};
+    return {[this] { return edit().Loaded() && chooser().fEdit; }, then};
   }
   std::function<void()> toEditor() {
-    return [this] { QTest::mouseClick(control(program_->splash, "imgEdit"), Qt::LeftButton); };
+    return [this] { QTest::mouseClick(control(splash(), "imgEdit"), Qt::LeftButton); };
   }
   std::function<void()> fromMenu(const char* item) {
-    return [=, this] { program_->edit.Window()->findChild<QAction*>(item)->trigger(); };
+    return [=, this] { edit().Window()->findChild<QAction*>(item)->trigger(); };
   }
   void takePiece() {
-    QTest::mouseClick(control(program_->edit, "cmdPento8"), Qt::LeftButton);
-    EXPECT_TRUE(program_->edit.Grid->FloatingPento());
+    QTest::mouseClick(control(edit(), "cmdPento8"), Qt::LeftButton);
+    EXPECT_TRUE(edit().Grid->FloatingPento());
   }
   template <class Dialog>
   static bool isOpen() {
@@ -89,8 +89,8 @@ TEST_F(Ending, FromTheSplashWindow) {
 }
 
 TEST_F(Ending, FromTheChooser) {
-  endBy(SIGINT, {atSplash([this] { QTest::keyClick(program_->splash.Window(), Qt::Key_Return); }),
-                 {[this] { return program_->open.Loaded(); }, sending(SIGINT)}});
+  endBy(SIGINT, {atSplash([this] { QTest::keyClick(splash().Window(), Qt::Key_Return); }),
+                 {[this] { return chooser().Loaded(); }, sending(SIGINT)}});
 }
 
 TEST_F(Ending, WithAPieceInTheAir) {
@@ -101,7 +101,7 @@ TEST_F(Ending, WithAPieceInTheAir) {
 
 TEST_F(Ending, FromTheQuestionAboutChangesWithoutAnotherOne) {
   endBy(SIGTERM, {atSplash(toEditor()),
-                  inEditor([this] { program_->edit.fFileChanged = true; }),
+                  inEditor([this] { edit().fFileChanged = true; }),
                   {[] { return true; }, fromMenu("mnuFileClose")},
                   {isOpen<QMessageBox>, sending(SIGTERM)}});
   EXPECT_EQ(questions_->count, 0);
@@ -110,7 +110,7 @@ TEST_F(Ending, FromTheQuestionAboutChangesWithoutAnotherOne) {
 
 TEST_F(Ending, WithChangesAndADialogOpen) {
   endBy(SIGTERM, {atSplash(toEditor()),
-                  inEditor([this] { program_->edit.fFileChanged = true; }),
+                  inEditor([this] { edit().fFileChanged = true; }),
                   {[] { return true; }, fromMenu("mnuFileSaveAs")},
                   {isOpen<QFileDialog>, sending(SIGTERM)}});
   EXPECT_EQ(questions_->count, 0);
