@@ -3,6 +3,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <tuple>
+
 #include "files/SafeFile.h"
 #include "tests/files/TestDisk.h"
 #include "tests/model/BareTarget.h"
@@ -154,56 +156,37 @@ TEST(SafeFileFaults, AProgramKilledAtAnyMomentLeavesTheOldBytesOrTheNewOnes) {
   EXPECT_EQ(bytesOf(file), "what was left behind is in nobody's way");
 }
 
-TEST(SafeFileFaults, AnInterruptedTransferGoesOn) {
-  TestFolder folder("interrupted");
-  TestDisk disk;
-  disk.before = [](int number, const std::string& call) {
-    return (call == "write" || call == "read") && number % 2 == 0 ? EINTR : 0;
-  };
-  const std::string bytes(2000, 'n');
-  SafeFile::write(folder.path / "a.qzl", bytes);
-  EXPECT_EQ(SafeFile::read(folder.path / "a.qzl", 5000), bytes);
-}
-
-TEST(SafeFileFaults, TheFirstReasonIsToldAlsoWhenCleaningUpFails) {
-  TestFolder folder("first reason");
-  putBytes(folder.path / "a.qzl", "old");
-  TestDisk disk;
-  disk.before = [](int, const std::string& call) {
-    return call == "write" ? ENOSPC : call == "remove" ? EIO : 0;
-  };
-  EXPECT_EQ(reasonOf([&] { SafeFile::write(folder.path / "a.qzl", "new"); }),
-            "No space left on device");
-  EXPECT_EQ(bytesOf(folder.path / "a.qzl"), "old");
-  EXPECT_EQ(folder.names().size(), 2u);  // the other one could not be removed
-}
-
-TEST(SafeFileFaults, OldBytesThatCannotBePutBackAreOwnedUpTo) {
-  TestFolder folder("damaged");
-  putBytes(folder.path / "a.qzl", "old");
-  TestDisk disk;
-  bool inPlace = false;
-  disk.before = [&](int, const std::string& call) {
-    if (call == "rename") {
-      inPlace = true;
-      return EPERM;
-    }
-    return inPlace && call == "sync" ? EIO : 0;
-  };
-  EXPECT_EQ(reasonOf([&] { SafeFile::write(folder.path / "a.qzl", "new"); }),
-            "Input/output error. The file is damaged: its old content could not be put back.");
-}
-
-TEST(SafeFileFaults, AFolderThatKnowsNoSyncIsNoFailure) {
-  TestFolder folder("no sync");
-  TestDisk disk;
-  int syncs = 0;
-  disk.before = [&](int, const std::string& call) {
-    return call == "sync" && ++syncs == 2 ? EINVAL : 0;
-  };
-  SafeFile::write(folder.path / "a.qzl", "new");
+TEST(SafeFileFaults, SomeFaultsAreNoneAndTheFirstReasonIsTold) {
+  const std::string old(500, 'o'), wanted(2000, 'n');
+  int renames = 0, syncs = 0;
+  const std::tuple<std::function<int(int, const std::string&)>, std::string, std::string> cases[] =
+      {{[](int number, const std::string& call) {
+          return (call == "write" || call == "read") && number % 2 == 0 ? EINTR : 0;
+        },
+        "", wanted},
+       {[&](int, const std::string& call) {  // a folder that knows no sync
+          return call == "sync" && ++syncs == 2 ? EINVAL : 0;
+        },
+        "", wanted},
+       {[](int, const std::string& call) {
+          return call == "write" ? ENOSPC : call == "remove" ? EIO : 0;
+        },
+        "No space left on device", old},
+       {[&](int, const std::string& call) {
+          if (call == "rename") return ++renames, EPERM;
+          return renames > 0 && call == "sync" ? EIO : 0;
+        },
+        "Input/output error. The file is damaged: its old content could not be put back.", old}};
+  for (const auto& [fault, reason, left] : cases) {
+    TestFolder folder("faults");
+    const fs::path file = folder.path / "a.qzl";
+    putBytes(file, old);
+    TestDisk disk;
+    disk.before = fault;
+    EXPECT_EQ(reasonOf([&] { SafeFile::write(file, wanted); }), reason);
+    EXPECT_EQ(reasonOf([&] { EXPECT_EQ(SafeFile::read(file, 5000), left) << reason; }), "");
+  }
   EXPECT_EQ(syncs, 2);
-  EXPECT_EQ(bytesOf(folder.path / "a.qzl"), "new");
 }
 
 }  // namespace

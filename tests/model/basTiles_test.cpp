@@ -272,6 +272,7 @@ TEST_F(Tiles, AFailingStoreIsAReasonAndNoCrash) {
   basTiles::targets = {};
   EXPECT_FALSE(load(sample));
   EXPECT_EQ(LastFileError, "No window is open to load into.");
+  basTiles::ReloadPuzzle();
 }
 
 TEST_F(Tiles, ReloadingClearsAndLoadsTheCurrentPuzzle) {
