@@ -16,87 +16,9 @@
 #include "tour/DisplayErrors.h"
 #include "tour/Hands.h"
 #include "tour/Soak.h"
+#include "tour/Tour.h"
 
 namespace {
-
-class Tour {
- public:
-  Tour(Robot& robot, Wiring& program, const QDir& pictures)
-      : robot_(robot), program_(program), hands_(robot, program), pictures_(pictures) {}
-
-  void rocket() {
-    hands_.waitOpen(program_.splash);
-    screen("1-splash");
-    toPlayWindow([this] { screen("2-chooser"); });
-    screen("3-start");
-    solveRocket([this] { screen("4-in-the-air"); });
-    screen("5-solved");
-    leave();
-  }
-
-  void windows() {
-    hands_.waitOpen(program_.splash);
-    window(program_.splash, "splash");
-    toPlayWindow([this] { window(program_.open, "chooser"); });
-    solveRocket([this] { window(program_.main, "play"); });
-    window(program_.finished, "solved");
-    hands_.clickOn(program_.finished, "imgEdit");
-    hands_.waitOpen(program_.edit);
-    Script::onScreen([this] {
-      basTiles::fDeveloperVersion = true;  // the standard puzzles are locked
-      basTiles::LoadPuzzle(Program::installationFolder() / "puzzles" / "plane.qzl", true);
-      basTiles::fDeveloperVersion = false;
-    });
-    window(program_.edit, "editor");
-    hands_.choose(program_.edit, "mnuHelp", "mnuHelpAbout");
-    hands_.waitOpen(program_.splash);
-    window(program_.splash, "about");
-    robot_.key("Escape");
-    hands_.waitClosed(program_.splash);
-    hands_.waitOpen(program_.edit);
-    hands_.choose(program_.edit, "mnuFile", "mnuFileClose");
-    hands_.waitClosed(program_.edit);
-  }
-
- private:
-  QString file(const char* name) const { return pictures_.filePath(QString(name) + ".png"); }
-  void screen(const char* name) { Robot::photograph(file(name)); }
-  void window(Form& form, const char* name) { Robot::photograph(form.Window(), file(name)); }
-
-  void toPlayWindow(const std::function<void()>& atTheChooser) {
-    hands_.clickOn(program_.splash, "imgPlay");
-    hands_.waitOpen(program_.open);
-    atTheChooser();
-    robot_.key("Escape");
-    hands_.waitClosed(program_.open);
-    hands_.waitOpen(program_.main);
-  }
-
-  /// `midway` runs once while a piece is in the air between tray and board.
-  void solveRocket(const std::function<void()>& midway) {
-    const auto pieces = Hands::solution(Program::installationFolder() / "puzzles" / "rocket.qzl");
-    hands_.solve(pieces, Hands::Carrying::ClickByClick, [&](std::size_t laid) {
-      if (laid != pieces.size() / 2) return;
-      robot_.moveTo([this] { return Hands::cell(*program_.main.Grid, 2, 3); });
-      Script::waitFor("the piece to come over the board", [this] {
-        const PentoRef piece = program_.main.Grid->FloatingPento();
-        return piece && piece->X() > 0;
-      });
-      midway();
-    });
-    hands_.waitOpen(program_.finished);
-  }
-
-  void leave() {
-    hands_.clickOn(program_.finished, "imgQuit");
-    hands_.waitClosed(program_.main);
-  }
-
-  Robot& robot_;
-  Wiring& program_;
-  Hands hands_;
-  const QDir& pictures_;
-};
 
 std::string tour(const std::string& kind, const QDir& pictures) {
   Wiring program;
