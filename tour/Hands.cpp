@@ -91,20 +91,23 @@ void Hands::waitClosed(Form& window) {
   Script::waitFor("a window to close", [&] { return !window.Loaded(); });
 }
 
-void Hands::pick(const Catalogue::Entry& puzzle, bool easy) {
-  waitOpen(program_.open);
-  QWidget& chooser = *Script::onScreen([this] { return program_.open.Window(); });
-  const auto tabs = [&] { return chooser.findChild<QTabWidget*>(); };
-  const int tab = puzzle.tab;
+void Hands::turnToTab(int tab) {
+  const auto tabs = [this] { return program_.open.Window()->findChild<QTabWidget*>(); };
   robot_.moveTo([&] {
     QTabBar* bar = tabs()->tabBar();
     return toDevice(*bar, bar->mapToGlobal(QRectF(bar->tabRect(tab)).center()));
   });
   robot_.click();
   Script::waitFor("the tab", [&] { return tabs()->currentIndex() == tab; });
+}
+
+void Hands::pick(const Catalogue::Entry& puzzle, bool easy) {
+  waitOpen(program_.open);
+  turnToTab(puzzle.tab);
+  QWidget& chooser = *Script::onScreen([this] { return program_.open.Window(); });
   const auto isEasy = [&] { return chooser.findChild<QAbstractButton*>("chkEasy")->isChecked(); };
   if (Script::onScreen(isEasy) != easy) clickOn(program_.open, "chkEasy");
-  auto* list = chooser.findChild<QListView*>(QString("lvwPuzzles%1").arg(tab));
+  auto* list = chooser.findChild<QListView*>(QString("lvwPuzzles%1").arg(puzzle.tab));
   clickOnEntry(dynamic_cast<PuzzleList&>(*list), puzzle);
   clickOn(program_.open, "cmdOk");
   waitClosed(program_.open);

@@ -25,6 +25,8 @@ class Hands {
   void waitOpen(Form& window);
   void waitClosed(Form& window);
 
+  /// Turns the open chooser to one of its tabs, counted from 0.
+  void turnToTab(int tab);
   /// Picks a standard puzzle in the open chooser, in easy or normal mode, and waits for it.
   void pick(const Catalogue::Entry& puzzle, bool easy);
 

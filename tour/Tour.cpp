@@ -3,6 +3,7 @@
 #include "model/basTiles.h"
 #include "platform/Program.h"
 #include "script/Script.h"
+#include "viewer/HelpWindow.h"
 
 namespace {
 
@@ -34,15 +35,41 @@ void Tour::rocket() {
 void Tour::windows() {
   hands_.waitOpen(program_.splash);
   window(program_.splash, "splash");
-  toPlayWindow([this] { window(program_.open, "chooser"); });
+  toPlayWindow([this] { chooser(); });
+  window(program_.main, "play-start");
   solveRocket([this] { window(program_.main, "play"); });
   window(program_.finished, "solved");
+  window(program_.main, "play-solved");
   hands_.clickOn(program_.finished, "imgEdit");
   hands_.waitOpen(program_.edit);
   editor();
+  help();
+}
+
+/// The first tab last, so that it is the one that closes, as a player leaves it.
+void Tour::chooser() {
+  constexpr const char* names[] = {"chooser", "chooser-easy", "chooser-intermediate",
+                                   "chooser-expert", "chooser-other"};
+  for (int tab = static_cast<int>(std::size(names)) - 1; tab >= 0; --tab) {
+    hands_.turnToTab(tab);
+    window(program_.open, names[tab]);
+  }
+}
+
+void Tour::help() {
+  auto* viewer = Script::onScreen([] {
+    auto* shown = new HelpWindow(QString::fromStdString(Program::HelpFile.string()));
+    shown->showTopic(0);
+    shown->show();
+    return shown;
+  });
+  robot_.waitSettled("the help", *viewer, [viewer] { return viewer->isActiveWindow(); });
+  Robot::photograph(viewer, file(pictures_, "help"));
+  Script::onScreen([viewer] { delete viewer; });
 }
 
 void Tour::editor() {
+  window(program_.edit, "editor-empty");
   Script::onScreen([] {
     basTiles::fDeveloperVersion = true;  // the standard puzzles are locked
     basTiles::LoadPuzzle(Program::installationFolder() / "puzzles" / "plane.qzl", true);

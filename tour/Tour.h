@@ -12,7 +12,7 @@ class Tour {
 
   /// The Rocket puzzle from the splash window to the solved dialog, as whole screens.
   void rocket();
-  /// Each window once, without its frame.
+  /// Each window in the states that a player meets, without its frame.
   void windows();
 
  private:
@@ -20,7 +20,9 @@ class Tour {
   void window(Form& form, const char* name);
   void toPlayWindow(const std::function<void()>& atTheChooser);
   void solveRocket(const std::function<void()>& midway);
+  void chooser();
   void editor();
+  void help();
 
   Robot& robot_;
   Wiring& program_;

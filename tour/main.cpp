@@ -1,13 +1,15 @@
 // Plays with the real pointer on an X server and writes pictures of what the program shows.
 // Usage: quinzolith-tour rocket|windows|soak FOLDER_FOR_PICTURES [INSTALLATION_FOLDER]
 //   rocket   the Rocket puzzle from the splash window to the solved dialog, as whole screens
-//   windows  each window once, without its frame
+//   windows  each window in the states that a player meets, without its frame
 //   soak     all puzzles with many an interruption; a picture only of what went wrong
 #include <QApplication>
 #include <QDir>
 #include <QTemporaryDir>
 #include <iostream>
+#include <random>
 
+#include "model/Random.h"
 #include "platform/PendingEvents.h"
 #include "platform/Program.h"
 #include "platform/Settings.h"
@@ -20,7 +22,11 @@
 
 namespace {
 
+/// Pieces lie in the tray alike each time.
 std::string tour(const std::string& kind, const QDir& pictures) {
+  const Replacement random(RandomNumbers::next, [engine = std::minstd_rand(1)]() mutable {
+    return std::generate_canonical<double, 32>(engine);
+  });
   Wiring program;
   program.start();
   return Script::run([&] {
