@@ -30,7 +30,10 @@ class HintWindow : public PlayFixture {
 
   PENTOWINDOW& board() { return *program_->main.Grid; }
 
-  void ask() { key(program_->main, Qt::Key_F3); }
+  void ask() {
+    Script::waitFor("the focus", [this] { return program_->main.Window()->isActiveWindow(); });
+    key(program_->main, Qt::Key_F3);
+  }
 
   QLabel* line() { return program_->main.Window()->findChild<QLabel*>("lblHint"); }
   QWidget* marks() { return program_->main.Window()->findChild<QWidget*>("pieceMarks"); }
@@ -74,6 +77,37 @@ class HintWindow : public PlayFixture {
     });
   }
 };
+
+/// A cell alone in the middle of a large board: hopeless, and far from all corners.
+void makeEndless(PENTOGRID& board, PENTOGRID& tray) {
+  constexpr int kMiddle = 6;
+  for (PENTOGRID* grid : {&board, &tray}) grid->Clear();
+  for (int x = 1; x <= 12; ++x)
+    for (int y = 1; y <= 12; ++y)
+      if (std::abs(x - kMiddle) + std::abs(y - kMiddle) == 1)
+        board.SetGridBackground(x, y);
+      else
+        board.SetGridEmpty(x, y);
+  for (int left = (12 * 12 - 4) / PENTO::kCells; left > 0; --left)
+    for (int place = 0; place < tray.Width() * tray.Height(); ++place)
+      if (tray.AddPento(makePiece(left % PENTO::kTypes), place % tray.Width(),
+                        place / tray.Width()))
+        break;
+}
+
+TEST_F(HintWindow, GivesUpAfterASecondAndLetsEventsRunMeanwhile) {
+  play([this] {
+    toPlay();
+    Script::onScreen([this] { makeEndless(*board().Grid(), *program_->main.PentoPanel->Grid()); });
+    ask();
+    int events = 0;
+    Script::waitFor("an answer", [&] { return ++events, line() != nullptr; });
+    EXPECT_GT(events, 10);
+    EXPECT_EQ(line()->text(), "Not known.");
+    EXPECT_EQ(marks(), nullptr);
+    closeMain();
+  });
+}
 
 TEST_F(HintWindow, MarksLastUntilTheBoardIsAnother) {
   play([this] {
