@@ -28,21 +28,21 @@ class HintWindow : public PlayFixture {
              PuzzleFormat::write(board, PuzzleFormat::kUnlocked));
   }
 
-  PENTOWINDOW& board() { return *program_->main.Grid; }
+  PENTOWINDOW& board() { return *main().Grid; }
 
   void ask() {
-    Script::waitFor("the focus", [this] { return program_->main.Window()->isActiveWindow(); });
-    key(program_->main, Qt::Key_F3);
+    waitFor("the focus", [this] { return main().Window()->isActiveWindow(); });
+    key(main(), Qt::Key_F3);
   }
 
-  QLabel* line() { return program_->main.Window()->findChild<QLabel*>("lblHint"); }
-  QWidget* marks() { return program_->main.Window()->findChild<QWidget*>("pieceMarks"); }
+  QLabel* line() { return main().Window()->findChild<QLabel*>("lblHint"); }
+  QWidget* marks() { return main().Window()->findChild<QWidget*>("pieceMarks"); }
 
   /// Asks, waits for these words and returns the outlined pieces.
   std::vector<PENTO> answer(const QString& words) {
     ask();
-    Script::waitFor("an answer", [this] { return line() != nullptr; });
-    return Script::onScreen([&] {
+    waitFor("an answer", [this] { return line() != nullptr; });
+    return onScreen([&] {
       EXPECT_EQ(line()->text(), words);
       EXPECT_TRUE(board().rect().contains(marks()->geometry()));
       return static_cast<PieceMarks*>(marks())->pieces();
@@ -50,25 +50,25 @@ class HintWindow : public PlayFixture {
   }
 
   bool marked() {
-    return Script::onScreen([this] { return line() != nullptr || marks() != nullptr; });
+    return onScreen([this] { return line() != nullptr || marks() != nullptr; });
   }
 
   void pressAt(PENTOWINDOW& control, const QPoint& cell) {
-    Script::onScreen([&] {
+    onScreen([&] {
       control.HandToCell(cell);
       control.PressAtHand();
     });
   }
 
   void takeFromTray() {
-    PENTOWINDOW& tray = *program_->main.PentoPanel;
+    PENTOWINDOW& tray = *main().PentoPanel;
     const PENTO& piece = *tray.Grid()->PentoCollection().at(0);
     pressAt(tray, {piece.X() + piece.GridX(0), piece.Y() + piece.GridY(0)});
   }
 
   /// Lays the piece in the air so that it leaves a cell alone.
   void layBadly() {
-    Script::onScreen([this] {
+    onScreen([this] {
       const PentoRef piece = board().FloatingPento();
       const PentoRef bad = lyingP(true, true);
       while (piece->FlipCount != bad->FlipCount) piece->Flip();
@@ -96,25 +96,22 @@ void makeEndless(PENTOGRID& board, PENTOGRID& tray) {
 }
 
 TEST_F(HintWindow, GivesUpAfterASecondAndLetsEventsRunMeanwhile) {
-  play([this] {
-    toPlay();
-    Script::onScreen([this] { makeEndless(*board().Grid(), *program_->main.PentoPanel->Grid()); });
+  inGame([this] {
+    onScreen([this] { makeEndless(*board().Grid(), *main().PentoPanel->Grid()); });
     ask();
     int events = 0;
-    Script::waitFor("an answer", [&] { return ++events, line() != nullptr; });
+    waitFor("an answer", [&] { return ++events, line() != nullptr; });
     EXPECT_GT(events, 10);
     EXPECT_EQ(line()->text(), "Not known.");
     EXPECT_EQ(marks(), nullptr);
-    closeMain();
   });
 }
 
 TEST_F(HintWindow, MarksLastUntilTheBoardIsAnother) {
-  play([this] {
-    toPlay();
+  inGame([this] {
     EXPECT_EQ(answer("This piece fits here.").size(), 1u);
     takeFromTray();
-    Script::onScreen([this] { board().TurnQuarters(1); });
+    onScreen([this] { board().TurnQuarters(1); });
     EXPECT_TRUE(marked()) << "the way to the piece's place ended them";
     ask();
     EXPECT_FALSE(marked()) << "F3 again";
@@ -129,13 +126,12 @@ TEST_F(HintWindow, MarksLastUntilTheBoardIsAnother) {
     EXPECT_FALSE(marked()) << "a board piece taken up";
 
     answer("This piece fits here.");
-    resizeClient(program_->main, {700, 560});
+    resizeClient(main(), {700, 560});
     EXPECT_FALSE(marked()) << "a resize";
     answer("This piece fits here.");
     openChooser();
     EXPECT_FALSE(marked()) << "a load";
-    escape(program_->open);
-    closeMain();
+    escape(chooser());
   });
 }
 
