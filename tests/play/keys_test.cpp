@@ -18,6 +18,20 @@ class ByKeys : public PlayFixture {
     onScreen([] {});
   }
 
+  /// To whatever opened last: a menu or a dialog.
+  static void type(Qt::Key key) {
+    post([key] {
+      QWidget* menu = QApplication::activePopupWidget();
+      QTest::keyClick(menu ? menu : QApplication::focusWidget(), key);
+    });
+    onScreen([] {});
+  }
+
+  static bool chosen(const QAction& item) {
+    const auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    return menu && menu->activeAction() == &item;
+  }
+
   /// By arrows, so that a press would use this cell of the control.
   static void arrowsTo(const Form& window, PENTOWINDOW& control, const QPoint& cell) {
     const QPoint now = onScreen([&] { return control.CellOfHand(); });
@@ -94,24 +108,35 @@ TEST_F(ByKeys, EscapeTakesAPieceBackAsItLayAndKeysChangeNoText) {
   });
 }
 
-TEST_F(ByKeys, APuzzleIsMadeInTheEditor) {
+TEST_F(ByKeys, APuzzleIsMadeAndSaved) {
   play([this] {
+    const fs::path file = folder_ / "mine.qzl";
     waitOpen(splash());
     click(splash(), "imgEdit");
     waitOpen(edit());
     onScreen([&] { QCursor::setPos(edit().Client()->mapToGlobal(QPoint(2, 2))); });
-    type(edit(), Qt::Key_F6);  // the hand goes to the board
-    type(edit(), Qt::Key_F6);  // and the keys to the first button
-    type(edit(),
-         Qt::Key_Return);  // the piece appears under the hand, which the keys move from here
+    // The hand goes to the board, the keys to the first button; a piece appears under the hand.
+    for (Qt::Key pressed : {Qt::Key_F6, Qt::Key_F6, Qt::Key_Return}) type(edit(), pressed);
     arrowsTo(edit(), *edit().Grid, {4, 4});
     type(edit(), Qt::Key_Return);
-    EXPECT_EQ(onScreen([&] { return edit().Grid->Grid()->PentoCollection().Count(); }), 1U);
     for (Qt::Key pressed : {Qt::Key_F6, Qt::Key_Tab, Qt::Key_Space}) type(edit(), pressed);
     type(edit(), Qt::Key_Escape);  // a new piece is thrown away
     EXPECT_FALSE(onScreen([&] { return edit().Grid->Floating(); }));
-    onScreen([&] { edit().fFileChanged = false; });
-    menu(edit(), "mnuFileClose");
+
+    type(edit(), Qt::Key_F10);
+    while (onScreen([&] { return !chosen(*item(edit(), "mnuFileSaveAs")); })) type(Qt::Key_Down);
+    type(Qt::Key_Return);
+    waitFor("the file dialog", [] { return QApplication::activeModalWidget() != nullptr; });
+    onScreen([&] {
+      QTest::keyClicks(QApplication::focusWidget(), QString::fromStdString(file.string()));
+    });
+    type(Qt::Key_Return);
+    waitFor("the save", [&] { return !edit().fFileChanged; });
+    const auto pieces = PuzzleFormat::read(bytesOf(file)).pieces;
+    ASSERT_EQ(pieces.size(), 1U);
+    EXPECT_EQ(QPoint(pieces[0].x, pieces[0].y), QPoint(4, 4));
+    type(edit(), Qt::Key_F10);
+    for (Qt::Key pressed : {Qt::Key_Up, Qt::Key_Return}) type(pressed);  // Close
     waitClosed(edit());
   });
 }
