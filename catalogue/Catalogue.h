@@ -3,7 +3,7 @@
 #include <span>
 #include <string_view>
 
-/// The standard puzzles: the one list that chooser, tests and tools read.
+/// The standard puzzles: the one list that chooser, painter, robot and tests read.
 namespace Catalogue {
 
 /// The chooser's tabs, which are levels of difficulty.

@@ -6,8 +6,7 @@
 #include <string>
 
 /// How puzzle files reach the disk. The model makes and reads bytes; a store moves them. What the
-/// program uses is put in by its main function; streamPuzzleStore() needs nothing but the standard
-/// library.
+/// program uses is put in by Wiring; streamPuzzleStore() needs nothing but the standard library.
 struct PuzzleStore {
   /// True for an ordinary file (or a link to one) whose name does not begin with a dot.
   /// Errors: std::exception when the question itself fails (a malformed path, no permission).

@@ -42,7 +42,7 @@ extern bool fRandomFlip;
 /// The developer's build: saved puzzles are locked, locked puzzles may be edited.
 extern bool fDeveloperVersion;
 
-// --- wiring, set by the program's main function, the windows and the tests ---
+// --- wiring, set by Wiring, the windows and the tests ---
 
 /// The windows' boards. A window registers its own when it loads and withdraws them when it
 /// unloads.

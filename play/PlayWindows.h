@@ -7,8 +7,8 @@ class frmMain;
 class frmOpen;
 class frmSplash;
 
-/// What the windows of the game may call of each other. The program's main function makes the
-/// windows and fills this in before the first one shows.
+/// What the windows of the game may call of each other. Wiring makes the windows and fills
+/// this in before the first one shows.
 struct PlayWindows {
   frmSplash* Splash = nullptr;
   frmMain* Main = nullptr;
