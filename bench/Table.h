@@ -3,8 +3,8 @@
 #include <cstdio>
 #include <string>
 
-/// The table that all benchmarks print into: a row a figure, with the ratio that tells something on
-/// any machine, and the aim it is held against. Markdown, so that it can be pasted;
+/// The table that all benchmarks print into: a row for each figure, with the ratio that tells
+/// something on any machine, and the aim it is held against. Markdown, so that it can be pasted;
 /// its heading is scripts/benchmarks'.
 namespace Table {
 

@@ -40,7 +40,8 @@ void PENTOWINDOW::UserControl_Resize() {
   if (!grid_) {
     centreSurface(QSizeF(size()) * devicePixelRatioF());
   } else {
-    // The height of a caption button is a number of pixels; it was always added as one of twips.
+    // The height of a caption button is a number of pixels, but is added as if it were one of
+    // twips: so the margin has its usual width.
     const double margin = 2.0 * basKelvoWinAPI::GetSystemMetrics(basKelvoWinAPI::SM_CYSIZE);
     const int s = atlas_.tileWidth();
     centreSurface(QSizeF(s * grid_->Width() + margin / Twips::perDevicePixelX(*this),

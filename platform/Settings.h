@@ -8,10 +8,10 @@
 /// The per-user settings store: one file of the user's own, and no other is ever read. Keys live in
 /// sections, sections in applications; every value is a text in UTF-8.
 ///
-/// File:   `~/.config/MAKER/TITLE.conf` (below $XDG_CONFIG_HOME if that is set): lines "[section]"
-/// and
-///         "key=text", percent-encoded. Replaced as a whole (files/SafeFile.h), so reading needs no
-///         lock; two programs that write at once wait for each other by a lock file beside it.
+/// File:   `~/.config/MAKER/TITLE.conf` (below $XDG_CONFIG_HOME if that is set), of lines
+///         "[section]" and "key=text", percent-encoded. Replaced as a whole (files/SafeFile.h), so
+///         reading needs no lock; two programs that write at once wait for each other by a lock
+///         file beside it.
 /// Errors: nobody waits longer than 200 ms. A file that cannot be read counts as empty; where it
 ///         cannot be written or locked, all that is saved from then on holds until the program's
 ///         end. That is said once, in a line on the standard error stream.

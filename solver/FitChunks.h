@@ -16,7 +16,7 @@ class SupplyCode {
     int type, shift, bits;
   };
 
-  /// Types of which a tiling by so many pieces cannot use up all are not counted.
+  /// Types of which a tiling by `pieces` pieces cannot use up all are not counted.
   SupplyCode(const PieceSet& supply, int pieces) {
     for (int type = 0; type < PENTO::kTypes; ++type) {
       if (supply[type] == 0 || supply[type] >= pieces) continue;

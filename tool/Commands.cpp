@@ -61,11 +61,10 @@ const std::vector<Command>& commands() {
        "FILE... PICTURE",
        "paints puzzles as PNG, SVG or PDF",
        "A drawing without letters shows its shape. The picture's name tells the format. A FILE "
-       "that "
-       "is a folder stands for the puzzles in it. A PDF has as many puzzles on a page as there is "
-       "room for; an SVG is as large as its cells ask for, to be printed or cut. A picture has at "
-       "most 67 million "
-       "pixels. Searches give up as those of show do.",
+       "that is a folder stands for the puzzles in it. A PDF has as many puzzles on a page as "
+       "there is room for; an SVG is as large as its cells ask for, to be printed or cut. A "
+       "picture "
+       "has at most 67 million pixels. Searches give up as those of show do.",
        2,
        kAny,
        {{"shape", "", "the shape without the pieces"},
@@ -73,8 +72,8 @@ const std::vector<Command>& commands() {
         {"outlines", "", "lines to cut along instead of the game's textures"},
         {"tile", "PIXELS", "the edge of a cell in a PNG, 30 if not given"},
         {"cell", "MM",
-         "the edge of a cell in an SVG or PDF, in millimetres; 15 if not "
-         "given, 7 for many puzzles"},
+         "the edge of a cell in an SVG or PDF, in millimetres; 15 if not given, 7 for many "
+         "puzzles"},
         {"whole", "", "in a PNG of one puzzle: the whole board, not only the box of the shape"},
         {"sheet", "", "many puzzles in one PNG or SVG"},
         {"columns", "N", "puzzles side by side on a sheet, 6 if not given"},

@@ -65,7 +65,7 @@ std::string coloured(const std::string& text) {
 
 int makeCommand(const Arguments& arguments, Environment& environment) {
   Input input = readInput(arguments.positional[0], environment);
-  // A puzzle file's own solution is not asked for by who names pieces or a seed.
+  // Naming pieces or a seed asks for a new solution, not for the file's own.
   if (arguments.has("pieces") || arguments.has("repeats") || arguments.has("seed"))
     input.solution.clear();
   const int pieces = input.shape.area() / PENTO::kCells;

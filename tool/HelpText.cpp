@@ -13,8 +13,7 @@ namespace {
 
 constexpr std::string_view kGeneral =
     "A file named - is standard input or output. Options may stand anywhere behind the command; "
-    "--\n"
-    "ends them. No more than 1 MiB of a file is read.";
+    "--\nends them. No more than 1 MiB of a file is read.";
 constexpr std::string_view kUser =
     "The game's chooser shows on its tab Other, under their files' names, the puzzles that lie in "
     "your folder User";

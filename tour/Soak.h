@@ -8,12 +8,11 @@
 #include "tour/Trials.h"
 
 /// Plays all standard puzzles one after another in one process, every other one in normal mode,
-/// with a trial for nearly every piece, and watches memory and display meanwhile. Prints a line a
-/// puzzle.
+/// with a trial for nearly every piece, and watches memory and display meanwhile. Prints a line
+/// for each puzzle.
 ///
-/// Errors: Script::Error when a puzzle could not be solved, when a trial failed, when the display
-/// or
-///         the toolkit complained, or when memory grew by more than a twentieth from the 12th
+/// Errors: Script::Error when a puzzle could not be solved, a trial failed, the display or the
+///         toolkit complained, or memory grew by more than a twentieth from the 12th
 ///         puzzle to the last one.
 class Soak {
  public:

@@ -110,7 +110,7 @@ TEST(Textures, LetWhiteOutlinesShow) {
 }
 
 // Pairs of the published test data for CIEDE2000.
-TEST(Color, DistancesAreThePublishedOnes) {
+TEST(Colour, DistancesAreThePublishedOnes) {
   EXPECT_NEAR(difference({50, 2.6772, -79.7751}, {50, 0, -82.7485}), 2.0425, 1e-4);
   EXPECT_NEAR(difference({50, -1, 2}, {50, 0, 0}), 2.3669, 1e-4);
   EXPECT_NEAR(difference({50, 2.49, -0.001}, {50, -2.49, 0.0011}), 7.2195, 1e-4);
