@@ -62,9 +62,8 @@ const std::vector<Command>& commands() {
        "paints puzzles as PNG, SVG or PDF",
        "A drawing without letters shows its shape. The picture's name tells the format. A FILE "
        "that is a folder stands for the puzzles in it. A PDF has as many puzzles on a page as "
-       "there is room for; an SVG is as large as its cells ask for, to be printed or cut. A "
-       "picture "
-       "has at most 67 million pixels. Searches give up as those of show do.",
+       "there is room for; an SVG is as large as its cells ask for, to be printed or cut. "
+       "A picture has at most 67 million pixels. Searches give up as those of show do.",
        2,
        kAny,
        {{"shape", "", "the shape without the pieces"},
