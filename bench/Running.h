@@ -22,8 +22,7 @@ class Running {
     kill(pid_, SIGTERM);
     waitpid(pid_, nullptr, 0);
   }
-  Running(const Running&) = delete;
-  Running& operator=(const Running&) = delete;
+  Running(Running&&) = delete;
 
   double megabytes() const {
     std::ifstream status("/proc/" + std::to_string(pid_) + "/status");

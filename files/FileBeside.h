@@ -17,8 +17,7 @@ class FileBeside {
  public:
   /// Errors: NotBeside where the folder takes no new file; std::system_error.
   FileBeside(const Place& target, mode_t mode);
-  FileBeside(const FileBeside&) = delete;
-  FileBeside& operator=(const FileBeside&) = delete;
+  FileBeside(FileBeside&&) = delete;
   ~FileBeside();
 
   OpenFile& file() { return file_; }

@@ -8,8 +8,7 @@ class HeldSignals {
  public:
   HeldSignals();
   ~HeldSignals();
-  HeldSignals(const HeldSignals&) = delete;
-  HeldSignals& operator=(const HeldSignals&) = delete;
+  HeldSignals(HeldSignals&&) = delete;
 
   /// Whether one lives, in any thread. May be asked from a signal's handler.
   static bool any();

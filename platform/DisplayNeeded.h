@@ -9,6 +9,5 @@ class DisplayNeeded {
   /// The program's name, which begins the line.
   explicit DisplayNeeded(const char* program);
   ~DisplayNeeded();
-  DisplayNeeded(const DisplayNeeded&) = delete;
-  DisplayNeeded& operator=(const DisplayNeeded&) = delete;
+  DisplayNeeded(DisplayNeeded&&) = delete;
 };

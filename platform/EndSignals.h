@@ -14,8 +14,7 @@ class EndSignals {
  public:
   EndSignals();
   ~EndSignals();
-  EndSignals(const EndSignals&) = delete;
-  EndSignals& operator=(const EndSignals&) = delete;
+  EndSignals(EndSignals&&) = delete;
 
  private:
   QSocketNotifier notifier_;

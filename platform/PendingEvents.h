@@ -13,8 +13,7 @@ class NestedLoop {
  public:
   NestedLoop();
   ~NestedLoop();
-  NestedLoop(const NestedLoop&) = delete;
-  NestedLoop& operator=(const NestedLoop&) = delete;
+  NestedLoop(NestedLoop&&) = delete;
 
   static int depth();  ///< how many are alive
 };

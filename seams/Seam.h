@@ -13,8 +13,7 @@ template <typename Part>
 class Seam {
  public:
   explicit Seam(Part real) : part_(std::move(real)) {}
-  Seam(const Seam&) = delete;
-  Seam& operator=(const Seam&) = delete;
+  Seam(Seam&&) = delete;
 
   template <typename... Arguments>
   decltype(auto) operator()(Arguments&&... arguments) const {
@@ -36,8 +35,7 @@ class Replacement {
  public:
   Replacement(Seam<Part>& seam, std::type_identity_t<Part> other)
       : seam_(seam), before_(std::exchange(seam.part_, std::move(other))) {}
-  Replacement(const Replacement&) = delete;
-  Replacement& operator=(const Replacement&) = delete;
+  Replacement(Replacement&&) = delete;
   ~Replacement() { seam_.part_ = std::move(before_); }
 
  private:

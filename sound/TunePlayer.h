@@ -17,8 +17,7 @@ class TunePlayer {
   static constexpr int kPlaying = 526;
 
   TunePlayer() = default;
-  TunePlayer(const TunePlayer&) = delete;
-  TunePlayer& operator=(const TunePlayer&) = delete;
+  TunePlayer(TunePlayer&&) = delete;
   virtual ~TunePlayer() = default;
 
   /// The device that a file is opened on: "Sequencer".

@@ -21,8 +21,7 @@ class TuneSound {
   static std::shared_ptr<TuneSound> shared();
 
   TuneSound();
-  TuneSound(const TuneSound&) = delete;
-  TuneSound& operator=(const TuneSound&) = delete;
+  TuneSound(TuneSound&&) = delete;
   ~TuneSound();
 
   /// Lets a tune sound from its beginning, in place of any other.

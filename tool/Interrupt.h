@@ -8,8 +8,7 @@ class Interrupt {
  public:
   Interrupt();
   ~Interrupt();
-  Interrupt(const Interrupt&) = delete;
-  Interrupt& operator=(const Interrupt&) = delete;
+  Interrupt(Interrupt&&) = delete;
 
   static bool asked();  ///< since the last one was made
 };

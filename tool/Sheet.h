@@ -18,8 +18,7 @@ class TextDrawing {
  public:
   TextDrawing();
   ~TextDrawing();
-  TextDrawing(const TextDrawing&) = delete;
-  TextDrawing& operator=(const TextDrawing&) = delete;
+  TextDrawing(TextDrawing&&) = delete;
 
  private:
   QtMessageHandler usual_;  ///< Qt's remarks on desktop and environment are nothing to the maker

@@ -27,8 +27,7 @@ class Stopwatch {
     const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start_;
     err_ << std::fixed << std::setprecision(3) << taken.count() << " s\n";
   }
-  Stopwatch(const Stopwatch&) = delete;
-  Stopwatch& operator=(const Stopwatch&) = delete;
+  Stopwatch(Stopwatch&&) = delete;
 
  private:
   std::ostream& err_;

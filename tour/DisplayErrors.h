@@ -15,8 +15,7 @@ class DisplayErrors : public QAbstractNativeEventFilter {
  public:
   DisplayErrors();
   ~DisplayErrors() override;
-  DisplayErrors(const DisplayErrors&) = delete;
-  DisplayErrors& operator=(const DisplayErrors&) = delete;
+  DisplayErrors(DisplayErrors&&) = delete;
 
   int serverErrors() const { return serverErrors_; }
   int lookupsInVain() const { return lookupsInVain_; }  ///< the toolkit's, as told above

@@ -12,8 +12,7 @@ class EventBarrier : public QAbstractNativeEventFilter {
  public:
   EventBarrier();
   ~EventBarrier() override;
-  EventBarrier(const EventBarrier&) = delete;
-  EventBarrier& operator=(const EventBarrier&) = delete;
+  EventBarrier(EventBarrier&&) = delete;
 
   /// Sends the message over the script's own connection to the server (an Xlib Display) and waits
   /// until it has come through. Errors: Script::Error when it does not come.

@@ -8,8 +8,7 @@ class ManagerBarrier {
   /// `display` is an Xlib Display that outlives the object.
   explicit ManagerBarrier(void* display);
   ~ManagerBarrier();
-  ManagerBarrier(const ManagerBarrier&) = delete;
-  ManagerBarrier& operator=(const ManagerBarrier&) = delete;
+  ManagerBarrier(ManagerBarrier&&) = delete;
 
   /// Asks and waits for the answer; returns at once where there is no window manager. Errors:
   /// Script::Error when no answer comes.

@@ -12,8 +12,7 @@ class Neighbour {
  public:
   Neighbour();
   ~Neighbour();
-  Neighbour(const Neighbour&) = delete;
-  Neighbour& operator=(const Neighbour&) = delete;
+  Neighbour(Neighbour&&) = delete;
 
   /// Waits until the window stands on the screen, and returns a point inside it.
   QPointF middle();

@@ -20,8 +20,7 @@ class Robot {
  public:
   Robot();
   ~Robot();
-  Robot(const Robot&) = delete;
-  Robot& operator=(const Robot&) = delete;
+  Robot(Robot&&) = delete;
 
   void moveTo(const QPointF& point);  ///< in steps, as a hand would
   /// To a place that is asked for on the user-interface thread, and again once the pointer is

@@ -21,8 +21,7 @@ class HelpFile {
   /// says.
   static std::unique_ptr<HelpFile> open(std::unique_ptr<QIODevice> device);
   ~HelpFile();
-  HelpFile(const HelpFile&) = delete;
-  HelpFile& operator=(const HelpFile&) = delete;
+  HelpFile(HelpFile&&) = delete;
 
   bool contains(const QString& path) const;
   /// A file's bytes; nothing when there is no such file, or it is damaged or too large.

@@ -8,8 +8,7 @@ class KernelLock {
  public:
   KernelLock() = default;
   ~KernelLock() { drop(); }
-  KernelLock(const KernelLock&) = delete;
-  KernelLock& operator=(const KernelLock&) = delete;
+  KernelLock(KernelLock&&) = delete;
 
   /// True when the lock is held afterwards; false at once when another holds it, or on an error.
   bool take(const QString& file);

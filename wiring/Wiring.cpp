@@ -45,8 +45,7 @@ class WithoutPlugins {
  public:
   WithoutPlugins() { QCoreApplication::setLibraryPaths({}); }
   ~WithoutPlugins() { QCoreApplication::setLibraryPaths(paths_); }
-  WithoutPlugins(const WithoutPlugins&) = delete;
-  WithoutPlugins& operator=(const WithoutPlugins&) = delete;
+  WithoutPlugins(WithoutPlugins&&) = delete;
 
  private:
   const QStringList paths_ = QCoreApplication::libraryPaths();

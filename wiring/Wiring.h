@@ -15,8 +15,7 @@
 class Wiring {
  public:
   Wiring();
-  Wiring(const Wiring&) = delete;
-  Wiring& operator=(const Wiring&) = delete;
+  Wiring(Wiring&&) = delete;
 
   /// Starts the program: state, user folder, tunes, splash window.
   void start();

@@ -24,8 +24,7 @@ class TestDisk {
   int calls = 0;
 
   TestDisk() : replacement_(SafeFile::disk, countedCalls()) {}
-  TestDisk(const TestDisk&) = delete;
-  TestDisk& operator=(const TestDisk&) = delete;
+  TestDisk(TestDisk&&) = delete;
 
  private:
   DiskCalls countedCalls() {
@@ -88,8 +87,7 @@ class TestFolder {
     std::filesystem::remove_all(path);
     std::filesystem::create_directories(path);
   }
-  TestFolder(const TestFolder&) = delete;
-  TestFolder& operator=(const TestFolder&) = delete;
+  TestFolder(TestFolder&&) = delete;
   ~TestFolder() {
     std::error_code ignored;
     std::filesystem::remove_all(path, ignored);

@@ -32,8 +32,7 @@ class BareWindows {
     reset();
     basTiles::targets = {&board, &tray, &editor};
   }
-  BareWindows(const BareWindows&) = delete;
-  BareWindows& operator=(const BareWindows&) = delete;
+  BareWindows(BareWindows&&) = delete;
   ~BareWindows() { reset(); }
 
   std::vector<std::string> calls;  ///< what the loader asked of the controls, in order
