@@ -75,6 +75,8 @@ endfunction()
 if(CPACK_GENERATOR STREQUAL DEB)
   lay_out_debian(${CPACK_TEMPORARY_INSTALL_DIRECTORY})
   pack_documents(${CPACK_TEMPORARY_INSTALL_DIRECTORY})
+  # Whatever the mask of whoever packs, all may read.
+  execute_process(COMMAND chmod -R u=rwX,go=rX ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr COMMAND_ERROR_IS_FATAL ANY)
 else()
   lay_out_source(${CPACK_TEMPORARY_INSTALL_DIRECTORY})
 endif()

@@ -33,11 +33,10 @@ set(CPACK_SOURCE_PACKAGE_FILE_NAME quinzolith-${PROJECT_VERSION})
 # The source is taken from git, not from the folder.
 set(CPACK_SOURCE_INSTALLED_DIRECTORIES "")
 
-# The same bytes at any time, under any mask: files bear the day of the release, not of packing.
-set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
-  OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+# The same bytes at any time: files bear the day of the release, not of packing.
 set(CPACK_QUINZOLITH_RELEASED ${QUINZOLITH_RELEASED})
 set(CPACK_PROJECT_CONFIG_FILE ${PROJECT_SOURCE_DIR}/cmake/WhilePacking.cmake)
 
 set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/BeforePacking.cmake)
+set(CPACK_POST_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/AfterPacking.cmake)
 include(CPack)
