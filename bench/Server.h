@@ -1,9 +1,12 @@
 #pragma once
 
 #include <X11/Xlib.h>
+#include <X11/Xutil.h>
 #include <X11/extensions/XTest.h>
 
 #include <chrono>
+#include <cstddef>
+#include <initializer_list>
 #include <string>
 #include <thread>
 #include <utility>
@@ -16,10 +19,11 @@ class Server {
   /// How many windows can be seen whose title begins with the text.
   int visible(const std::string& title) { return count(DefaultRootWindow(display_), title); }
 
-  void key(KeySym sym) {
-    const KeyCode code = XKeysymToKeycode(display_, sym);
-    XTestFakeKeyEvent(display_, code, True, 0);
-    XTestFakeKeyEvent(display_, code, False, 0);
+  /// Presses the keys one after the other, then lets all go.
+  void keys(std::initializer_list<KeySym> symbols) {
+    for (const Bool pressed : {True, False})
+      for (const KeySym symbol : symbols)
+        XTestFakeKeyEvent(display_, XKeysymToKeycode(display_, symbol), pressed, 0);
     XSync(display_, False);
   }
   void move(int x, int y) {
@@ -39,6 +43,15 @@ class Server {
     XQueryPointer(display_, DefaultRootWindow(display_), &root, &child, &x, &y, &inX, &inY,
                   &buttons);
     return {x, y};
+  }
+  /// The pixels in the middle of the screen, without the pointer.
+  std::string middle(int width, int height) {
+    XImage* image = XGetImage(display_, DefaultRootWindow(display_), (this->width() - width) / 2,
+                              (this->height() - height) / 2, static_cast<unsigned>(width),
+                              static_cast<unsigned>(height), AllPlanes, ZPixmap);
+    std::string pixels(image->data, static_cast<std::size_t>(image->bytes_per_line * height));
+    XDestroyImage(image);
+    return pixels;
   }
   int width() const { return DisplayWidth(display_, DefaultScreen(display_)); }
   int height() const { return DisplayHeight(display_, DefaultScreen(display_)); }

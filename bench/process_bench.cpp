@@ -10,6 +10,7 @@
 #include <thread>
 #include <vector>
 
+#include "bench/PlayWindow.h"
 #include "bench/Running.h"
 #include "bench/Server.h"
 #include "bench/Table.h"
@@ -17,12 +18,9 @@
 namespace {
 
 using Clock = std::chrono::steady_clock;
-using Seconds = std::chrono::duration<double>;
 
 constexpr int kStarts = 11;
 constexpr Seconds kWatched{10};
-constexpr Seconds kFocus{1};     // in which the window manager hands the keys over
-constexpr Seconds kSettled{2};   // after which nothing goes on any more
 constexpr Seconds kAnswer{0.1};  // in which the game has seen to a press
 
 struct Start {
@@ -82,19 +80,6 @@ double percentOfACore(const Running& game, During during) {
   const auto begin = Clock::now();
   while (Clock::now() - begin < kWatched) during();
   return 100 * (game.processorTime() - before) / Seconds(Clock::now() - begin).count();
-}
-
-/// From the splash window through the chooser to the play window with the Rocket puzzle.
-void openPlayWindow(Server& server) {
-  waitFor(server, "Quinzolith");
-  std::this_thread::sleep_for(kFocus);
-  server.key(XK_Return);
-  waitFor(server, "Select Quinzolith Puzzle");
-  std::this_thread::sleep_for(kFocus);
-  server.key(XK_Escape);
-  waitFor(server, "Select Quinzolith Puzzle", false);
-  server.move(server.width() / 2, server.height() / 2);
-  std::this_thread::sleep_for(kSettled);
 }
 
 /// Presses down the tray until the game moves the pointer: to the middle of the piece it picked up.
