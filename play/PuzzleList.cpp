@@ -11,12 +11,13 @@ namespace {
 constexpr QRgb kMask = qRgb(192, 192, 192);
 constexpr QSize kIconSize(32, 32);
 constexpr QSize kEntrySize(72, 66);  // the least; columns share what room there is
-// Of an entry: the first row keeps off the frame; the style's margins round a title may lie over
-// the neighbours', so that "Christmas Tree" is one line.
-constexpr QMargins kAround(-1, 4, -1, 0);
+constexpr int kAbove = 4;            // of an entry: the first row keeps off the frame
+// A title is narrowed to as little as that, in per cent, if it stands on one line then: "Medium
+// Triangle" is 2 pixels wider than a column.
+constexpr int kNarrowest = 92;
 
 /// A picture over its title. Titles are file names: they are shown as they are, and what does not
-/// fit ends in dots.
+/// fit is narrowed a little, or breaks into lines, of which the last ends in dots.
 class PuzzleDelegate : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
@@ -31,11 +32,28 @@ class PuzzleDelegate : public QStyledItemDelegate {
  protected:
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
     QStyledItemDelegate::initStyleOption(option, index);
-    option->rect = option->rect.marginsRemoved(kAround);
+    const int margin = marginOf(*option);
+    option->rect.adjust(1 - margin, kAbove, margin - 1, 0);
+    narrow(*option, option->rect.width() - 2 * margin - 1);
     option->decorationPosition = QStyleOptionViewItem::Top;
     option->decorationAlignment = Qt::AlignCenter;
     option->displayAlignment = Qt::AlignHCenter | Qt::AlignTop;
     option->showDecorationSelected = false;  // the title only; the picture is tinted
+  }
+
+ private:
+  /// The style's, on each side of a title. It may lie over the neighbours'.
+  static int marginOf(const QStyleOptionViewItem& option) {
+    const QStyle& style = *option.widget->style();
+    return style.pixelMetric(QStyle::PM_FocusFrameHMargin, &option, option.widget) + 1;
+  }
+
+  /// To that many pixels, if so little is missing that it does not show.
+  static void narrow(QStyleOptionViewItem& option, int room) {
+    const int stretch = 100 * room / std::max(1, option.fontMetrics.horizontalAdvance(option.text));
+    if (stretch >= 100 || stretch < kNarrowest) return;
+    option.font.setStretch(stretch);
+    option.fontMetrics = QFontMetrics(option.font);
   }
 };
 
