@@ -7,7 +7,7 @@
 #include "platform/Pointer.h"
 
 Hand::Hand(QWidget& window)
-    : QObject(&window), window_(window), keys_(window), mark_(new HandMark(&window)) {
+    : QObject(&window), window_(window), touch_(window, keys_), mark_(new HandMark(&window)) {
   setObjectName("hand");
   window.installEventFilter(this);
 }
@@ -38,6 +38,11 @@ void Hand::put(const QPointF& global) {
   Pointer::insist(global, window_);
 }
 
+void Hand::serve(PENTOWINDOW& board, PENTOWINDOW* tray) {
+  keys_.serve(board, tray);
+  touch_.listen();
+}
+
 bool Hand::keyPressed(const QKeyEvent& event) {
   if (!keys_.press(event)) return false;
   if (!Form::Unloaded(&window_)) showMark();
@@ -60,6 +65,13 @@ void Hand::pointerMoved() {
 
 bool Hand::eventFilter(QObject*, QEvent* event) {
   switch (event->type()) {
+    case QEvent::WinIdChange:
+    case QEvent::Show:
+      touch_.listen();
+      break;
+    case QEvent::WindowBlocked:
+      touch_.cancel();  // nobody tells a blocked window that a finger is lifted
+      break;
     case QEvent::WindowActivate:
     case QEvent::WindowUnblocked:
     case QEvent::WindowStateChange:

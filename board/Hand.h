@@ -7,11 +7,12 @@
 
 #include "board/HandKeys.h"
 #include "board/HandMark.h"
+#include "board/Touch.h"
 #include "model/PENTO.h"
 
 /// The one hand of a window, which its board controls share: where it is, and whether it holds a
 /// piece. What a control draws in the air is computed from it, and a press lays down what was
-/// drawn. The mouse moves it, and so do keys.
+/// drawn. The mouse moves it, and so do keys and fingers.
 ///
 /// Whenever the window may show something else under a hand at rest that holds a piece (it becomes
 /// active, a dialog over it closes, it comes back from the task bar), a move of the pointer
@@ -42,9 +43,10 @@ class Hand : public QObject {
   void tookFrom(const Origin& origin) { origin_ = origin; }
   const Origin& origin() const { return origin_; }
 
-  /// Lets keys move the hand between the window's boards. `tray` may be null.
-  void serveKeys(PENTOWINDOW& board, PENTOWINDOW* tray) { keys_.serve(board, tray); }
+  /// Lets keys and fingers move the hand between the window's boards. `tray` may be null.
+  void serve(PENTOWINDOW& board, PENTOWINDOW* tray);
   const HandKeys& keys() const { return keys_; }
+  const Touch& touch() const { return touch_; }
   void toBoard();  ///< moves the hand onto the board, by key
   /// True when the key has moved or used the hand; then a mark shows where it is, until the pointer
   /// is moved.
@@ -61,5 +63,6 @@ class Hand : public QObject {
   QSet<const QWidget*> controls_;  ///< those in which a piece floats
   Origin origin_;
   HandKeys keys_;
+  Touch touch_;
   HandMark* mark_;
 };

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "board/Hand.h"
 #include "board/PENTOWINDOW.h"
+#include "platform/Pointer.h"
 
 namespace {
 
@@ -51,14 +51,19 @@ void HandKeys::serve(PENTOWINDOW& board, PENTOWINDOW* tray) {
 }
 
 std::vector<PENTOWINDOW*> HandKeys::boards() const {
+  if (!board_) return {};
   if (!tray_) return {board_};
   return {tray_, board_};
 }
 
-PENTOWINDOW* HandKeys::underHand() const {
+PENTOWINDOW* HandKeys::under(const QPointF& global) const {
   for (PENTOWINDOW* control : boards())
-    if (QRectF(control->rect()).contains(Hand::of(window_).over(*control))) return control;
+    if (QRectF(control->rect()).contains(control->mapFromGlobal(global))) return control;
   return nullptr;
+}
+
+PENTOWINDOW* HandKeys::underHand() const {
+  return under(Pointer::position());
 }
 
 PENTOWINDOW* HandKeys::carrying() const {

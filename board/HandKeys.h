@@ -2,7 +2,7 @@
 
 #include <QKeyEvent>
 #include <QPoint>
-#include <QWidget>
+#include <QPointF>
 #include <vector>
 
 class PENTOWINDOW;
@@ -22,8 +22,6 @@ class PENTOWINDOW;
 /// the board. Only arrows repeat when they are held.
 class HandKeys {
  public:
-  explicit HandKeys(QWidget& window) : window_(window) {}
-
   /// The board to which pieces belong, and the tray from which they come (null: there is none).
   void serve(PENTOWINDOW& board, PENTOWINDOW* tray);
 
@@ -31,11 +29,14 @@ class HandKeys {
   bool press(const QKeyEvent& event);
   /// Moves the hand onto the board, where it is not there yet.
   void toBoard();
+  /// The board control at a point of the desktop (logical pixels), or null.
+  PENTOWINDOW* under(const QPointF& global) const;
   /// The board control that the hand is over, or null.
   PENTOWINDOW* underHand() const;
+  /// A board control in which a piece floats, or null.
+  PENTOWINDOW* carrying() const;
 
  private:
-  PENTOWINDOW* carrying() const;
   PENTOWINDOW* beside(const PENTOWINDOW& from, int direction) const;
   void step(const QPoint& by);
   void goTo(PENTOWINDOW& control, const QPoint& cell);
@@ -43,7 +44,6 @@ class HandKeys {
   void nextOf(PENTOWINDOW& control, const std::vector<QPoint>& cells, int direction);
   std::vector<PENTOWINDOW*> boards() const;
 
-  QWidget& window_;
   PENTOWINDOW* board_ = nullptr;
   PENTOWINDOW* tray_ = nullptr;
 };

@@ -73,10 +73,14 @@ class PENTOWINDOW : public PointerSurface, public PuzzleTarget {
   /// The nearest cell that the hand, with the floating piece, can be put to.
   QPoint NearestCellForHand(const QPoint& cell) const;
   void HandToCell(const QPoint& cell);
-  void PressAtHand();               ///< a left press where the hand is
+  void PressAtHand(Button button = kLeft);  ///< a press where the hand is
   void TurnQuarters(int quarters);  ///< turns the floating piece clockwise; easy mode asks once
   /// Lays the floating piece down with its corner in a cell. False where it does not fit.
   bool LayDownAt(const QPoint& cell);
+  /// A point of the desktop, logical pixels, is on the floating piece, or between its arms.
+  bool FloatsAt(const QPointF& global) const;
+  /// The middle of the floating piece on the desktop, logical pixels.
+  QPointF FloatingMiddle() const;
   /// Lays the floating piece, as it lay, where it was picked up, else at the nearest free place of
   /// the tray. A piece that was never picked up is thrown away where there is no tray.
   void TakeBack(PENTOWINDOW* tray);
@@ -140,6 +144,7 @@ class PENTOWINDOW : public PointerSurface, public PuzzleTarget {
   bool showsStalePicture() const;
   void showOffSurface();
   void floats(bool piece);
+  QPointF grabPoint(int tile) const;
   void grabCentre(int tile);
   bool RecenterGrab();  // true when it redrew
 

@@ -10,11 +10,6 @@ namespace {
 
 constexpr double kCentredEnough = 2;  // pixels by which the grab point may miss the centre
 
-/// The centre of a piece along a side of `cells` tiles, in pixels.
-std::int16_t centreOf(int tile, int cells) {
-  return static_cast<std::int16_t>(nearest(tile * cells / 2.0));
-}
-
 QPoint rounded(const QPointF& point) {
   return {nearest(point.x()), nearest(point.y())};
 }
@@ -41,9 +36,17 @@ void PENTOWINDOW::floats(bool piece) {
   unsetCursor();
 }
 
+/// Where the hand holds the floating piece, in pixels from its corner: in its middle; a finger,
+/// which would hide it, from one cell below.
+QPointF PENTOWINDOW::grabPoint(int tile) const {
+  const int width = FloatingPento_->Width(), height = FloatingPento_->Height();
+  return {tile * width / 2.0, hand().touch().lifts() ? tile * (height + 1.0) : tile * height / 2.0};
+}
+
 void PENTOWINDOW::grabCentre(int tile) {
-  GrabX_ = centreOf(tile, FloatingPento_->Width());
-  GrabY_ = centreOf(tile, FloatingPento_->Height());
+  const QPointF grab = grabPoint(tile);
+  GrabX_ = static_cast<std::int16_t>(nearest(grab.x()));
+  GrabY_ = static_cast<std::int16_t>(nearest(grab.y()));
 }
 
 void PENTOWINDOW::ShowFloatingPento() {
@@ -109,10 +112,9 @@ void PENTOWINDOW::showOffSurface() {
 /// Keeps the piece centred on the hand after a turn: the cursor is placed on the old grab point,
 /// which is where the hand is, and the new one is the piece's centre.
 bool PENTOWINDOW::RecenterGrab() {
-  const int s = atlas_.tileWidth();
-  const PENTO& piece = *FloatingPento_;
-  if (std::abs(GrabX_ - s * piece.Width() / 2.0) <= kCentredEnough &&
-      std::abs(GrabY_ - s * piece.Height() / 2.0) <= kCentredEnough)
+  const QPointF grab = grabPoint(atlas_.tileWidth());
+  if (std::abs(GrabX_ - grab.x()) <= kCentredEnough &&
+      std::abs(GrabY_ - grab.y()) <= kCentredEnough)
     return false;
   const auto [x, y] = basKelvoWinAPI::GetCursorPos(*this);
   basKelvoWinAPI::SetCursorPos(x, y, *this);

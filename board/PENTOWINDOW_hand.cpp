@@ -1,4 +1,4 @@
-// What keys do with the hand, by the handlers of the mouse.
+// What keys and fingers do with the hand, by the handlers of the mouse.
 #include <algorithm>
 
 #include "board/PENTOWINDOW.h"
@@ -57,14 +57,27 @@ void PENTOWINDOW::HandToCell(const QPoint& cell) {
              (pixel + QPointF(kBorderStep, kBorderStep)) / devicePixelRatioF());
 }
 
-void PENTOWINDOW::PressAtHand() {
+void PENTOWINDOW::PressAtHand(Button button) {
   const QPointF at = pctFore_->toPicture(hand().over(*pctFore_));
-  pctFore_MouseDown(kLeft, at.x(), at.y());
+  pctFore_MouseDown(button, at.x(), at.y());
 }
 
 void PENTOWINDOW::TurnQuarters(int quarters) {
   for (int i = 0; i < quarters && fFloating_; ++i)
     if (!turn()) return;
+}
+
+bool PENTOWINDOW::FloatsAt(const QPointF& global) const {
+  if (!drawnAt_) return false;
+  const DirtyRectangle box = floatingBox();
+  return QRectF(box.left, box.top, box.right - box.left, box.bottom - box.top)
+      .contains(pctFore_->toPicture(pctFore_->mapFromGlobal(global)));
+}
+
+QPointF PENTOWINDOW::FloatingMiddle() const {
+  const int s = atlas_.tileWidth();
+  const QPointF middle(s * FloatingPento_->Width() / 2.0, s * FloatingPento_->Height() / 2.0);
+  return Pointer::position() + (middle - QPointF(GrabX_, GrabY_)) / devicePixelRatioF();
 }
 
 bool PENTOWINDOW::LayDownAt(const QPoint& cell) {

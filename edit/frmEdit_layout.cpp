@@ -33,7 +33,7 @@ void frmEdit::BuildControls() {
     fFileChanged = true;
     hint_.end();
   };
-  Hand::of(*Grid).serveKeys(*Grid, nullptr);
+  Hand::of(*Grid).serve(*Grid, nullptr);
   Grid->setFocus();
   addKey(Qt::Key_F6, [this] { switchBetweenButtonsAndBoard(); });
   addKey(Qt::Key_Escape, [this] {

@@ -39,8 +39,11 @@ class Listener : public QObject {
   }
 
   void keep(const QPointF& position) { kept_ = position; }
+  void follow(const std::optional<QPointF>& finger) { finger_ = finger; }
+  bool follows() const { return finger_.has_value(); }
 
   QPointF position() {
+    if (finger_) return *finger_;
     if (kept_) return *kept_;
     const qint64 now = server->nanoseconds();
     if (known_ || (asked_ >= 0 && now - asked_ < kSameMoment)) return last_;
@@ -69,6 +72,7 @@ class Listener : public QObject {
 
   QPointF last_;
   std::optional<QPointF> kept_;
+  std::optional<QPointF> finger_;
   bool known_ = false;
   qint64 asked_ = -1;
   qint64 lastMove_ = -1'000'000'000;
@@ -81,6 +85,10 @@ Listener* listener = nullptr;
 bool comesCloser(const QPointF& wanted, const QPointF& now) {
   const QPointF reached = wanted.toPoint();
   return (reached - wanted).manhattanLength() < (now - wanted).manhattanLength();
+}
+
+bool followsFinger() {
+  return listener && listener->follows();
 }
 
 }  // namespace
@@ -104,7 +112,7 @@ QPointF position() {
 }
 
 void place(const QPointF& wanted, QWidget& window) {
-  if (comesCloser(wanted, position())) {
+  if (!followsFinger() && comesCloser(wanted, position())) {
     server->place(wanted);
     forget();
   }
@@ -113,8 +121,18 @@ void place(const QPointF& wanted, QWidget& window) {
 
 void insist(const QPointF& wanted, QWidget& window) {
   place(wanted, window);
-  if (listener && (server->position() - wanted).manhattanLength() > kReached)
+  if (listener && !followsFinger() && (server->position() - wanted).manhattanLength() > kReached)
     listener->keep(wanted);
+}
+
+void follow(const QPointF& finger) {
+  if (listener) listener->follow(finger);
+}
+
+void stay(const QPointF& position) {
+  if (!listener) return;
+  listener->follow(std::nullopt);
+  listener->keep(position);
 }
 
 void moveFollows(QWidget& window) {

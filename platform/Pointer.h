@@ -34,6 +34,12 @@ void place(const QPointF& position, QWidget& window);
 /// until it hears of a motion.
 void insist(const QPointF& position, QWidget& window);
 
+/// A finger on the screen leads: until it has left, the pointer is where the finger is, whatever
+/// the mouse does, and is not placed.
+void follow(const QPointF& finger);
+/// The finger has left: the pointer is taken to be there until the program hears of a motion.
+void stay(const QPointF& position);
+
 /// Lets a move follow as if the pointer had just come to where it is. The move is posted, never
 /// sent from inside; a move that the server tells of meanwhile takes its place, and so does a later
 /// one of ours. It goes to the PointerSurface under the pointer, if there is one and no dialog

@@ -26,7 +26,7 @@ void frmMain::BuildControls() {
   Grid = BoardLayout::newControl(Client(), "Grid", "Board");
   fraCover_ = BoardLayout::newCover(Client());
   connectBoards();
-  Hand::of(*Grid).serveKeys(*Grid, PentoPanel);
+  Hand::of(*Grid).serve(*Grid, PentoPanel);
   PentoPanel->setFocus();
   buildMenus();
 
