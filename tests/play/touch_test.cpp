@@ -31,7 +31,6 @@ class ByTouch : public PlayFixture {
     int turns = 0, mirrorings = 0;
   };
 
-  frmMain& main() { return program_->main; }
   PENTOWINDOW& board() { return *main().Grid; }
   PENTOWINDOW& tray() { return *main().PentoPanel; }
 
@@ -41,14 +40,12 @@ class ByTouch : public PlayFixture {
     puzzle.AddPento(makePiece(5), 6, 6);
     const fs::path file = folder_ / "two.qzl";
     putBytes(file, PuzzleFormat::write(puzzle, PuzzleFormat::kUnlocked));
-    Script::onScreen([&] {
+    onScreen([&] {
       basTiles::fRandomFlip = basTiles::fRandomRotation = false;
       board().fEasyMode = tray().fEasyMode = easy;
       EXPECT_TRUE(basTiles::LoadPuzzle(file, false));
       for (const auto& [id, piece] : tray().Grid()->PentoCollection())
-        if (piece->PentoType() == 5) piece_ = piece;
-      home_ =
-          pixel(tray(), piece_->X() + piece_->GridX(0) + 0.5, piece_->Y() + piece_->GridY(0) + 0.5);
+        if (piece->PentoType() == 5) take(piece);
     });
   }
 
@@ -58,10 +55,10 @@ class ByTouch : public PlayFixture {
     return surface->screenCorner() + QPointF(border + column * s, border + row * s);
   }
 
-  /// A point of the piece, where it lies in the tray.
-  QPointF onPiece() {
-    return pixel(tray(), piece_->X() + piece_->GridX(0) + 0.5,
-                 piece_->Y() + piece_->GridY(0) + 0.5);
+  /// The piece that the gestures are for, and where a finger finds it in the tray.
+  void take(const PentoRef& piece) {
+    piece_ = piece;
+    home_ = pixel(tray(), piece->X() + piece->GridX(0) + 0.5, piece->Y() + piece->GridY(0) + 0.5);
   }
 
   QPointF point(Place place) {
@@ -101,7 +98,7 @@ class ByTouch : public PlayFixture {
   }
 
   void moveMouse(Place place) {
-    Script::onScreen([&] {
+    onScreen([&] {
       QTest::mouseMove(main().Window()->windowHandle(),
                        main().Window()->mapFromGlobal(point(place)).toPoint());
     });
@@ -109,10 +106,10 @@ class ByTouch : public PlayFixture {
 
   void perform(const Step& step) {
     if (step.what == Do::LongPress)
-      return Script::waitFor("the turn", [&] { return piece_->RotationCount == 1; });
+      return waitFor("the turn", [&] { return piece_->RotationCount == 1; });
     if (step.what == Do::Mouse) return moveMouse(step.where);
-    Script::onScreen([&] { touch(step.finger, step.what, point(step.where)); });
-    Script::onScreen([] {});  // a move that follows
+    onScreen([&] { touch(step.finger, step.what, point(step.where)); });
+    onScreen([] {});  // a move that follows
   }
 
   void perform(const std::vector<Step>& steps) {
@@ -120,7 +117,7 @@ class ByTouch : public PlayFixture {
   }
 
   Piece whereItLies() {
-    return Script::onScreen([&] {
+    return onScreen([&] {
       EXPECT_EQ(board().Floating(), tray().Floating());
       if (board().Floating()) return board().FloatingPento() == piece_ ? Piece::Air : Piece::Tray;
       return board().Grid()->PentoAt(6, 6) == piece_ ? Piece::Board : Piece::Tray;
@@ -128,7 +125,7 @@ class ByTouch : public PlayFixture {
   }
 
   void expectAsDrawnAfterAFullRepaint() {
-    Script::onScreen([&] {
+    onScreen([&] {
       for (PENTOWINDOW* control : {&board(), &tray()}) {
         auto* surface = dynamic_cast<PictureBox*>(control->findChild<QWidget*>("pctFore"));
         const QImage now = surface->picture().view().copy();
@@ -147,7 +144,7 @@ TEST_F(ByTouch, Gestures) {
   using enum Do;
   using enum Place;
   const std::vector<Step> dragOver{{0, Down, Tray}, {0, Move, BelowGoal}};
-  const std::vector<Step> take{{0, Down, Tray}, {0, Up, Tray}};
+  const std::vector<Step> tap{{0, Down, Tray}, {0, Up, Tray}};
   const auto then = [](std::vector<Step> first, const std::vector<Step>& next) {
     first.insert(first.end(), next.begin(), next.end());
     return first;
@@ -155,10 +152,10 @@ TEST_F(ByTouch, Gestures) {
   const std::vector<Gesture> gestures{
       {"a drag lays the piece that hangs above the finger", then(dragOver, {{0, Up, BelowGoal}}),
        Piece::Board},
-      {"a tap takes", take, Piece::Air},
-      {"a tap lays where it is", then(take, {{0, Down, Goal}, {0, Up, Goal}}), Piece::Board},
+      {"a tap takes", tap, Piece::Air},
+      {"a tap lays where it is", then(tap, {{0, Down, Goal}, {0, Up, Goal}}), Piece::Board},
       {"a tap on the carried piece is a press where it hangs",
-       then(take, {{0, Mouse, Goal}, {0, Down, CarriedFoot}, {0, Up, CarriedFoot}}), Piece::Board},
+       then(tap, {{0, Mouse, Goal}, {0, Down, CarriedFoot}, {0, Up, CarriedFoot}}), Piece::Board},
       {"a second finger turns", then(dragOver, {{1, Down, Wall}, {1, Up, Wall}}), Piece::Air, 1},
       {"it turns each time",
        then(dragOver, {{1, Down, Wall}, {1, Up, Wall}, {2, Down, Wall}, {2, Up, Wall}}), Piece::Air,
@@ -172,7 +169,7 @@ TEST_F(ByTouch, Gestures) {
        {{0, Down, Tray}, {1, Down, Wall}, {1, Up, Wall}, {0, Up, Tray}},
        Piece::Air,
        1},
-      {"a long press turns", then(take, {{0, Down, Carried}, {0, LongPress}, {0, Up, Carried}}),
+      {"a long press turns", then(tap, {{0, Down, Carried}, {0, LongPress}, {0, Up, Carried}}),
        Piece::Air, 1},
       {"a refused drop stays in the air", then(dragOver, {{0, Move, Wall}, {0, Up, Wall}}),
        Piece::Air},
@@ -189,8 +186,7 @@ TEST_F(ByTouch, Gestures) {
        {{0, Down, Wall}, {0, Move, Tray}, {0, Up, Tray}},
        Piece::Tray},
   };
-  play([&] {
-    toPlay();
+  inGame([&] {
     for (const Gesture& gesture : gestures) {
       SCOPED_TRACE(gesture.name);
       start();
@@ -201,7 +197,6 @@ TEST_F(ByTouch, Gestures) {
       for (const int finger : fingers_.keys()) perform({finger, Up, Beyond});
       expectAsDrawnAfterAFullRepaint();
     }
-    closeMain();
   });
 }
 
@@ -210,36 +205,33 @@ TEST_F(ByTouch, AFingerIsThePointerAndTheMouseIsItAgainWhenItMoves) {
   Pointer::Server server;
   server.place = [&](const QPointF&) { ++placed; };
   const Replacement<Pointer::Server> counting(Pointer::server, server);
-  play([&] {
-    toPlay();
+  inGame([&] {
     start();
     perform({{0, Do::Down, Place::Tray}, {0, Do::Move, Place::BelowGoal}});
-    Script::onScreen([&] {
+    onScreen([&] {
       const QPoint finger = point(Place::BelowGoal).toPoint();
       const auto [x, y] = basKelvoWinAPI::GetCursorPos(board());
       EXPECT_LE((QPoint(x, y) - finger).manhattanLength(), 1);
       basKelvoWinAPI::SetCursorPos(1, 1, board());
     });
     EXPECT_EQ(placed, 0);
-    EXPECT_EQ(Script::onScreen([&] { return board().CellOfHand(); }), QPoint(6, 6));
+    EXPECT_EQ(onScreen([&] { return board().CellOfHand(); }), QPoint(6, 6));
 
     perform({{0, Do::Move, Place::Beyond}, {0, Do::Up, Place::Beyond}});
     moveMouse(Place::Wall);  // the toolkit tells of no move to where the mouse last was
     moveMouse(Place::Goal);
-    EXPECT_EQ(Script::onScreen([&] { return board().CellOfHand(); }), QPoint(6, 6));
-    closeMain();
+    EXPECT_EQ(onScreen([&] { return board().CellOfHand(); }), QPoint(6, 6));
   });
 }
 
 TEST_F(ByTouch, ADialogEndsWhatFingersBeganAndTouchPadsAreNoFingers) {
-  play([&] {
-    toPlay();
+  inGame([&] {
     start(true);
     perform(
         {{0, Do::Down, Place::Tray}, {0, Do::Move, Place::BelowGoal}, {1, Do::Down, Place::Wall}});
-    Script::post([&] { touch(1, Do::Up, point(Place::Wall)); });
+    post([&] { touch(1, Do::Up, point(Place::Wall)); });
     EXPECT_NE(answer(QMessageBox::Yes), "");
-    Script::waitFor("the turn", [&] { return piece_->RotationCount == 1; });
+    waitFor("the turn", [&] { return piece_->RotationCount == 1; });
     perform({{0, Do::Up, Place::BelowGoal}});
     EXPECT_EQ(whereItLies(), Piece::Air);
 
@@ -247,32 +239,28 @@ TEST_F(ByTouch, ADialogEndsWhatFingersBeganAndTouchPadsAreNoFingers) {
         QInputDevice::DeviceType::TouchPad,
         QInputDevice::Capability::Position | QInputDevice::Capability::MouseEmulation);
     start();
-    Script::onScreen([&] { touch(0, Do::Down, point(Place::Tray), *pad); });
-    Script::onScreen([&] { touch(0, Do::Up, point(Place::Tray), *pad); });
+    for (const Do what : {Do::Down, Do::Up})
+      onScreen([&] { touch(0, what, point(Place::Tray), *pad); });
     EXPECT_EQ(whereItLies(), Piece::Tray);
-    closeMain();
   });
 }
 
 TEST_F(ByTouch, ThePuzzleIsSolvedByTwoDrags) {
-  play([&] {
-    toPlay();
+  inGame([&] {
     start();
     perform({{0, Do::Down, Place::Tray},
              {0, Do::Move, Place::BelowGoal},
              {0, Do::Up, Place::BelowGoal}});
-    Script::onScreen([&] { piece_ = tray().Grid()->PentoCollection().at(0); });
-    Script::onScreen([&] { home_ = onPiece(); });
+    onScreen([&] { take(tray().Grid()->PentoCollection().at(0)); });
     perform({0, Do::Down, Place::Tray});
-    Script::post([&] {
+    post([&] {
       const QPointF under = pixel(board(), 2 + piece_->Width() / 2.0, 2 + piece_->Height() + 1);
       touch(0, Do::Move, under);
       touch(0, Do::Up, under);
     });
-    waitOpen(program_->finished);
-    Script::post([&] { program_->finished.Unload(); });
-    waitClosed(program_->finished);
-    closeMain();
+    waitOpen(solved());
+    post([&] { solved().Unload(); });
+    waitClosed(solved());
   });
 }
 
