@@ -16,13 +16,12 @@ TEST_F(PuzzleTool, SavesAsTheGameDoes) {
   ASSERT_EQ(::mkfifo((fixed + ".new").c_str(), 0600), 0);
   fs::permissions(old, fs::perms{0600});
   fs::permissions(fixed, fs::perms{0444});
-  EXPECT_EQ(run({"make", "-", old}, kHolder), puzzle::kDone) << err_;
+  expectDone({"make", "-", old}, kHolder);
   EXPECT_EQ(fs::status(old).permissions(), fs::perms{0600});
   EXPECT_EQ(bytesOf(old + ".new"), "old");
-  EXPECT_EQ(run({"make", "-", fixed}, kHolder), puzzle::kNo);
-  EXPECT_NE(err_.find(fixed + ": The file is read-only."), std::string::npos) << err_;
+  expectRefused(fixed + ": The file is read-only.", {"make", "-", fixed}, kHolder);
   EXPECT_EQ(bytesOf(fixed), "old");
-  EXPECT_EQ(run({"make", "-", path(longest + ".qzl")}, kHolder), puzzle::kDone) << err_;
+  expectDone({"make", "-", path(longest + ".qzl")}, kHolder);
 }
 
 TEST_F(PuzzleTool, ReadsNoMoreThanADrawingOrAPuzzleCanBe) {
@@ -31,10 +30,7 @@ TEST_F(PuzzleTool, ReadsNoMoreThanADrawingOrAPuzzleCanBe) {
   EXPECT_EQ(err_.find("MiB"), std::string::npos) << err_;
   putBytes(path("larger"), largest + "\n");
   for (const std::string& name : {std::string("/dev/zero"), path("larger")}) {
-    EXPECT_EQ(run({"show", name}), puzzle::kNo);
-    EXPECT_NE(err_.find(name + ": Neither a drawing nor a puzzle is larger than 1 MiB."),
-              std::string::npos)
-        << err_;
+    expectRefused(name + ": Neither a drawing nor a puzzle is larger than 1 MiB.", {"show", name});
     EXPECT_EQ(run({"check", name}), puzzle::kNo);
   }
 }
@@ -52,12 +48,10 @@ TEST_F(PuzzleTool, EndsAtOnceWhenItsOutputCannotBeWritten) {
 TEST_F(PuzzleTool, RefusesAPictureThatIsTooLargeBeforeItIsMade) {
   putBytes(path("large.txt"), "\n" + boxOf(1000, 998, '#'));
   EXPECT_EQ(run({"render", path("large.txt"), path("large.png")}), puzzle::kNo);
-  EXPECT_NE(err_.find("901 million pixels; the largest tile that will do is --tile=8."),
-            std::string::npos)
-      << err_;
+  EXPECT_PRED2(holds, err_, "901 million pixels; the largest tile that will do is --tile=8.");
   EXPECT_FALSE(fs::exists(path("large.png")));
   putBytes(path("box.txt"), "\n" + boxOf(40, 30, '#'));
-  EXPECT_EQ(run({"render", "--tile=7", path("box.txt"), path("box.png")}), puzzle::kDone) << err_;
+  expectDone({"render", "--tile=7", path("box.txt"), path("box.png")});
   EXPECT_EQ(QImage(QString::fromStdString(path("box.png"))).size(), QSize(280, 210));
 }
 

@@ -22,10 +22,6 @@ std::vector<std::string> namesIn(const fs::path& folder) {
   return names;
 }
 
-bool holds(const std::string& text, const std::string& part) {
-  return text.find(part) != std::string::npos;
-}
-
 }  // namespace
 
 TEST_F(PuzzleTool, RatesByWhatATightestPlaceSearchLays) {
@@ -47,8 +43,8 @@ TEST_F(PuzzleTool, RatesByWhatATightestPlaceSearchLays) {
   EXPECT_FALSE(
       puzzle::rate(solver::Shape::rectangle(5, 4), solver::PieceSet::ofEach(1), 10).complete);
 
-  ASSERT_EQ(run({"rate", "-"}, "pieces: I\n#####\n"), puzzle::kDone) << err_;
-  EXPECT_TRUE(holds(out_, "| - | 0.0 | Novice | 1 | 1 | 1.0 | 1.0 | 0.0 |")) << out_;
+  expectDone({"rate", "-"}, "pieces: I\n#####\n");
+  EXPECT_PRED2(holds, out_, "| - | 0.0 | Novice | 1 | 1 | 1.0 | 1.0 | 0.0 |");
   EXPECT_EQ(run({"rate", "-"}, "pieces: X\n#####\n"), puzzle::kNo);
 }
 
@@ -56,7 +52,7 @@ TEST_F(PuzzleTool, InventsShapesOfEachStyle) {
   const auto shapeOf = [&](const std::vector<std::string>& options) {
     std::vector<std::string> words{"generate", "--seed=4"};
     words.insert(words.end(), options.begin(), options.end());
-    EXPECT_EQ(run(words), puzzle::kDone) << err_;
+    expectDone(words);
     return puzzle::readDrawing(out_).shape.trimmed();
   };
   for (const char* number : {"--number=5", "--number=6", "--number=8"}) {
@@ -77,18 +73,18 @@ TEST_F(PuzzleTool, InventsShapesOfEachStyle) {
 }
 
 TEST_F(PuzzleTool, InventsPuzzlesOfALevel) {
-  ASSERT_EQ(run({"generate", "--level=intermediate", "--seed=2"}), puzzle::kDone) << err_;
-  ASSERT_EQ(run({"rate", "-"}, out_), puzzle::kDone) << err_;
-  EXPECT_TRUE(holds(out_, "| Intermediate |")) << out_;
+  expectDone({"generate", "--level=intermediate", "--seed=2"});
+  expectDone({"rate", "-"}, out_);
+  EXPECT_PRED2(holds, out_, "| Intermediate |");
 }
 
 TEST_F(PuzzleTool, SharesARunAndOverwritesNothing) {
   const std::string whole = path("whole"), shares = path("shares");
   fs::create_directory(whole);
   fs::create_directory(shares);
-  ASSERT_EQ(run({"generate", "--puzzles=5", "--seed=9", whole}), puzzle::kDone) << err_;
+  expectDone({"generate", "--puzzles=5", "--seed=9", whole});
   for (const char* part : {"--part=1/2", "--part=2/2"})
-    ASSERT_EQ(run({"generate", "--puzzles=5", "--seed=9", part, shares}), puzzle::kDone) << err_;
+    expectDone({"generate", "--puzzles=5", "--seed=9", part, shares});
   ASSERT_EQ(namesIn(shares), namesIn(whole));
   ASSERT_EQ(namesIn(whole).size(), 5u);
   for (const std::string& name : namesIn(whole))
@@ -105,10 +101,8 @@ TEST_F(PuzzleTool, SharesARunAndOverwritesNothing) {
 TEST_F(PuzzleTool, PrintsToScale) {
   // The outlines of two pieces in a box of 5 x 2 cells: each line once, in tenths of a millimetre.
   putBytes(path("pair.txt"), "title: Pair\n\nIIIII\nIIIII\n");
-  ASSERT_EQ(run({"render", "--outlines", "--cell=20", path("pair.txt"), "--format=svg", "-"}),
-            puzzle::kDone)
-      << err_;
-  EXPECT_TRUE(holds(out_, "width=\"120mm\" height=\"60mm\"")) << out_;
+  expectDone({"render", "--outlines", "--cell=20", path("pair.txt"), "--format=svg", "-"});
+  EXPECT_PRED2(holds, out_, "width=\"120mm\" height=\"60mm\"");
   std::size_t lines = 0;
   for (std::size_t at = 0; (at = out_.find("<polyline", at)) != std::string::npos; ++at) ++lines;
   EXPECT_EQ(lines, 5u) << out_;
@@ -116,22 +110,17 @@ TEST_F(PuzzleTool, PrintsToScale) {
 
 TEST_F(PuzzleTool, PutsManyPuzzlesOnASheetOrOnPages) {
   for (const char* name : {"a.qzl", "b.qzl", "c.qzl"})
-    ASSERT_EQ(run({"make", "-", path(name)}, "pieces: IPP\nIIIII\nPPPPP\nPPPPP\n"), puzzle::kDone)
-        << err_;
+    expectDone({"make", "-", path(name)}, "pieces: IPP\nIIIII\nPPPPP\nPPPPP\n");
   EXPECT_EQ(run({"render", folder_.string(), path("one.png")}), puzzle::kWrongUse);
-  ASSERT_EQ(run({"render", "--sheet", "--tile=10", "--columns=2", "--no-titles", folder_.string(),
-                 path("sheet.png")}),
-            puzzle::kDone)
-      << err_;
+  expectDone({"render", "--sheet", "--tile=10", "--columns=2", "--no-titles", folder_.string(),
+              path("sheet.png")});
   EXPECT_EQ(QImage(QString::fromStdString(path("sheet.png"))).size(),
             QSize(2 * 50 + 3 * 5, 2 * 30 + 3 * 5));
-  ASSERT_EQ(run({"render", "--cell=30", "--no-titles", "--paper=Letter", folder_.string(),
-                 path("pages.pdf")}),
-            puzzle::kDone)
-      << err_;
+  expectDone({"render", "--cell=30", "--no-titles", "--paper=Letter", folder_.string(),
+              path("pages.pdf")});
   const std::string pdf = bytesOf(path("pages.pdf"));
   EXPECT_TRUE(pdf.starts_with("%PDF-") && holds(pdf, "/Count 2")) << pdf.size();
   EXPECT_TRUE(holds(pdf, "612") && holds(pdf, "792"));
-  EXPECT_EQ(run({"render", "--cell=100", folder_.string(), path("pages.pdf")}), puzzle::kNo);
-  EXPECT_TRUE(holds(err_, "larger than the paper")) << err_;
+  expectRefused("larger than the paper",
+                {"render", "--cell=100", folder_.string(), path("pages.pdf")});
 }

@@ -15,6 +15,13 @@ inline std::string boxOf(std::size_t width, int height, char cell) {
   return rows;
 }
 
+inline bool holds(const std::string& text, const std::string& part) {
+  return text.find(part) != std::string::npos;
+}
+inline bool begins(const std::string& text, const std::string& part) {
+  return text.starts_with(part);
+}
+
 inline constexpr const char* kHolder =
     "title: Holder\npieces: LPWY\n\n#####\n#####\n#####\n#####\n";
 
@@ -33,12 +40,18 @@ class PuzzleTool : public testing::Test {
     err_ = err.str();
     return result;
   }
+  void expectDone(const std::vector<std::string>& words, const std::string& input = {}) {
+    EXPECT_EQ(run(words, input), puzzle::kDone) << words[0] << ": " << err_;
+  }
+  void expectRefused(const std::string& reason, const std::vector<std::string>& words,
+                     const std::string& input = {}) {
+    EXPECT_EQ(run(words, input), puzzle::kNo) << words[0];
+    EXPECT_PRED2(holds, err_, reason);
+  }
   std::string path(const std::string& name) const { return (folder_ / name).string(); }
   /// A valid puzzle file of the 6 x 10 box.
   std::string validFile() {
-    std::string drawing = "\n";
-    for (int row = 0; row < 6; ++row) drawing += "##########\n";
-    EXPECT_EQ(run({"make", "-", path("valid.qzl")}, drawing), puzzle::kDone) << err_;
+    expectDone({"make", "-", path("valid.qzl")}, "\n" + boxOf(10, 6, '#'));
     return bytesOf(path("valid.qzl"));
   }
 
