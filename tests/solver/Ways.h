@@ -35,9 +35,11 @@ inline std::set<Solution> orbitsOf(const std::set<Solution>& solutions, const Sh
 inline const std::vector<Strategy> kStrategies{Strategy::Scan, Strategy::Branch, Strategy::Meet,
                                                Strategy::Profiles, Strategy::Best};
 
-/// What every strategy counts, against solutions that were found in the slow way.
-inline void expectCounts(const Problem& problem, const std::set<Solution>& expected) {
-  const Frame frame(problem.shape, Symmetry{});
+/// Every strategy finds and counts what the slow way finds, also up to symmetry. Returns whether
+/// there is a solution.
+inline bool expectSolvedAlike(const Problem& problem) {
+  const std::set<Solution> expected = BruteForce(problem).solutions();
+  const Frame frame(problem.shape, Symmetry{});  // symmetries are those of the trimmed shape
   std::set<Solution> moved;
   for (Solution solution : expected) {
     for (Placement& placement : solution) {
@@ -46,11 +48,20 @@ inline void expectCounts(const Problem& problem, const std::set<Solution>& expec
     }
     moved.insert(solution);
   }
-  const std::size_t orbits = orbitsOf(moved, frame.shape()).size();
+  const std::set<Solution> orbits = orbitsOf(moved, frame.shape());
   for (const Strategy strategy : kStrategies) {
+    EXPECT_EQ(allOf(problem, Counting::All, strategy), expected);
+    if (frame.shape() == problem.shape) {
+      const std::set<Solution> found = allOf(problem, Counting::UpToSymmetry, strategy);
+      EXPECT_EQ(found.size(), orbits.size());
+      EXPECT_EQ(orbitsOf(found, problem.shape), orbits);
+    }
     EXPECT_EQ(countSolutions(problem, Counting::All, {}, strategy).solutions, expected.size());
-    EXPECT_EQ(countSolutions(problem, Counting::UpToSymmetry, {}, strategy).solutions, orbits);
+    EXPECT_EQ(countSolutions(problem, Counting::UpToSymmetry, {}, strategy).solutions,
+              orbits.size());
   }
+  EXPECT_EQ(findSolution(problem).solution.has_value(), !expected.empty());
+  return !expected.empty();
 }
 
 inline PieceSet piecesOf(const std::vector<int>& types, int each) {
