@@ -49,26 +49,19 @@ class ShellTest : public ::testing::Test {
   int failures = 0;
 };
 
-TEST_F(ShellTest, TheOpenerGetsAnEncodedUrl) {
-  installOpener("exit 0");
-  open("mailto:a@b.example?subject=two words ü&body=100 % <raw>");
-  waitFor([this] { return arguments().ends_with("\n"); });
-  EXPECT_EQ(arguments(),
-            "mailto:a@b.example?subject=two%20words%20%C3%BC&body=100%20%25%20%3Craw%3E\n");
-}
-
 TEST_F(ShellTest, ItReturnsAtOnceAndTellsAFailureLater) {
   const QString fifo = makeFifo();
   for (const char* ending : {"exit 3", "kill -9 $$"}) {
     // It ends when the test says so: waiting for it in open() would never return.
     installOpener(("read line < '" + fifo.toStdString() + "'; " + ending).c_str());
     const int before = failures;
-    open("https://www.b.example/a b");
+    open("mailto:a@b.example?subject=two words ü&body=100 % <raw>");
     EXPECT_EQ(failures, before);
     letGo(fifo);
     waitFor([&] { return failures > before; });
     EXPECT_EQ(failures, before + 1) << ending;
-    EXPECT_EQ(arguments(), "https://www.b.example/a%20b\n");
+    EXPECT_EQ(arguments(),
+              "mailto:a@b.example?subject=two%20words%20%C3%BC&body=100%20%25%20%3Craw%3E\n");
   }
 }
 
