@@ -123,22 +123,17 @@ TEST(Catalogue, GrowsFromTabToTabAndRepeatsNoPieceBeforeItMust) {
   }
 }
 
-TEST(Catalogue, HasNoShapeTwice) {
+TEST(Catalogue, HasNoShapeTwiceAndDoublesNinePentominoesAndTriplesThree) {
   std::map<std::vector<solver::Cell>, std::string_view> seen;
   for (const Catalogue::Entry& entry : Catalogue::entries()) {
-    const auto [other, isNew] = seen.emplace(canonical(problemOf(entry.key).shape), entry.key);
-    EXPECT_TRUE(isNew) << entry.key << " is " << other->second;
-  }
-}
-
-TEST(Catalogue, DoublesNinePentominoesAndTriplesThree) {
-  for (const Catalogue::Entry& entry : Catalogue::entries()) {
-    if (entry.title.substr(0, 10) != "Pentomino ") continue;
     SCOPED_TRACE(entry.key);
+    const auto shape = canonical(problemOf(entry.key).shape);
+    const auto [other, isNew] = seen.emplace(shape, entry.key);
+    EXPECT_TRUE(isNew) << "is " << other->second;
+    if (!entry.title.starts_with("Pentomino ")) continue;
     const int type = pentominoType(entry.title.back());
     EXPECT_EQ(std::stoi(std::string(entry.key.substr(5))), type + 1);
-    const int times = entry.tab == Catalogue::kEasy ? 2 : 3;
-    EXPECT_EQ(canonical(problemOf(entry.key).shape), canonical(enlarged(type, times)));
+    EXPECT_EQ(shape, canonical(enlarged(type, entry.tab == Catalogue::kEasy ? 2 : 3)));
   }
 }
 
@@ -157,24 +152,7 @@ TEST_F(CataloguePuzzles, RebuildTheirDrawings) {
   }
 }
 
-TEST(Catalogue, IsSolvedFromShapesAndPiecesAlone) {
-  for (const Catalogue::Entry& entry : Catalogue::entries()) {
-    SCOPED_TRACE(entry.key);
-    const solver::Problem problem = problemOf(entry.key);
-    const auto answer = solver::findSolution(problem);
-    ASSERT_TRUE(answer.solution);
-    solver::Shape covered(problem.shape.width(), problem.shape.height());
-    for (const solver::Placement& placement : *answer.solution) {
-      for (const solver::Cell cell : cellsOf(placement)) {
-        EXPECT_FALSE(covered.contains(cell));
-        covered.set(cell);
-      }
-    }
-    EXPECT_EQ(covered, problem.shape);
-  }
-}
-
-// The table was made by the plain search; the count here takes the fastest strategy.
+// The table was made by the plain search; the count here takes the fastest strategy. None is zero.
 TEST(Catalogue, HasAsManySolutionsAsItsProofSays) {
   std::ifstream proof(kSource / "puzzles/PROOF.md");
   std::map<std::string, std::uint64_t> proved;
@@ -190,5 +168,6 @@ TEST(Catalogue, HasAsManySolutionsAsItsProofSays) {
     const solver::Work work =
         solver::countSolutions(problemOf(entry.key), solver::Counting::UpToSymmetry);
     EXPECT_EQ(work.solutions, proved[std::string(entry.key)]);
+    EXPECT_GT(work.solutions, 0u);
   }
 }
