@@ -14,6 +14,9 @@
 #include "script/Script.h"
 #include "tour/Hands.h"
 
+using Script::onScreen;
+using Script::waitFor;
+
 namespace {
 
 class Tour : public ::testing::Test {
@@ -30,18 +33,24 @@ class Tour : public ::testing::Test {
     EXPECT_EQ(Form::Count(), 0);
   }
 
+  /// Plays with the real pointer beside the program.
+  void play(const std::function<void(Robot&, Hands&)>& script) {
+    const std::string trouble = Script::run([&] {
+      Robot robot;
+      Hands hands(robot, *program_);
+      script(robot, hands);
+    });
+    EXPECT_EQ(trouble, "");
+  }
+
   std::vector<PuzzleFormat::PieceRecord> rocket() const {
     return Hands::solution(Program::installationFolder() / "puzzles" / "rocket.qzl");
   }
 
-  /// From the splash window to the play window with the Rocket puzzle, in normal mode.
-  void startPlaying(Robot& robot, Hands& hands) {
-    hands.waitOpen(program_->splash);
-    robot.key("Return");
-    hands.waitOpen(program_->open);
-    robot.key("Escape");
-    hands.waitClosed(program_->open);
-    hands.waitOpen(program_->main);
+  void quit(Hands& hands) {
+    hands.waitOpen(program_->finished);
+    hands.clickOn(program_->finished, "imgQuit");
+    hands.waitClosed(program_->main);
   }
 
   QTemporaryDir folder_;
@@ -53,95 +62,60 @@ class Tour : public ::testing::Test {
 };
 
 TEST_F(Tour, TheRocketIsSolvedClickByClickAndAgainWithTheButtonHeld) {
-  const std::string trouble = Script::run([&] {
-    Robot robot;
-    Hands hands(robot, *program_);
-    startPlaying(robot, hands);
-    hands.solve(rocket(), Hands::Carrying::ClickByClick, [&](std::size_t laid) {
-      if (laid != 0) return;
-      hands.dropInVain(*program_->main.Grid,
-                       [&] { return Hands::cell(*program_->main.Grid, 0, 0); });
-      EXPECT_TRUE(
-          Script::onScreen([&] { return program_->main.Grid->FloatingPento() != nullptr; }));
-    });
-    hands.waitOpen(program_->finished);
-    EXPECT_EQ(Script::onScreen([&] { return int{program_->main.Grid->EmptyCount()}; }), 0);
-
-    hands.clickOn(program_->finished, "imgRetry");
-    hands.waitClosed(program_->finished);
-    hands.waitOpen(program_->main);
-    EXPECT_EQ(Script::onScreen(
-                  [&] { return program_->main.PentoPanel->Grid()->PentoCollection().Count(); }),
-              rocket().size());
-    hands.solve(rocket(), Hands::Carrying::ButtonHeld);
-    hands.waitOpen(program_->finished);
-    hands.clickOn(program_->finished, "imgQuit");
-    hands.waitClosed(program_->main);
-  });
-  EXPECT_EQ(trouble, "");
-}
-
-TEST_F(Tour, EasyModeFromTheChooserAndEachWayOnFromTheSolvedDialog) {
-  const std::string trouble = Script::run([&] {
-    Robot robot;
-    Hands hands(robot, *program_);
+  play([&](Robot& robot, Hands& hands) {
     hands.waitOpen(program_->splash);
-    hands.clickOn(program_->splash, "imgPlay");
-    hands.waitOpen(program_->open);
-    hands.clickOn(program_->open, "chkEasy");
-    hands.clickOn(program_->open, "cmdOk");
-    hands.waitClosed(program_->open);
-    hands.waitOpen(program_->main);
-    const auto pieces =
-        Script::onScreen([] { return Hands::solution(basTiles::CurrentPuzzleFile); });
-    hands.solve(pieces, Hands::Carrying::ClickByClick);
-    hands.waitOpen(program_->finished);
-
-    hands.clickOn(program_->finished, "imgOpen");
-    hands.waitClosed(program_->finished);
+    robot.key("Return");
     hands.waitOpen(program_->open);
     robot.key("Escape");
     hands.waitClosed(program_->open);
     hands.waitOpen(program_->main);
-    hands.solve(pieces, Hands::Carrying::ClickByClick);
+    hands.solve(rocket(), Hands::Carrying::ClickByClick, [&](std::size_t laid) {
+      if (laid != 0) return;
+      hands.dropInVain(*program_->main.Grid,
+                       [&] { return Hands::cell(*program_->main.Grid, 0, 0); });
+      EXPECT_TRUE(onScreen([&] { return program_->main.Grid->FloatingPento() != nullptr; }));
+    });
     hands.waitOpen(program_->finished);
+    EXPECT_EQ(onScreen([&] { return int{program_->main.Grid->EmptyCount()}; }), 0);
 
-    hands.clickOn(program_->finished, "imgEdit");
-    hands.waitOpen(program_->edit);
-    EXPECT_FALSE(Script::onScreen([&] { return program_->main.Loaded(); }));
-    hands.choose(program_->edit, "mnuFile", "mnuFileClose");
-    hands.waitClosed(program_->edit);
+    hands.clickOn(program_->finished, "imgRetry");
+    hands.waitClosed(program_->finished);
+    hands.waitOpen(program_->main);
+    EXPECT_EQ(
+        onScreen([&] { return program_->main.PentoPanel->Grid()->PentoCollection().Count(); }),
+        rocket().size());
+    hands.solve(rocket(), Hands::Carrying::ButtonHeld);
+    quit(hands);
   });
-  EXPECT_EQ(trouble, "");
 }
 
 /// Answers the editor's save dialog by keys.
 void saveAs(Robot& robot, const std::string& name) {
-  Script::waitFor("the file dialog", [] {
+  waitFor("the file dialog", [] {
     const QWidget* modal = QApplication::activeModalWidget();
     return modal && modal->isActiveWindow();
   });
   robot.type(name);
   robot.key("Return");
-  Script::waitFor("the dialog to close", [] { return !QApplication::activeModalWidget(); });
+  waitFor("the dialog to close", [] { return !QApplication::activeModalWidget(); });
 }
 
 /// Takes a new piece from its button and lays it with its corner on a cell.
 void layNew(Robot& robot, Hands& hands, frmEdit& edit, int type, int column, int row) {
   const auto pieces = [&] { return edit.Grid->Grid()->PentoCollection().Count(); };
-  const std::size_t before = Script::onScreen(pieces);
+  const std::size_t before = onScreen(pieces);
   hands.clickOn(edit, QString("cmdPento%1").arg(type));
-  Script::waitFor("the new piece", [&] {
+  waitFor("the new piece", [&] {
     const PentoRef piece = edit.Grid->FloatingPento();
     return piece && piece->PentoType() == type;
   });
-  robot.moveTo(Script::onScreen([&] {
+  robot.moveTo(onScreen([&] {
     const PentoRef piece = edit.Grid->FloatingPento();
     return Hands::cell(*edit.Grid, column + (piece->Width() - 1) / 2.0,
                        row + (piece->Height() - 1) / 2.0);
   }));
   robot.click();
-  Script::waitFor("the piece to lie on the board", [&] { return pieces() == before + 1; });
+  waitFor("the piece to lie on the board", [&] { return pieces() == before + 1; });
 }
 
 TEST_F(Tour, APuzzleIsMadeSavedFoundInTheChooserAndSolved) {
@@ -149,9 +123,7 @@ TEST_F(Tour, APuzzleIsMadeSavedFoundInTheChooserAndSolved) {
   const std::filesystem::path file =
       std::filesystem::path(user.path().toStdString()) / "handmade.qzl";
   Program::UserPath = file.parent_path();
-  const std::string trouble = Script::run([&] {
-    Robot robot;
-    Hands hands(robot, *program_);
+  play([&](Robot& robot, Hands& hands) {
     hands.waitOpen(program_->splash);
     hands.clickOn(program_->splash, "imgEdit");
     hands.waitOpen(program_->edit);
@@ -164,7 +136,7 @@ TEST_F(Tour, APuzzleIsMadeSavedFoundInTheChooserAndSolved) {
 
     hands.choose(program_->edit, "mnuFile", "mnuFilePlay");
     hands.waitOpen(program_->open);
-    Script::onScreen([&] {
+    onScreen([&] {
       auto* tabs = program_->open.Window()->findChild<QTabWidget*>();
       ASSERT_EQ(tabs->tabText(4), "Other");
       tabs->setCurrentIndex(4);
@@ -175,13 +147,10 @@ TEST_F(Tour, APuzzleIsMadeSavedFoundInTheChooserAndSolved) {
     hands.clickOn(program_->open, "cmdOk");
     hands.waitClosed(program_->open);
     hands.waitOpen(program_->main);
-    EXPECT_EQ(Script::onScreen([] { return basTiles::CurrentPuzzleFile; }), file);
+    EXPECT_EQ(onScreen([] { return basTiles::CurrentPuzzleFile; }), file);
     hands.solve(Hands::solution(file), Hands::Carrying::ClickByClick);
-    hands.waitOpen(program_->finished);
-    hands.clickOn(program_->finished, "imgQuit");
-    hands.waitClosed(program_->main);
+    quit(hands);
   });
-  EXPECT_EQ(trouble, "");
 }
 
 }  // namespace
