@@ -99,22 +99,18 @@ TEST_F(Ending, WithAPieceInTheAir) {
                   {[] { return true; }, sending(SIGTERM)}});
 }
 
-TEST_F(Ending, FromTheQuestionAboutChangesWithoutAnotherOne) {
-  endBy(SIGTERM, {atSplash(toEditor()),
-                  inEditor([this] { edit().fFileChanged = true; }),
-                  {[] { return true; }, fromMenu("mnuFileClose")},
-                  {isOpen<QMessageBox>, sending(SIGTERM)}});
-  EXPECT_EQ(questions_->count, 0);
-  EXPECT_TRUE(fs::is_empty(folder_ / "User"));
-}
-
-TEST_F(Ending, WithChangesAndADialogOpen) {
-  endBy(SIGTERM, {atSplash(toEditor()),
-                  inEditor([this] { edit().fFileChanged = true; }),
-                  {[] { return true; }, fromMenu("mnuFileSaveAs")},
-                  {isOpen<QFileDialog>, sending(SIGTERM)}});
-  EXPECT_EQ(questions_->count, 0);
-  EXPECT_TRUE(fs::is_empty(folder_ / "User"));
+TEST_F(Ending, WithChangesAndADialogOpenWithoutAQuestion) {
+  for (const auto& [item, open] : {std::pair{"mnuFileClose", &isOpen<QMessageBox>},
+                                   std::pair{"mnuFileSaveAs", &isOpen<QFileDialog>}}) {
+    SCOPED_TRACE(item);
+    basStartup::fSplashDone = false;
+    endBy(SIGTERM, {atSplash(toEditor()),
+                    inEditor([this] { edit().fFileChanged = true; }),
+                    {[] { return true; }, fromMenu(item)},
+                    {open, sending(SIGTERM)}});
+    EXPECT_EQ(questions_->count, 0);
+    EXPECT_TRUE(fs::is_empty(folder_ / "User"));
+  }
 }
 
 TEST_F(Ending, ASaveThatHasBegunIsFinished) {
