@@ -62,14 +62,6 @@ TEST(Pictures, AreWhatTheGeneratorDraws) {
   EXPECT_EQ(svg.readAll(), programIconSvg());
 }
 
-TEST(Pictures, OfFewColoursHaveAPalette) {
-  for (const char* name :
-       {"tiles/tiles.bmp", "pictures/about256.bmp", "pictures/waytogo256@2x.bmp"})
-    EXPECT_EQ(QImage(QString::fromStdString((kSource / name).string())).format(),
-              QImage::Format_Indexed8)
-        << name;
-}
-
 // From cell to cell a step must not show: crossing the edge changes hardly more than the strongest
 // line inside (bamboo's rods meet there as they do inside, but no two joints are the same).
 TEST(Textures, HaveNoSeam) {
@@ -116,13 +108,6 @@ TEST(Colour, DistancesAreThePublishedOnes) {
   EXPECT_NEAR(difference({50, 2.49, -0.001}, {50, -2.49, 0.0011}), 7.2195, 1e-4);
   EXPECT_NEAR(difference({50, 2.5, 0}, {61, -5, 29}), 22.8977, 1e-4);
   EXPECT_NEAR(difference({2.0776, 0.0795, -1.1350}, {0.9033, -0.0636, -0.5514}), 0.9082, 1e-4);
-}
-
-// The mask colour is made transparent: it must surround the shape and not occur half mixed.
-TEST(PuzzleIcons, LieOnTheMaskColour) {
-  const QImage icon = puzzleIcon("rocket", kSource / "puzzles", 1);
-  for (const QPoint& corner : {QPoint(0, 0), QPoint(31, 0), QPoint(0, 31)})
-    EXPECT_EQ(icon.pixel(corner), qRgb(192, 192, 192));
 }
 
 TEST(PieceButtons, DrawTheirPiecesOnWholePixelsWithRoomForTheBevel) {

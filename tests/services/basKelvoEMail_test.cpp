@@ -80,18 +80,8 @@ TEST_F(LinksTest, AResultUpTo32ShowsTheLinkMessage) {
   }
   ASSERT_EQ(messages.size(), 8U);
   for (const std::string& message : messages) EXPECT_EQ(message, messages.front());
-  const std::string beginning =
-      "Quinzolith was unable to perform the requested function.\n"
-      "You can contact Kelvo Software on the web at: \n"
-      "      https://www.quinzolith.example.\n"
-      "\n"
-      "Or you can write to us at:\n"
-      "      Kelvo Software\n"
-      "      ";
-  EXPECT_EQ(messages.front().substr(0, beginning.size()), beginning);
-  const std::string postal = messages.front().substr(beginning.size());
-  ASSERT_NE(postal.find("\n      "), std::string::npos) << "a second line of the postal address";
-  EXPECT_NE(postal.back(), '\n');
+  EXPECT_NE(messages.front().find("web at: \n      https://www.quinzolith.example.\n"),
+            std::string::npos);
 }
 
 TEST_F(LinksTest, ALateFailureIsShownOverAWindowOrNotAtAll) {
