@@ -6,155 +6,164 @@ namespace solver {
 
 namespace {
 
-constexpr int kBitsInWord = 6;  ///< pieces told within a word; the others number the word
-constexpr std::uint32_t kIdBits = (1u << 26) - 1;
-constexpr std::size_t kFirstIndex = std::size_t{1} << 15;
-
-/// Of the 64 sets of a word, those without piece 0, 1, ... 5.
-constexpr std::array<std::uint64_t, kBitsInWord> kWithout{0x5555555555555555, 0x3333333333333333,
-                                                          0x0F0F0F0F0F0F0F0F, 0x00FF00FF00FF00FF,
-                                                          0x0000FFFF0000FFFF, 0x00000000FFFFFFFF};
+constexpr std::size_t kFirstIndex = std::size_t{1} << 12;
 
 }  // namespace
 
-Profiles::Profiles(const WindowTables<Bits64>& tables, const ScanShape<Bits64>& shape,
-                   const PieceSet& types, Storage& storage)
+template <class Bits>
+Profiles<Bits>::Profiles(const WindowTables<Bits>& tables, const ScanShape<Bits>& shape,
+                         const PieceSet& types, Storage& storage)
     : tables_(tables), shape_(shape), storage_(storage) {
-  storage.nodes.clear();
   storage.edges.clear();
-  storage.words.clear();
   // Room is cheaper than moving: pages that are never touched cost nothing.
-  storage.nodes.reserve(std::size_t{1} << 16);
   storage.edges.reserve(std::size_t{1} << 18);
-  storage.words.reserve(std::size_t{1} << 18);
   storage.firstAt.assign(static_cast<std::size_t>(shape.end()) + 1, kFree);
-  storage.index.assign(std::max(storage.index.size(), kFirstIndex), kFree);
-  int pieces = 0;
+  // Clearing takes time: an index as large as the last use wanted it.
+  storage.index.assign(std::max(kFirstIndex, std::bit_ceil(2 * std::size_t{storage.size})),
+                       Slot{0, kFree, 0});
+  storage.size = 0;
   for (int type = 0; type < PENTO::kTypes; ++type) {
     if (types[type] == 0) continue;
-    numbers_[static_cast<std::size_t>(type)] = Pieces{1} << pieces++;
+    for (OrientationSet own = tables.ofType(type); own != 0; own &= own - 1)
+      numbers_[static_cast<std::size_t>(std::countr_zero(own))] =
+          static_cast<std::uint8_t>(pieces_);
     allowed_ |= tables.ofType(type);
+    ++pieces_;
   }
-  all_ = (Pieces{1} << pieces) - 1;
+  all_ = (Pieces{1} << pieces_) - 1;
 }
 
-std::size_t Profiles::slotFor(Bits64 window, int position) const {
+template <class Bits>
+std::size_t Profiles<Bits>::slotFor(Bits window, int position) const {
   const std::uint64_t mixed =
-      (window ^ static_cast<std::uint64_t>(position) << 48) * 0x9E3779B97F4A7C15;
-  return (mixed ^ mixed >> 29) >> 7 & (storage_.index.size() - 1);
+      (std::uint64_t{window} ^ static_cast<std::uint64_t>(position) << 48) * 0x9E3779B97F4A7C15;
+  return static_cast<std::size_t>(mixed >> 40 ^ mixed >> 61) & (storage_.index.size() - 1);
 }
 
-std::size_t Profiles::slotOf(Bits64 window, int position) const {
-  const std::vector<Id>& index = storage_.index;
-  std::size_t slot = slotFor(window, position);
-  for (; index[slot] != kFree; slot = (slot + 1) & (index.size() - 1)) {
-    const Node& node = storage_.nodes[index[slot]];
-    if (node.window == window && node.position == position) break;
+template <class Bits>
+typename Profiles<Bits>::Slot& Profiles<Bits>::slotOf(Bits window, int position) {
+  std::vector<Slot>& index = storage_.index;
+  std::size_t at = slotFor(window, position);
+  while (index[at].id != kFree &&
+         (index[at].window != window || index[at].position != static_cast<unsigned>(position)))
+    at = (at + 1) & (index.size() - 1);
+  return index[at];
+}
+
+template <class Bits>
+typename Profiles<Bits>::Id Profiles<Bits>::idOf(Bits window, int position, int left) {
+  makeRoom(1);
+  return idOf(
+      Child{window, static_cast<std::uint16_t>(position), static_cast<std::uint8_t>(left), 0});
+}
+
+template <class Bits>
+typename Profiles<Bits>::Id Profiles<Bits>::idOf(const Child& profile) {
+  Slot& slot = slotOf(profile.window, profile.position);
+  if (slot.id != kFree) return slot.id;
+  const Id id = storage_.size++;
+  slot = {profile.window, id & kFree, profile.position & kPositionMask};
+  Id& first = storage_.firstAt[profile.position];
+  Node& node = storage_.nodes[id];
+  node.window = profile.window;
+  node.next = first;
+  node.position = profile.position;
+  node.left = profile.left;
+  node.edges = 0;
+  return first = id;
+}
+
+template <class Bits>
+void Profiles<Bits>::makeRoom(std::size_t profiles) {
+  const std::size_t size = storage_.size + profiles;
+  if (size > storage_.nodes.size()) storage_.nodes.resize(2 * size);
+  while (2 * size > storage_.index.size()) enlargeIndex();
+}
+
+template <class Bits>
+void Profiles<Bits>::enlargeIndex() {
+  storage_.index.assign(2 * storage_.index.size(), Slot{0, kFree, 0});
+  for (Id id = 0; id < storage_.size; ++id) {
+    const Node& node = storage_.nodes[id];
+    slotOf(node.window, node.position) = {node.window, id & kFree, node.position & kPositionMask};
   }
-  return slot;
 }
 
-Profiles::Id Profiles::idOf(Bits64 window, int position) {
-  std::vector<Node>& nodes = storage_.nodes;
-  if (2 * nodes.size() >= storage_.index.size()) enlargeIndex();
-  Id& entry = storage_.index[slotOf(window, position)];
-  if (entry != kFree) return entry;
-  entry = static_cast<Id>(nodes.size());
-  Id& first = storage_.firstAt[static_cast<std::size_t>(position)];
-  nodes.push_back({window, 0, 0, 0, first, 0, static_cast<std::uint16_t>(position)});
-  first = entry;
-  return entry;
-}
-
-void Profiles::enlargeIndex() {
-  storage_.index.assign(2 * storage_.index.size(), kFree);
-  for (Id id = 0; id < storage_.nodes.size(); ++id)
-    storage_.index[slotOf(storage_.nodes[id].window, storage_.nodes[id].position)] = id;
-}
-
-bool Profiles::grow(WorkMeter& meter) {
+template <class Bits>
+bool Profiles<Bits>::grow(WorkMeter& meter) {
   // Every edge leads to a later position, and the last one has no edges.
-  for (std::size_t position = 0; position + 1 < storage_.firstAt.size(); ++position)
-    for (Id id = storage_.firstAt[position]; id != kFree; id = storage_.nodes[id].next)
-      if (!growFrom(id, meter)) return false;
+  for (std::size_t position = 0; position + 1 < storage_.firstAt.size(); ++position) {
+    for (Id id = storage_.firstAt[position]; id != kFree; id = storage_.nodes[id].next) {
+      addChildren(id);
+      if (waiting_ >= kBatch && !addEdges(meter)) return false;
+    }
+    if (!addEdges(meter)) return false;
+  }
   return true;
 }
 
-bool Profiles::growFrom(Id id, WorkMeter& meter) {
-  const Bits64 base = storage_.nodes[id].window;
-  const int from = storage_.nodes[id].position;
-  std::array<Child, kOrientations> children;
-  Child* next = children.data();
-  for (OrientationSet candidates = tables_.fitting(base) & allowed_; candidates != 0;
+template <class Bits>
+void Profiles<Bits>::addChildren(Id id) {
+  Node& node = storage_.nodes[id];
+  const WindowTables<Bits>& tables = tables_;
+  const Layout<Bits> layout = shape_.layout();
+  const OrientationSet allowed = allowed_;
+  const Bits base = node.window;
+  const int from = node.position, end = shape_.end();
+  const auto left = static_cast<std::uint8_t>(node.left - 1);
+  Child* const first = children_.data() + waiting_;
+  Child* next = first;
+  for (OrientationSet candidates = tables.fitting(base) & allowed; candidates != 0;
        candidates &= candidates - 1) {
     const int orientation = std::countr_zero(candidates);
-    Bits64 window = base | tables_.mask(orientation);
+    Bits window = base | tables.mask(orientation);
     int position = from;
-    shape_.advance(window, position);
-    const bool fits = (tables_.fitting(window) & allowed_) != 0;
-    *next = {window, position, orientation};
+    layout.advance(window, position);
+    *next = {window, static_cast<std::uint16_t>(position), left,
+             static_cast<std::uint8_t>(orientation)};
+    const bool fits = (tables.fitting(window) & allowed) != 0;
     // Whether a child lives cannot be predicted, so it is no branch.
-    next += static_cast<int>(position >= shape_.end()) |
-            (static_cast<int>(fits) & static_cast<int>(!tables_.hasIsolatedCell(window)));
+    next += static_cast<int>(position >= end) |
+            (static_cast<int>(fits) & static_cast<int>(!tables.hasIsolatedCell(window)));
   }
-  const std::span living(children.data(), next);
-  for (const Child& child : living)
+  node.firstEdge = static_cast<std::uint32_t>(storage_.edges.size() + waiting_);
+  node.edges = static_cast<std::uint8_t>(next - first);
+  waiting_ += static_cast<std::size_t>(next - first);
+}
+
+template <class Bits>
+bool Profiles<Bits>::addEdges(WorkMeter& meter) {
+  const std::span children(children_.data(), waiting_);
+  for (const Child& child : children)
     __builtin_prefetch(&storage_.index[slotFor(child.window, child.position)]);
-  const auto firstEdge = static_cast<std::uint32_t>(storage_.edges.size());
-  for (const Child& child : living) {
-    const Id to = idOf(child.window, child.position);
-    storage_.edges.push_back({to & kIdBits, static_cast<std::uint32_t>(child.orientation) & 63});
-    if (!meter.node() || storage_.nodes.size() > kMost) return false;
+  makeRoom(waiting_);
+  for (const Child& child : children) {
+    storage_.edges.push_back({idOf(child) & kFree, child.orientation});
+    if (!meter.node() || storage_.size > kMost) return false;
   }
-  Node& node = storage_.nodes[id];
-  node.firstEdge = firstEdge;
-  node.edges = static_cast<std::uint16_t>(living.size());
+  waiting_ = 0;
   return true;
 }
 
-void Profiles::collect(const Edge& edge, std::array<std::uint64_t, 64>& sets,
-                       std::uint64_t& words) const {
-  const Node& node = storage_.nodes[edge.to];
-  const int piece = std::countr_zero(number(tables_.type(static_cast<int>(edge.orientation))));
-  const std::uint64_t* source = storage_.words.data() + node.firstWord;
-  for (std::uint64_t left = node.words; left != 0; left &= left - 1, ++source) {
-    auto word = static_cast<std::size_t>(std::countr_zero(left));
-    std::uint64_t added = *source;
-    if (piece < kBitsInWord) {
-      added = (added & kWithout[static_cast<std::size_t>(piece)]) << (1 << piece);
-    } else {
-      const std::size_t bit = std::size_t{1} << (piece - kBitsInWord);
-      if (word & bit) continue;
-      word |= bit;
-    }
-    sets[word] |= added;
-    words |= static_cast<std::uint64_t>(added != 0) << word;
-  }
-}
-
-void Profiles::finish() {
-  std::array<std::uint64_t, 64> sets{};
+template <class Bits>
+void Profiles<Bits>::finish() {
+  FinishingSets& sets = storage_.sets;
+  sets.reset(pieces_, storage_.size);
+  std::array<FinishingSets::Source, kOrientations> sources;
   for (std::size_t position = storage_.firstAt.size(); position-- > 0;)
     for (Id id = storage_.firstAt[position]; id != kFree; id = storage_.nodes[id].next) {
       Node& node = storage_.nodes[id];
-      if (node.position >= shape_.end()) sets[0] = node.words = 1;  // no piece is needed
-      for (std::uint32_t i = 0; i < node.edges; ++i)
-        collect(storage_.edges[node.firstEdge + i], sets, node.words);
-      node.firstWord = static_cast<std::uint32_t>(storage_.words.size());
-      for (std::uint64_t left = node.words; left != 0; left &= left - 1) {
-        std::uint64_t& word = sets[static_cast<std::size_t>(std::countr_zero(left))];
-        storage_.words.push_back(word);
-        word = 0;
+      for (std::uint32_t i = 0; i < node.edges; ++i) {
+        const Edge edge = storage_.edges[node.firstEdge + i];
+        sources[i] =
+            sets.source(storage_.nodes[edge.to].row, numbers_[edge.orientation], node.left - 1);
       }
+      const bool isEnd = node.position >= shape_.end();
+      node.row = isEnd ? sets.addEmptySet() : sets.add(std::span(sources.data(), node.edges));
     }
 }
 
-bool Profiles::canFinish(Id profile, Pieces pieces) const {
-  const Node& node = storage_.nodes[profile];
-  const std::uint64_t word = std::uint64_t{1} << (pieces >> kBitsInWord);
-  if ((node.words & word) == 0) return false;
-  const auto before = static_cast<std::uint32_t>(std::popcount(node.words & (word - 1)));
-  return storage_.words[node.firstWord + before] >> (pieces & 63) & 1;
-}
+template class Profiles<Bits32>;
+template class Profiles<Bits64>;
 
 }  // namespace solver

@@ -107,8 +107,21 @@ typename WindowTables<Bits>::Models WindowTables<Bits>::inOrder(const TypeOrder&
   return models;
 }
 
+template <>
+void WindowTables<Bits32>::arrange() {
+  const FitTables made = fits_;
+  for (std::size_t i = 0; i < std::size_t{1} << 10; ++i)
+    fits_.near[i] = made.near[(i & 15) | (i >> 3) << 4];
+  for (std::size_t i = 0; i < made.far.size(); ++i)
+    fits_.far[i] = made.far[i >> 4 | (i >> 1 & 7) << 5 | (i & 1) << 8];
+}
+
+template <class Bits>
+void WindowTables<Bits>::arrange() {}
+
 template <class Bits>
 WindowTables<Bits>::WindowTables(const Models& models) : models_(models), fits_(models) {
+  arrange();
   for (int i = 0; i < kOrientations; ++i) {
     ofType_[static_cast<std::size_t>(type(i))] |= OrientationSet{1} << i;
     for (const Cell cell : model(i).cells) {
@@ -141,8 +154,10 @@ ScanShape<Bits>::ScanShape(const Shape& shape) : end_((shape.width() + 1) * kStr
   }
 }
 
+template class WindowTables<Bits32>;
 template class WindowTables<Bits64>;
 template class WindowTables<Bits128>;
+template class ScanShape<Bits32>;
 template class ScanShape<Bits64>;
 template class ScanShape<Bits128>;
 

@@ -16,9 +16,9 @@ namespace solver {
 /// x * kStride + y; at least one position behind each column is no cell, so that no piece can lie
 /// across the end of a column. Everything before the first free cell is covered, so the state of a
 /// search is that cell's position and a window of bits: bit i tells whether position + i is taken
-/// (bit 0 is 0). A piece reaches 4 columns far, so a window of 64 bits serves columns of up to 14
-/// cells, one of 128 bits up to 30. The stride is the widest that the window allows, whatever the
-/// height of the columns: a constant stride makes constant shifts.
+/// (bit 0 is 0). A piece reaches 4 columns far, so a window of 32 bits serves columns of up to 6
+/// cells, one of 64 bits up to 14, one of 128 bits up to 30. The stride is the widest that the
+/// window allows, whatever the height of the columns: a constant stride makes constant shifts.
 template <class Bits>
 inline constexpr int kWindowBits = static_cast<int>(8 * sizeof(Bits));
 template <class Bits>
@@ -26,10 +26,14 @@ inline constexpr int kStride = kWindowBits<Bits> / 4 - 1;
 template <class Bits>
 inline constexpr int kTallestColumn = kStride<Bits> - 1;
 
+__extension__ using Bits32 = std::uint32_t;
 __extension__ using Bits64 = std::uint64_t;
 __extension__ using Bits128 = unsigned __int128;
 
 /// Number of zero bits below the lowest one; `bits` is not 0.
+inline int lowestBit(Bits32 bits) {
+  return std::countr_zero(bits);
+}
 inline int lowestBit(Bits64 bits) {
   return std::countr_zero(bits);
 }
@@ -71,11 +75,7 @@ class WindowTables {
 
   /// The orientations whose first cell may lie on the window's first free cell.
   OrientationSet fitting(Bits window) const {
-    constexpr int column = kStride<Bits>;
-    const auto near = bits<1, 4>(window) | bits<column - 3, 7>(window) << 4;
-    const auto far = bits<2 * column - 2, 5>(window) | bits<3 * column - 1, 3>(window) << 5 |
-                     bits<4 * column, 1>(window) << 8;
-    return fits_.near[near] & fits_.far[far];
+    return fits_.near[nearOf(window)] & fits_.far[farOf(window)];
   }
 
   /// True when a free cell of the window has four taken neighbours. Cells of the last columns,
@@ -102,9 +102,22 @@ class WindowTables {
 
   explicit WindowTables(const Models& models);
   static Models inOrder(const TypeOrder& order);
+  void arrange();  ///< the tables by nearOf and farOf
   template <int from, int count>
   static std::size_t bits(Bits window) {
     return static_cast<std::size_t>(window >> from) & ((std::size_t{1} << count) - 1);
+  }
+  static std::size_t nearOf(Bits window) {
+    constexpr int column = kStride<Bits>;
+    if constexpr (column == 7) return bits<1, 10>(window);  // the two columns share a bit
+    return bits<1, 4>(window) | bits<column - 3, 7>(window) << 4;
+  }
+  static std::size_t farOf(Bits window) {
+    constexpr int column = kStride<Bits>;
+    // One product gathers the three columns, the last one in the lowest place.
+    if constexpr (column == 7) return (bits<12, 17>(window) & 0x1071F) * 0x100201 >> 16 & 0x1FF;
+    return bits<2 * column - 2, 5>(window) | bits<3 * column - 1, 3>(window) << 5 |
+           bits<4 * column, 1>(window) << 8;
   }
 
   Models models_;
