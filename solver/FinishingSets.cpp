@@ -18,11 +18,21 @@ constexpr std::array<std::uint64_t, kBitsInWord> kWith{0xAAAAAAAAAAAAAAAA, 0xCCC
 /// Of the sets of a word, those of an even number of these pieces.
 constexpr std::uint64_t kEven = 0x9669699669969669;
 
-/// Words that any processor of 64 bits can work on at once.
-constexpr std::size_t kBlock = 2;
-using Block [[gnu::vector_size(8 * kBlock)]] = std::uint64_t;
+/// What registers hold: those of every processor of 64 bits, and those of AVX2.
+using Narrow [[gnu::vector_size(16)]] = std::uint64_t;
+using Wide [[gnu::vector_size(32)]] = std::uint64_t;
+
+bool hasWideRegisters() {
+#ifdef __x86_64__
+  return __builtin_cpu_supports("avx2");
+#else
+  return false;
+#endif
+}
 
 }  // namespace
+
+Seam<bool> FinishingSets::wideRegisters(hasWideRegisters());
 
 void FinishingSets::reset(int pieces, std::size_t rows) {
   words_ = std::max(kFewestWords, std::size_t{1} << std::max(0, pieces - 1 - kBitsInWord));
@@ -33,6 +43,7 @@ void FinishingSets::reset(int pieces, std::size_t rows) {
   }
   std::fill_n(bits_.get(), 2 * words_, 0);
   rows_ = 1;
+  sum_ = *wideRegisters ? sumWide : sumNarrow;
   if (pieces != pieces_) makeMoves(pieces);
 }
 
@@ -63,22 +74,44 @@ FinishingSets::Row FinishingSets::addEmptySet() {
   return rows_++;
 }
 
-FinishingSets::Row FinishingSets::add(std::span<const Source> sources) {
-  std::uint64_t* row = &bits_[at(rows_)];
+/// Writes the row that the sources make together. True when there is a set in it.
+template <class Block>
+[[gnu::always_inline]] inline bool FinishingSets::sum(std::span<const Source> sources,
+                                                      std::size_t words, std::uint64_t* row) {
+  constexpr std::size_t wide = sizeof(Block) / sizeof *row;
   Block any{};
-  for (std::size_t i = 0; i < words_; i += kBlock) {
-    Block sum{};
+  for (std::size_t i = 0; i < words; i += wide) {
+    Block all{};
     for (const Source& source : sources) {
       Block block, mask;
       std::memcpy(&block, source.from + i, sizeof block);
       std::memcpy(&mask, &source.move->mask[i], sizeof mask);
-      sum |= block << source.move->bits & mask;
+      all |= block << source.move->bits & mask;
     }
-    any |= sum;
-    std::memcpy(row + i, &sum, sizeof sum);
+    any |= all;
+    std::memcpy(row + i, &all, sizeof all);
   }
+  std::uint64_t some = 0;
+  for (std::size_t i = 0; i < wide; ++i) some |= any[i];
+  return some != 0;
+}
+
+bool FinishingSets::sumNarrow(std::span<const Source> sources, std::size_t words,
+                              std::uint64_t* row) {
+  return sum<Narrow>(sources, words, row);
+}
+
+#ifdef __x86_64__
+[[gnu::target("avx2")]]
+#endif
+bool FinishingSets::sumWide(std::span<const Source> sources, std::size_t words,
+                            std::uint64_t* row) {
+  return sum<Wide>(sources, words, row);
+}
+
+FinishingSets::Row FinishingSets::add(std::span<const Source> sources) {
   // Whether there is a set cannot be predicted, so it is no branch.
-  const auto isNew = static_cast<Row>((any[0] | any[1]) != 0);
+  const auto isNew = static_cast<Row>(sum_(sources, words_, &bits_[at(rows_)]));
   const Row added = rows_ & -isNew;
   rows_ += isNew;
   return added;

@@ -6,6 +6,8 @@
 #include <memory>
 #include <span>
 
+#include "seams/Seam.h"
+
 namespace solver {
 
 /// For many profiles, which sets of pieces can finish each: a row of bits for a profile, a bit for
@@ -21,6 +23,9 @@ class FinishingSets {
   using Pieces = std::uint32_t;
   using Row = std::uint32_t;
   static constexpr int kMostPieces = 12;
+  /// Whether rows are added in registers of 256 bits (AVX2), where the processor has them. The sets
+  /// are the same either way.
+  static Seam<bool> wideRegisters;
   /// The row of no set at all.
   static constexpr Row kNone = 0;
   /// The sets of a row with one piece more.
@@ -49,9 +54,14 @@ class FinishingSets {
   };
 
   void makeMoves(int pieces);
+  template <class Block>
+  static bool sum(std::span<const Source> sources, std::size_t words, std::uint64_t* row);
+  static bool sumNarrow(std::span<const Source> sources, std::size_t words, std::uint64_t* row);
+  static bool sumWide(std::span<const Source> sources, std::size_t words, std::uint64_t* row);
   /// Before the first row there is room for what a move reads in vain.
   std::size_t at(Row row) const { return (std::size_t{row} + 1) * words_; }
 
+  decltype(&sumNarrow) sum_ = sumNarrow;
   Pieces coded_ = 0;  ///< all but the last
   int pieces_ = 0;
   std::size_t words_ = 1, room_ = 0;

@@ -1,5 +1,6 @@
 #include "solver/Solver.h"
 
+#include "solver/FinishingSets.h"
 #include "solver/Scan.h"
 #include "tests/solver/Ways.h"
 
@@ -32,6 +33,9 @@ TEST(Solver, FindsTheKnownCounts) {
       EXPECT_EQ(countSolutions({entry.shape}, Counting::All, {}, strategy).solutions, entry.all);
       EXPECT_EQ(countSolutions({entry.shape}, Counting::UpToSymmetry, {}, strategy).solutions,
                 entry.upToSymmetry);
+      const Replacement narrow(FinishingSets::wideRegisters, false);
+      EXPECT_EQ(countSolutions({entry.shape}, Counting::All, {}, Strategy::Meet).solutions,
+                entry.all);
     }
 }
 
@@ -54,7 +58,9 @@ TEST(Solver, FindsTheSameByEveryStrategyWithDifferentPieces) {
   int solvable = 0;
   for (int round = 0; round < 60; ++round) {
     SCOPED_TRACE(round);
-    Problem problem{randomShape(random, 30, 5 + round % 2, 6), {}};
+    const Replacement registers(FinishingSets::wideRegisters,
+                                *FinishingSets::wideRegisters && round % 4 < 2);
+    Problem problem{randomShape(random, 30, 5 + round % 3, 6 + round % 3), {}};
     if (round % 2 == 0)
       problem.shape = Shape::rectangle(round % 4 == 0 ? 6 : 5, round % 4 == 0 ? 5 : 6);
     for (int left = problem.shape.area() / 5; left > 0;) {
@@ -122,6 +128,15 @@ TEST(Solver, SolvesWideShapesWithManyPiecesOfAType) {
   }
   EXPECT_THROW(findSolution({Shape::rectangle(35, 31), PieceSet::ofEach(99)}),
                std::invalid_argument);
+}
+
+TEST(Solver, JoinsPartsThatLieFarApart) {
+  Problem problem{Shape(360, 5), piecesOf({0, 1, 2, 3, 4, 5}, 1)};
+  for (const Orientation& piece : orientations())
+    if (piece.type < 6 && piece.rotations == 0 && piece.flips == 0)
+      for (const Cell cell : piece.cells) problem.shape.set({cell.x + 70 * piece.type, cell.y});
+  for (const Strategy strategy : kStrategies)
+    EXPECT_EQ(countSolutions(problem, Counting::All, {}, strategy).solutions, 1u);
 }
 
 TEST(Solver, KnowsWithoutSearchingWhatCannotBeTiled) {
