@@ -1,6 +1,7 @@
 #include "solver/Counting.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "solver/FitChunks.h"
@@ -14,9 +15,10 @@ namespace {
 /// A scan that is done within this number of nodes is not to be beaten; otherwise profiles are
 /// tried then, and after each multiple of it: what is left is known better by and by.
 constexpr std::uint64_t kTrialNodes = 1 << 14, kTrialGrowth = 256;
-/// What a node over profiles costs, in nodes of a scan, and how many times more nodes a scan takes
-/// than it seems early on: both by experience.
-constexpr double kProfileCost = 2.8, kUnseen = 1.7;
+/// What a node over profiles costs, in nodes of a scan; how many times more nodes a scan takes than
+/// it seems at its beginning, and the share of it after which it is seen rightly: all by
+/// experience.
+constexpr double kProfileCost = 2.8, kUnseen = 1.7, kSeen = 0.25;
 
 bool isCounted(const PieceSet& supply, int pieces) {
   return SupplyCode(supply, pieces).bits() > 0;
@@ -58,8 +60,9 @@ class CountByTrial {
 
   std::uint64_t nodesThatPay() const {
     const double done = std::max(search_.fractionDone(), 1e-12);
+    const double unseen = std::lerp(kUnseen, 1.0, std::min(1.0, done / kSeen));
     return static_cast<std::uint64_t>(
-        std::min(nodes_ * (1 - done) / done * kUnseen / kProfileCost, 1e18));
+        std::min(nodes_ * (1 - done) / done * unseen / kProfileCost, 1e18));
   }
 
   const Problem& problem_;

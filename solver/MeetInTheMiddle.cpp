@@ -10,7 +10,7 @@ constexpr int kFewestPieces = 6;
 /// Where the parts meet, in hundredths of the cells; later only for the sake of the branching.
 constexpr std::size_t kMeetAt = 42, kMeetAtMost = 50;
 /// Partial tilings beyond which the search gives up.
-constexpr std::size_t kMostPartials = 1'000'000;
+constexpr std::size_t kMostPartials = 500'000;
 
 /// Columns: profiles tell 4096 positions.
 constexpr int kWidest = 256;
