@@ -13,7 +13,7 @@ namespace puzzle {
 
 namespace {
 
-constexpr std::uint64_t kOften = std::uint64_t{1} << 20;  // nodes: some milliseconds
+constexpr std::uint64_t kOften = std::uint64_t{1} << 14;  // nodes: some milliseconds at most
 
 constexpr const char* kLimitReached = "The limit was reached.\n";
 constexpr const char* kTooMuch =
