@@ -3,14 +3,11 @@
 #include <QCollator>
 #include <algorithm>
 
+#include "folders/PuzzleName.h"
+
 namespace fs = std::filesystem;
 
 namespace {
-
-bool isPuzzleName(const fs::path& name) {
-  const QString extension = QString::fromStdString(name.extension().string());
-  return name.native().front() != '.' && extension.compare(".qzl", Qt::CaseInsensitive) == 0;
-}
 
 /// Comparing two texts by a language's rules takes long; their keys are made once.
 struct Sortable {
