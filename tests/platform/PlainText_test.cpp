@@ -5,6 +5,8 @@
 
 #include <QTextDocument>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// What a tool tip shows of a rich text.
@@ -19,10 +21,10 @@ QString shown(const QString& rich) {
 
 TEST(PlainText, WritesOutWhatActsUnseen) {
   EXPECT_EQ(PlainText::plain("a\nb\tc\x7f"), "a\\u000Ab\\u0009c\\u007F");
-  EXPECT_EQ(PlainText::plain(u"a\u202Elzq.b\u2066\u200F\u2028\u0085"_qs),
-            u"a\\u202Elzq.b\\u2066\\u200F\\u2028\\u0085"_qs);
+  EXPECT_EQ(PlainText::plain(u"a\u202Elzq.b\u2066\u200F\u2028\u0085"_s),
+            u"a\\u202Elzq.b\\u2066\\u200F\\u2028\\u0085"_s);
   EXPECT_EQ(PlainText::plain(QString(QChar(0xd83d)) + 'x' + QChar(0xde00)), "\\uD83Dx\\uDE00");
-  const QString harmless = u"<b>R&D</b> Ünïcödé עברית 😀 \\u000A"_qs;
+  const QString harmless = u"<b>R&D</b> Ünïcödé עברית 😀 \\u000A"_s;
   EXPECT_EQ(PlainText::plain(harmless), harmless);
 }
 
@@ -34,7 +36,7 @@ TEST(PlainText, EscapesForPlacesThatTakeRichText) {
   const QString tip = shown(PlainText::escaped(long_));
   EXPECT_EQ(tip.size(), 1000);
   EXPECT_TRUE(tip.startsWith("<h1><h1>") && tip.endsWith(u'…'));
-  const QString pairs = u"😀"_qs.repeated(200);
+  const QString pairs = u"😀"_s.repeated(200);
   EXPECT_EQ(shown(PlainText::escaped(pairs)), pairs) << "broken within a character";
 }
 
