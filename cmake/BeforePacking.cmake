@@ -25,35 +25,42 @@ function(share_data root folder name)
     "${root}/usr/lib/quinzolith/Kelvo Software/${folder}/${name}" SYMBOLIC)
 endfunction()
 
-# Strips the programs, and links them from where Debian wants the commands of games (Policy 11.11). Not
-# every desktop looks there, so its entries name the whole path.
-function(lay_out_programs root)
+# Strips the programs, and links them from usr/COMMANDS.
+function(lay_out_programs root commands)
   set(tree "lib/quinzolith/Kelvo Software/Quinzolith")
   file(GLOB programs RELATIVE "${root}/usr/${tree}" "${root}/usr/${tree}/quinzolith*")
-  file(MAKE_DIRECTORY ${root}/usr/games)
+  file(MAKE_DIRECTORY ${root}/usr/${commands})
   foreach(program ${programs})
     execute_process(COMMAND strip --remove-section=.comment --remove-section=.note
       "${root}/usr/${tree}/${program}" COMMAND_ERROR_IS_FATAL ANY)
-    file(CREATE_LINK "../${tree}/${program}" ${root}/usr/games/${program} SYMBOLIC)
+    file(CREATE_LINK "../${tree}/${program}" ${root}/usr/${commands}/${program} SYMBOLIC)
   endforeach()
+endfunction()
+
+# The tree lies below /usr/lib/quinzolith; links, desktop files and manual go where systems look for them.
+function(lay_out_package root commands)
+  set(prefix ${root}/usr/lib/quinzolith)
+  file(RENAME ${prefix}/share ${root}/usr/share)
+  file(REMOVE_RECURSE ${prefix}/bin)
+  lay_out_programs(${root} ${commands})
+  foreach(name puzzles tiles Quinzolith.chm)
+    share_data(${root} Quinzolith ${name})
+  endforeach()
+  share_data(${root} "Common Files" MIDI)
+  # Whatever the mask of whoever packs, all may read.
+  execute_process(COMMAND chmod -R u=rwX,go=rX ${root}/usr COMMAND_ERROR_IS_FATAL ANY)
+endfunction()
+
+# Debian wants the commands of games in /usr/games (Policy 11.11). Not every desktop looks there, so
+# their entries name the whole path.
+function(lay_out_debian root)
+  lay_out_package(${root} games)
   file(GLOB entries ${root}/usr/share/applications/*)
   foreach(entry ${entries})
     file(READ ${entry} text)
     string(REPLACE "Exec=" "Exec=/usr/games/" text "${text}")
     file(WRITE ${entry} "${text}")
   endforeach()
-endfunction()
-
-# The tree lies below /usr/lib/quinzolith; links, desktop files and manual go where Debian looks for them.
-function(lay_out_debian root)
-  set(prefix ${root}/usr/lib/quinzolith)
-  file(RENAME ${prefix}/share ${root}/usr/share)
-  file(REMOVE_RECURSE ${prefix}/bin)
-  lay_out_programs(${root})
-  foreach(name puzzles tiles Quinzolith.chm)
-    share_data(${root} Quinzolith ${name})
-  endforeach()
-  share_data(${root} "Common Files" MIDI)
   file(RENAME ${root}/usr/share/zsh/site-functions ${root}/usr/share/zsh/vendor-completions)
   configure_file(${source}/packaging/lintian-overrides ${root}/usr/share/lintian/overrides/quinzolith COPYONLY)
 endfunction()
@@ -75,8 +82,8 @@ endfunction()
 if(CPACK_GENERATOR STREQUAL DEB)
   lay_out_debian(${CPACK_TEMPORARY_INSTALL_DIRECTORY})
   pack_documents(${CPACK_TEMPORARY_INSTALL_DIRECTORY})
-  # Whatever the mask of whoever packs, all may read.
-  execute_process(COMMAND chmod -R u=rwX,go=rX ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr COMMAND_ERROR_IS_FATAL ANY)
+elseif(CPACK_GENERATOR STREQUAL RPM)
+  lay_out_package(${CPACK_TEMPORARY_INSTALL_DIRECTORY} bin)
 else()
   lay_out_source(${CPACK_TEMPORARY_INSTALL_DIRECTORY})
 endif()

@@ -28,6 +28,25 @@ file(STRINGS scripts/packages.txt used_when_running REGEX "^run ")
 list(TRANSFORM used_when_running REPLACE "^run " "")
 list(JOIN used_when_running ", " CPACK_DEBIAN_PACKAGE_DEPENDS)
 
+# cpack -G RPM makes a package for other systems, whose tool finds the linked libraries itself.
+set(CPACK_RPM_FILE_NAME RPM-DEFAULT)
+set(CPACK_RPM_PACKAGE_LICENSE MIT)
+set(CPACK_RPM_PACKAGE_URL ${QUINZOLITH_WEBSITE})
+set(CPACK_RPM_PACKAGE_DESCRIPTION ${CPACK_DEBIAN_PACKAGE_DESCRIPTION})
+# FluidSynth is opened when a tune plays.
+set(CPACK_RPM_PACKAGE_REQUIRES "xdg-utils, libfluidsynth.so.3()(64bit)")
+set(CPACK_PACKAGE_RELOCATABLE OFF)
+# What the system's own packages hold.
+set(CPACK_RPM_EXCLUDE_FROM_AUTO_FILELIST_ADDITION
+  /usr/share/applications /usr/share/bash-completion /usr/share/bash-completion/completions /usr/share/fish
+  /usr/share/fish/vendor_completions.d /usr/share/icons /usr/share/icons/hicolor /usr/share/man /usr/share/man/man1
+  /usr/share/man/man6 /usr/share/metainfo /usr/share/mime /usr/share/mime/packages /usr/share/zsh
+  /usr/share/zsh/site-functions)
+foreach(size 16x16 22x22 24x24 32x32 48x48 64x64 128x128 256x256 scalable)
+  list(APPEND CPACK_RPM_EXCLUDE_FROM_AUTO_FILELIST_ADDITION
+    /usr/share/icons/hicolor/${size} /usr/share/icons/hicolor/${size}/apps)
+endforeach()
+
 set(CPACK_SOURCE_GENERATOR TXZ)
 set(CPACK_SOURCE_PACKAGE_FILE_NAME quinzolith-${PROJECT_VERSION})
 # The source is taken from git, not from the folder.
