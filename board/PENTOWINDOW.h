@@ -121,6 +121,12 @@ class PENTOWINDOW : public PointerSurface, public PuzzleTarget {
 
  private:
   enum class CursorShape { Default, Hand, Clear };
+  struct FloatingPicture {
+    const PENTO* piece;
+    int rotations, flips;
+    QPoint corner;  // pixels
+    bool operator==(const FloatingPicture&) const = default;
+  };
   static constexpr int kBorderStep = 2;  // device pixels from the surface's corner to its picture
 
   // geometry
@@ -141,6 +147,7 @@ class PENTOWINDOW : public PointerSurface, public PuzzleTarget {
   // the floating piece
   Hand& hand() const;
   QPoint floatingPlace() const;
+  FloatingPicture floatingPicture(const QPoint& corner) const;
   bool showsStalePicture() const;
   void showOffSurface();
   void floats(bool piece);
@@ -186,8 +193,7 @@ class PENTOWINDOW : public PointerSurface, public PuzzleTarget {
   QSize handledSize_{-1, -1};
   DirtyRectangle dirty_;
   SurfacePlace place_;
-  std::optional<QPoint> drawnAt_;  // where the surface shows a floating piece
-  const PENTO* drawn_ = nullptr;   // and which one
+  std::optional<FloatingPicture> drawn_;  // what the surface shows of a floating piece
 
   PentoRef FloatingPento_;
   bool fFloating_ = false;

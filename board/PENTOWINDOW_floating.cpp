@@ -87,10 +87,16 @@ QPoint PENTOWINDOW::floatingPlace() const {
   return rounded(QPointF(x - box.left, y - box.top) - place_.corner - grab);
 }
 
-/// The surface shows the piece elsewhere than in the hand, or it should not show it, or should.
+PENTOWINDOW::FloatingPicture PENTOWINDOW::floatingPicture(const QPoint& corner) const {
+  const PENTO& piece = *FloatingPento_;
+  return {&piece, piece.RotationCount, piece.FlipCount, corner};
+}
+
+/// The surface shows the piece elsewhere or otherwise than in the hand, or it should not show it,
+/// or should.
 bool PENTOWINDOW::showsStalePicture() const {
-  if (!showsPiece()) return drawnAt_.has_value();
-  return drawn_ != FloatingPento_.get() || drawnAt_ != floatingPlace();
+  if (!showsPiece()) return drawn_.has_value();
+  return drawn_ != floatingPicture(floatingPlace());
 }
 
 /// A pixel of the surface's picture as a point of the control, logical pixels.
@@ -101,9 +107,9 @@ QPointF PENTOWINDOW::surfacePoint(const QPoint& pixel) const {
 /// What is no part of the surface's picture: over the margin the cursor shows the piece, and the
 /// sign of a refused drop moves with it.
 void PENTOWINDOW::showOffSurface() {
-  if (!drawnAt_) return refusal_->clear();
+  if (!drawn_) return refusal_->clear();
   const double ratio = devicePixelRatioF();
-  refusal_->follow(*FloatingPento_, surfacePoint(*drawnAt_), atlas_.tileWidth() / ratio);
+  refusal_->follow(*FloatingPento_, surfacePoint(drawn_->corner), atlas_.tileWidth() / ratio);
   if (pctFore_->geometry().contains(hand().over(*this).toPoint())) return;
   setCursor(pieceCursor_.of(*FloatingPento_, atlas_,
                             QPoint(GrabX_ - kBorderStep, GrabY_ - kBorderStep), ratio));

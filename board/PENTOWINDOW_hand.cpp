@@ -68,7 +68,7 @@ void PENTOWINDOW::TurnQuarters(int quarters) {
 }
 
 bool PENTOWINDOW::FloatsAt(const QPointF& global) const {
-  if (!drawnAt_) return false;
+  if (!drawn_) return false;
   const DirtyRectangle box = floatingBox();
   return QRectF(box.left, box.top, box.right - box.left, box.bottom - box.top)
       .contains(pctFore_->toPicture(pctFore_->mapFromGlobal(global)));

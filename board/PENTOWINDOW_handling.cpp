@@ -170,19 +170,16 @@ void PENTOWINDOW::layDown(double x, double y) {
 
 /// Heard where there is sound, it can be seen everywhere.
 void PENTOWINDOW::showRefusal() {
-  if (!fFloating_ || !drawnAt_) return;
+  if (!fFloating_ || !drawn_) return;
   const double ratio = devicePixelRatioF();
-  refusal_->mark(*FloatingPento_, surfacePoint(*drawnAt_), atlas_.tileWidth() / ratio);
+  refusal_->mark(*FloatingPento_, surfacePoint(drawn_->corner), atlas_.tileWidth() / ratio);
 }
 
 void PENTOWINDOW::pctFore_DblClick() {
   pace_.rest(false);
   if (!fFloating_) return;
   if (LastButton_ == kRight) {
-    if (!easyModeAllows(kAskRotate)) return;
-    FloatingPento_->Rotate();
-    redrawFloating();
-    Pointer::moveFollows(*window());  // it centres the piece
+    turn();
   } else if (LastButton_ == kMiddle) {
     mirrorThroughKeyBox();
   }

@@ -25,8 +25,8 @@ void PENTOWINDOW::FlushDirty() {
     composition_.draw(scene, dirty_, pctFore_->picture());
     pctFore_->present(
         {dirty_.left, dirty_.top, dirty_.right - dirty_.left, dirty_.bottom - dirty_.top});
-    drawnAt_ = scene.floating ? std::optional(QPoint(box.left, box.top)) : std::nullopt;
-    drawn_ = scene.floating;
+    drawn_.reset();
+    if (scene.floating) drawn_ = floatingPicture({box.left, box.top});
     if (fFloating_) dirty_ = box;  // the next flush repaints the place that the piece leaves
     showOffSurface();
   } catch (const std::exception&) {
