@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QDialog>
 #include <QTimerEvent>
-#include <sstream>
 
 #include "model/basTiles.h"
 #include "platform/PendingEvents.h"
@@ -91,7 +90,7 @@ void Machine::next() {
   if (QWidget* menu = QApplication::activePopupWidget()) menu->close();
   if (trouble_.empty() && ending_ == 0) judge();
   schedule();
-  if (!trouble_.empty() || steps_.empty())
+  if (!trouble_.empty() || steps_.empty() || Form::Count() == 0)
     tearDown();
   else
     makeSteps();
@@ -116,9 +115,7 @@ void Machine::makeSteps() {
     steps_.pop_front();
     hurried = step.hurried && step.kind < Step::Key;  // a dialog may come of the others
     ++done_;
-    std::ostringstream shown;
-    shown << step;
-    last_ = shown.str();
+    last_ = machine::text(step);
     const int now = done_;
     perform(step);
     // If it has waited in a dialog, others have been made there and judged meanwhile.

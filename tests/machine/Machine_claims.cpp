@@ -67,6 +67,7 @@ std::vector<Cell> Machine::cellsForCorner(Side side) const {
     slack = 0;
   } else {
     corner = Sight::cornerFor(*control(side), *carried(), mouse_->at());
+    if (QApplication::activeWindow() != stage()->Window()) slack = s;  // it is not seen there
   }
   const double half = s / 2.0;
   return pairs(cellsAt(corner.x() + half - slack, corner.x() + half + slack, s),

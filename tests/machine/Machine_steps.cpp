@@ -224,6 +224,7 @@ void Machine::press(Qt::MouseButton button, bool again) {
     mouse_->pressAgain();
   else
     mouse_->press(button);
+  drawn_.reset();  // it may have been turned
   judgePickUp();
 }
 

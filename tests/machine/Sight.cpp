@@ -13,6 +13,8 @@ namespace {
 
 constexpr int kCentred = 4;  // pixels; beside the surface places count from its outer corner
 
+constexpr std::size_t kMostPainters = 8;
+
 const TextureAtlas& atlas(int tile) {
   static std::map<int, TextureAtlas> atlases;
   const auto [found, isNew] = atlases.try_emplace(tile, 4 * tile, 4 * tile);
@@ -22,6 +24,7 @@ const TextureAtlas& atlas(int tile) {
 
 Composition& painter(const QImage& background) {
   static std::map<qint64, Composition> painters;
+  if (painters.size() > kMostPainters) painters.clear();
   const auto [found, isNew] = painters.try_emplace(background.cacheKey());
   if (isNew) found->second.background(background);
   return found->second;

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <iosfwd>
+#include <functional>
+#include <string>
 #include <vector>
 
 namespace machine {
@@ -74,7 +75,11 @@ struct Scenario {
 };
 
 /// As C++, to be kept as a case.
-std::ostream& operator<<(std::ostream& out, const Step& step);
-std::ostream& operator<<(std::ostream& out, const Scenario& scenario);
+std::string text(const Step& step);
+std::string text(const Scenario& scenario);
+
+/// The fewest and plainest steps found with which a scenario still fails: parts are left out, from
+/// the whole down to single steps (the minimizing delta debugging of A. Zeller and R. Hildebrandt).
+Scenario shrunk(Scenario failing, const std::function<bool(const Scenario&)>& fails);
 
 }  // namespace machine
