@@ -15,8 +15,9 @@ std::string lowerCase(std::string text) {
   return text;
 }
 
-const Flag& optionNamed(const Command& command, std::string_view name, std::string_view word) {
-  const auto found = std::ranges::find(command.options, name, &Flag::name);
+const OptionSpec& optionNamed(const Command& command, std::string_view name,
+                              std::string_view word) {
+  const auto found = std::ranges::find(command.options, name, &OptionSpec::name);
   if (found == command.options.end())
     throw UsageError(std::string(command.name) + " has no option " + std::string(word) + ".");
   return *found;
@@ -26,7 +27,7 @@ const Flag& optionNamed(const Command& command, std::string_view name, std::stri
 void readOption(const Command& command, const std::vector<std::string>& words, std::size_t& i,
                 Arguments& arguments) {
   const std::string word = words[i].substr(0, words[i].find('='));
-  const Flag& option =
+  const OptionSpec& option =
       optionNamed(command, word.starts_with("--") ? word.substr(2) : std::string(), word);
   std::string& value = arguments.options[std::string(option.name)];
   const bool joined = word.size() != words[i].size();

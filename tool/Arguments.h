@@ -14,7 +14,8 @@ struct UsageError : std::runtime_error {
   using runtime_error::runtime_error;
 };
 
-struct Flag {
+/// What an option is, as the table of commands tells it; the options given are in Arguments.
+struct OptionSpec {
   std::string_view name;   ///< without the two dashes
   std::string_view value;  ///< what stands for its value in the help; empty for a switch. Words
                            ///< joined by "|" are all the values that there are.

@@ -34,7 +34,7 @@ struct Environment {
 struct Command {
   std::string_view name, arguments, summary, text;
   std::size_t fewest, most;  ///< number of arguments
-  std::vector<Flag> options;
+  std::vector<OptionSpec> options;
   int (*run)(const Arguments&, Environment&);
 };
 
@@ -43,7 +43,7 @@ const std::vector<Command>& commands();
 
 /// What stands alone in a command's place, without the dashes: help, version and so on. The value
 /// of an option is that of the next word.
-const std::vector<Flag>& standAlone();
+const std::vector<OptionSpec>& standAlone();
 
 /// The help. `installation` is the folder of the programs.
 std::string helpText(const std::filesystem::path& installation);

@@ -7,18 +7,18 @@ namespace puzzle {
 namespace {
 
 constexpr std::size_t kAny = 100000;
-constexpr Flag kPieces{"pieces", "LETTERS",
-                       "the pieces that may be used, such as FILNP, or 'all' (one each)"};
-constexpr Flag kRepeats{"repeats", "", "any number of the pieces named, or of all"};
-constexpr Flag kLimit{"limit", "NODES",
-                      "give up after this many pieces laid (nodes of the search)"};
-constexpr Flag kQuiet{"quiet", "", "no progress on a long run"};
-constexpr Flag kSeed{"seed", "N", "repeat the run that had this seed"};
+constexpr OptionSpec kPieces{"pieces", "LETTERS",
+                             "the pieces that may be used, such as FILNP, or 'all' (one each)"};
+constexpr OptionSpec kRepeats{"repeats", "", "any number of the pieces named, or of all"};
+constexpr OptionSpec kLimit{"limit", "NODES",
+                            "give up after this many pieces laid (nodes of the search)"};
+constexpr OptionSpec kQuiet{"quiet", "", "no progress on a long run"};
+constexpr OptionSpec kSeed{"seed", "N", "repeat the run that had this seed"};
 
 }  // namespace
 
-const std::vector<Flag>& standAlone() {
-  static const std::vector<Flag> all{
+const std::vector<OptionSpec>& standAlone() {
+  static const std::vector<OptionSpec> all{
       {"help|--help|-h", "[COMMAND]", "tells the commands, or the options of one"},
       {"--version|-V", "", "tells the version"},
       {"--man", "", "prints the manual page"},

@@ -38,14 +38,14 @@ std::string commandNames() {
 
 std::string aloneNames() {
   std::vector<std::string> names;
-  for (const Flag& option : standAlone())
+  for (const OptionSpec& option : standAlone())
     for (const std::string& name : wordsOf(option.name)) names.push_back(name);
   return joined(names);
 }
 
 std::string optionWords(const Command& command) {
   std::vector<std::string> words{"--help"};
-  for (const Flag& option : command.options)
+  for (const OptionSpec& option : command.options)
     words.push_back(dashed(option.name) + (option.value.empty() ? "" : "="));
   return joined(words);
 }
@@ -54,7 +54,7 @@ std::string optionWords(const Command& command) {
 std::string bashValues() {
   std::string lines;
   for (const Command& command : commands())
-    for (const Flag& option : command.options)
+    for (const OptionSpec& option : command.options)
       if (isList(option.value))
         lines += "    " + std::string(command.name) + ":" + dashed(option.name) + ") values='" +
                  joined(wordsOf(option.value)) + "' ;;\n";
@@ -106,7 +106,7 @@ std::string zshPlain(std::string_view text) {
   return result;
 }
 
-std::string zshOption(const Flag& option) {
+std::string zshOption(const OptionSpec& option) {
   std::string spec =
       dashed(option.name) + (option.value.empty() ? "" : "=") + "[" + zshPlain(option.text) + "]";
   if (isList(option.value))
@@ -128,14 +128,14 @@ std::string zsh() {
       << " ;;\n    --completion) compadd " << joined(wordsOf(kShells)) << " ;;\n";
   for (const Command& command : commands()) {
     out << "    " << command.name << ")\n      shift words; (( CURRENT-- ))\n      _arguments -S";
-    for (const Flag& option : command.options) out << " \\\n        " << zshOption(option);
+    for (const OptionSpec& option : command.options) out << " \\\n        " << zshOption(option);
     out << " \\\n        '(- *)--help[show help]' '*:file:_files' ;;\n";
   }
   out << "  esac\n}\n_quinzolith_puzzle \"$@\"\n";
   return out.str();
 }
 
-std::string fishOption(std::string_view condition, const Flag& option) {
+std::string fishOption(std::string_view condition, const OptionSpec& option) {
   std::string line = "complete -c " + std::string(kProgram) + " -n " + inQuotes(condition) +
                      " -l " + std::string(option.name) + " -d " + inQuotes(option.text);
   if (isList(option.value))
@@ -154,7 +154,7 @@ std::string fish() {
         << " -d " << inQuotes(text) << "\n";
   };
   for (const Command& command : commands()) first(command.name, command.summary);
-  for (const Flag& option : standAlone())
+  for (const OptionSpec& option : standAlone())
     for (const std::string& name : wordsOf(option.name)) first(name, option.text);
   out << "complete -c " << program << " -n '__fish_seen_subcommand_from help' -f -a "
       << inQuotes(commandNames()) << "\n"
@@ -163,7 +163,7 @@ std::string fish() {
   for (const Command& command : commands()) {
     const std::string seen = "__fish_seen_subcommand_from " + std::string(command.name);
     out << fishOption(seen, {"help", "", "show help"});
-    for (const Flag& option : command.options) out << fishOption(seen, option);
+    for (const OptionSpec& option : command.options) out << fishOption(seen, option);
   }
   return out.str();
 }

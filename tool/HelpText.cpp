@@ -22,13 +22,13 @@ constexpr std::string_view kExitCodes[] = {
     "3  there are more solutions than can be counted within 1 GiB, or in 128 bits"};
 constexpr std::size_t kLineLength = 78;
 
-std::string shown(const Flag& option) {
+std::string shown(const OptionSpec& option) {
   std::string result = dashed(option.name);
   if (!option.value.empty()) result.append("=").append(option.value);
   return result;
 }
 
-std::string shownAlone(const Flag& option) {
+std::string shownAlone(const OptionSpec& option) {
   std::string result;
   for (const std::string& name : wordsOf(option.name))
     result += (result.empty() ? "" : ", ") + name;
@@ -92,7 +92,8 @@ std::string helpText(const std::filesystem::path& installation) {
   for (const Command& command : commands())
     help += entry(std::string(command.name), command.summary, column);
   help += "\nInstead of a command:\n";
-  for (const Flag& option : standAlone()) help += entry(shownAlone(option), option.text, column);
+  for (const OptionSpec& option : standAlone())
+    help += entry(shownAlone(option), option.text, column);
   help += "\n" + wrapped(kGeneral, 0) +
           wrapped(std::string(kUser) + placeOfUser(installation) + ".", 0) + "\nExit codes:\n";
   for (const std::string_view line : kExitCodes) help.append("  ").append(line).append("\n");
@@ -104,7 +105,7 @@ std::string helpText(const Command& command) {
                      (command.options.empty() ? " " : " [OPTIONS] ") +
                      std::string(command.arguments) + "\n" + wrapped(paragraph(command), 0);
   if (!command.options.empty()) help += "\nOptions:\n";
-  for (const Flag& option : command.options) help += entry(shown(option), option.text, 24);
+  for (const OptionSpec& option : command.options) help += entry(shown(option), option.text, 24);
   return help;
 }
 
@@ -120,11 +121,11 @@ std::string manualPage() {
     out << ".SS \"" << command.name << (command.options.empty() ? " " : " [OPTIONS] ")
         << troff(command.arguments) << "\"\n"
         << troff(paragraph(command)) << "\n";
-    for (const Flag& option : command.options)
+    for (const OptionSpec& option : command.options)
       out << ".TP\n.B " << troff(shown(option)) << "\n" << troff(option.text) << "\n";
   }
   out << ".SH INSTEAD OF A COMMAND\n";
-  for (const Flag& option : standAlone())
+  for (const OptionSpec& option : standAlone())
     out << ".TP\n.B " << troff(shownAlone(option)) << "\n" << troff(option.text) << "\n";
   out << ".SH EXIT STATUS\n.nf\n";
   for (const std::string_view line : kExitCodes) out << line << "\n";

@@ -80,7 +80,7 @@ TEST_F(PuzzleTool, HelpManualAndCompletionsNameEveryOption) {
     expectDone({"help", name});
     EXPECT_EQ(out_, own);
     EXPECT_TRUE(holds(manual, ".SS \"" + name));
-    for (const puzzle::Flag& option : command.options) {
+    for (const puzzle::OptionSpec& option : command.options) {
       EXPECT_TRUE(holds(inOneLine(own), inOneLine(option.text))) << option.name;
       for (const std::string& script : completions)
         EXPECT_TRUE(holds(script, std::string(option.name))) << option.name;
