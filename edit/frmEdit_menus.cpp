@@ -28,15 +28,8 @@ void frmEdit::buildFileMenu() {
 }
 
 void frmEdit::buildHelpMenu() {
-  using namespace basHTMLHelp;
-  QMenu* menu = Menus::addMenu(MenuBar(), "mnuHelp", "Help");
-  Menus::addItem(menu, "mnuHelpContents", "Contents...",
-                 [this] { ShowHelp(*this, Topic::StartPage); });
-  Menus::addItem(menu, "mnuHelpCreate", "How to create puzzles...",
-                 [this] { ShowHelp(*this, Topic::Editor); });
-  Menus::addSeparator(menu, "mnuHelpSep");
-  Menus::addItem(menu, "mnuHelpAbout", "About...", [this] { mnuHelpAbout_Click(); });
-  ShowHelpOnF1(*this, Topic::Editor);
+  basHTMLHelp::AddHelpMenu(*this, basHTMLHelp::Topic::Editor, "mnuHelpCreate",
+                           "How to create puzzles...", [this] { mnuHelpAbout_Click(); });
 }
 
 void frmEdit::SetCaption(int item, const std::string& text) {

@@ -37,8 +37,7 @@ class Form {
 
   explicit Form(Design design);
   virtual ~Form();
-  Form(const Form&) = delete;
-  Form& operator=(const Form&) = delete;
+  Form(Form&&) = delete;
 
   void Load();  ///< builds the window if there is none; does not show it
   void Show();  ///< loads if needed, and shows without waiting
@@ -62,6 +61,7 @@ class Form {
   static bool Blocked(const QWidget* widget);
   /// The font of controls whose size is fixed: a sans of 8.25 points.
   static QFont ControlFont();
+  class QMenuBar* MenuBar();  ///< of a sizable form
 
  protected:
   virtual void BuildControls() = 0;  ///< creates the controls below Client(), in tab order
@@ -71,8 +71,6 @@ class Form {
   virtual void Form_Unload(bool& Cancel) { (void)Cancel; }
   /// Esc in a dialog; does nothing unless a form says otherwise.
   virtual void Form_Escape() {}
-
-  class QMenuBar* MenuBar();  ///< of a sizable form
 
  private:
   friend class FormWindow;

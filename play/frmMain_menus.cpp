@@ -46,15 +46,8 @@ void frmMain::buildViewMenu() {
 }
 
 void frmMain::buildHelpMenu() {
-  using namespace basHTMLHelp;
-  QMenu* help = Menus::addMenu(MenuBar(), "mnuHelp", "Help");
-  Menus::addItem(help, "mnuHelpContents", "Contents...",
-                 [this] { ShowHelp(*this, Topic::StartPage); });
-  Menus::addItem(help, "mnuHelpSolve", "How to solve puzzles...",
-                 [this] { ShowHelp(*this, Topic::Play); });
-  Menus::addSeparator(help, "mnuHelpSep");
-  Menus::addItem(help, "mnuHelpAbout", "About...", [this] { mnuHelpAbout_Click(); });
-  ShowHelpOnF1(*this, Topic::Play);
+  basHTMLHelp::AddHelpMenu(*this, basHTMLHelp::Topic::Play, "mnuHelpSolve",
+                           "How to solve puzzles...", [this] { mnuHelpAbout_Click(); });
   askForHintOnF3();
 }
 

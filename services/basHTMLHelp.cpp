@@ -4,6 +4,7 @@
 
 #include "platform/Form.h"
 #include "platform/HelpProcess.h"
+#include "platform/Menus.h"
 #include "platform/Program.h"
 
 namespace basHTMLHelp {
@@ -21,6 +22,17 @@ void ShowHelp(const Form& window, Topic topic) {
 void ShowHelpOnF1(const Form& window, Topic topic) {
   auto* f1 = new QShortcut(QKeySequence(Qt::Key_F1), window.Window());
   QObject::connect(f1, &QShortcut::activated, f1, [&window, topic] { ShowHelp(window, topic); });
+}
+
+void AddHelpMenu(Form& window, Topic topic, const char* name, const char* caption,
+                 const std::function<void()>& about) {
+  QMenu* menu = Menus::addMenu(window.MenuBar(), "mnuHelp", "Help");
+  Menus::addItem(menu, "mnuHelpContents", "Contents...",
+                 [&window] { ShowHelp(window, Topic::StartPage); });
+  Menus::addItem(menu, name, caption, [&window, topic] { ShowHelp(window, topic); });
+  Menus::addSeparator(menu, "mnuHelpSep");
+  Menus::addItem(menu, "mnuHelpAbout", "About...", about);
+  ShowHelpOnF1(window, topic);
 }
 
 }  // namespace basHTMLHelp

@@ -2,6 +2,7 @@
 
 #include <QWidget>
 #include <filesystem>
+#include <functional>
 
 class Form;
 
@@ -24,5 +25,10 @@ void ShowHelp(const Form& window, Topic topic);
 
 /// Binds the F1 key of a window to its topic; call while its controls are built.
 void ShowHelpOnF1(const Form& window, Topic topic);
+
+/// Builds the Help menu of a window, and binds F1: the start page, the window's topic as an item of
+/// that name and caption, and `about`.
+void AddHelpMenu(Form& window, Topic topic, const char* name, const char* caption,
+                 const std::function<void()>& about);
 
 }  // namespace basHTMLHelp
