@@ -1,5 +1,6 @@
 #include "services/basKelvoMusic.h"
 
+#include <initializer_list>
 #include <limits>
 #include <string>
 
@@ -18,16 +19,9 @@ namespace basKelvoMusic {
 std::vector<fs::path> CorrectFiles(1), WrongFiles(1), SongFiles(1);
 bool fCorrectDone = false, fWrongDone = false, fSongDone = false;
 
+Seam<State> state(State{});
+
 namespace {
-
-TunePlayer* correctPlayer = nullptr;
-TunePlayer* wrongPlayer = nullptr;
-TunePlayer* songPlayer = nullptr;
-
-bool fSoundClosing = false;
-bool fSoundOn = false;
-bool fSoundReady = false;
-std::size_t LastCorrect = 0;
 
 constexpr const char* kSection = "Sound";
 constexpr const char* kKey = "Status";
@@ -68,9 +62,9 @@ std::size_t drawCorrect() {
   if (count < 2) return 0;
   for (int tries = 0; tries < 1000; ++tries) {
     const std::size_t i = draw(count);
-    if (i != LastCorrect) return i;
+    if (i != state->LastCorrect) return i;
   }
-  return (LastCorrect + 1) % count;  // a generator that is stuck must not stop the game
+  return (state->LastCorrect + 1) % count;  // a generator that is stuck must not stop the game
 }
 
 void command(TunePlayer* player, const char* text) {
@@ -78,7 +72,7 @@ void command(TunePlayer* player, const char* text) {
 }
 
 bool mayPrepare() {
-  return fSoundOn && !fSoundClosing;
+  return state->fSoundOn && !state->fSoundClosing;
 }
 
 void openTune(TunePlayer* player, const fs::path& file) {
@@ -91,26 +85,38 @@ void openTune(TunePlayer* player, const fs::path& file) {
 
 void PrepareCorrect() {
   if (!mayPrepare()) return;
-  LastCorrect = drawCorrect();
-  openTune(correctPlayer, CorrectFiles[LastCorrect]);
+  state->LastCorrect = drawCorrect();
+  openTune(state->Correct, CorrectFiles[state->LastCorrect]);
   processPendingEvents();
   fCorrectDone = false;
 }
 
 void PrepareWrong() {
   if (!mayPrepare()) return;
-  openTune(wrongPlayer, WrongFiles[draw(countOf(WrongFiles))]);
+  openTune(state->Wrong, WrongFiles[draw(countOf(WrongFiles))]);
   fWrongDone = false;
 }
 
 void PrepareSong() {
   if (!mayPrepare()) return;
-  openTune(songPlayer, SongFiles[draw(countOf(SongFiles))]);
+  openTune(state->Song, SongFiles[draw(countOf(SongFiles))]);
   fSongDone = false;
 }
 
 void closeUnlessStopped(TunePlayer* player) {
   if (player->Mode() != TunePlayer::kStopped) player->Command("Close");
+}
+
+/// Plays a player's tune, after another has been prepared if that one is over. False where there is
+/// no sound, or the tune plays already.
+bool play(TunePlayer* player, bool done, void (*prepare)(),
+          std::initializer_list<TunePlayer*> others) {
+  if (!state->fSoundOn || !state->fSoundReady) return false;
+  if (player->Mode() == TunePlayer::kNotOpen || done) prepare();
+  for (TunePlayer* other : others) closeUnlessStopped(other);
+  if (player->Mode() != TunePlayer::kStopped) return false;
+  player->Command("Play");
+  return true;
 }
 
 }  // namespace
@@ -124,11 +130,11 @@ void LoadSoundLists() {
 }
 
 void InitSound(TunePlayer& Correct, TunePlayer& Wrong, TunePlayer& Song) {
-  fSoundReady = true;
-  fSoundClosing = false;
-  correctPlayer = &Correct;
-  wrongPlayer = &Wrong;
-  songPlayer = &Song;
+  state->fSoundReady = true;
+  state->fSoundClosing = false;
+  state->Correct = &Correct;
+  state->Wrong = &Wrong;
+  state->Song = &Song;
   PrepareCorrect();
   PrepareWrong();
   PrepareSong();
@@ -137,13 +143,13 @@ void InitSound(TunePlayer& Correct, TunePlayer& Wrong, TunePlayer& Song) {
 }
 
 bool SoundOn() {
-  return fSoundOn;
+  return state->fSoundOn;
 }
 
 void SetSound(bool On) {
-  fSoundOn = On;
-  if (!On && fSoundReady) {
-    for (TunePlayer* player : {correctPlayer, wrongPlayer, songPlayer}) {
+  state->fSoundOn = On;
+  if (!On && state->fSoundReady) {
+    for (TunePlayer* player : {state->Correct, state->Wrong, state->Song}) {
       command(player, "Stop");
       command(player, "Back");
     }
@@ -152,42 +158,23 @@ void SetSound(bool On) {
 }
 
 void PlayWrong() {
-  if (!fSoundOn || !fSoundReady) return;
-  if (wrongPlayer->Mode() == TunePlayer::kNotOpen || fWrongDone) PrepareWrong();
-  closeUnlessStopped(songPlayer);
-  closeUnlessStopped(correctPlayer);
-  if (wrongPlayer->Mode() != TunePlayer::kStopped) return;
-  wrongPlayer->Command("Play");
-  PrepareCorrect();
+  if (play(state->Wrong, fWrongDone, PrepareWrong, {state->Song, state->Correct})) PrepareCorrect();
 }
 
 void PlaySong() {
-  if (!fSoundOn || !fSoundReady) return;
-  if (songPlayer->Mode() == TunePlayer::kNotOpen || fSongDone) PrepareSong();
-  closeUnlessStopped(correctPlayer);
-  closeUnlessStopped(wrongPlayer);
-  if (songPlayer->Mode() != TunePlayer::kStopped) return;
-  songPlayer->Command("Play");
+  if (!play(state->Song, fSongDone, PrepareSong, {state->Correct, state->Wrong})) return;
   PrepareCorrect();
   PrepareWrong();
 }
 
 void CloseSound() {
-  fSoundClosing = true;
-  fSoundReady = false;
-  for (TunePlayer** player : {&correctPlayer, &wrongPlayer, &songPlayer}) {
+  state->fSoundClosing = true;
+  state->fSoundReady = false;
+  for (TunePlayer** player : {&state->Correct, &state->Wrong, &state->Song}) {
     command(*player, "Close");
     *player = nullptr;
   }
   processPendingEvents();
-}
-
-void Reset() {
-  for (auto* files : {&CorrectFiles, &WrongFiles, &SongFiles}) files->assign(1, {});
-  fCorrectDone = fWrongDone = fSongDone = false;
-  correctPlayer = wrongPlayer = songPlayer = nullptr;
-  fSoundClosing = fSoundOn = fSoundReady = false;
-  LastCorrect = 0;
 }
 
 }  // namespace basKelvoMusic

@@ -3,6 +3,8 @@
 #include <filesystem>
 #include <vector>
 
+#include "seams/Seam.h"
+
 class TunePlayer;
 
 /// The tunes: a wrong tune for a piece dropped where it does not fit, a song for a solved puzzle,
@@ -18,6 +20,18 @@ extern std::vector<std::filesystem::path> CorrectFiles, WrongFiles, SongFiles;
 /// The tune in that player has come to its end since its file was opened. The owner of the players
 /// sets a flag when the player says so; opening a new file clears it.
 extern bool fCorrectDone, fWrongDone, fSongDone;
+
+/// What the module keeps to itself from one call to the next. A test begins with a fresh one.
+struct State {
+  TunePlayer* Correct = nullptr;
+  TunePlayer* Wrong = nullptr;
+  TunePlayer* Song = nullptr;
+  bool fSoundClosing = false;   ///< CloseSound() has run, and InitSound() not since
+  bool fSoundOn = false;        ///< the switch
+  bool fSoundReady = false;     ///< there are players
+  std::size_t LastCorrect = 0;  ///< index of the correct tune that was opened last
+};
+extern Seam<State> state;
 
 /// Lists the tunes in the Correct, Wrong and Song folders: all ordinary files that are not hidden.
 /// A missing folder gives an empty list. Any other error ends the listing, and the lists that were
@@ -47,8 +61,5 @@ void PlaySong();
 /// Closes the three players and lets them go, then processes pending events. A second call finds no
 /// players and does no harm.
 void CloseSound();
-
-/// Puts all of the module's state back to what it is at the start of the program: for tests.
-void Reset();
 
 }  // namespace basKelvoMusic

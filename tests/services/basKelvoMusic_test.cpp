@@ -47,10 +47,11 @@ class RecordingPlayer : public TunePlayer {
 class Music : public ::testing::Test {
  protected:
   Music() {
-    music::Reset();
+    for (auto* files : {&music::CorrectFiles, &music::WrongFiles, &music::SongFiles})
+      files->assign(1, {});
+    music::fCorrectDone = music::fWrongDone = music::fSongDone = false;
     fs::create_directories(root_ / "Kelvo Software" / "Quinzolith");
   }
-  ~Music() override { music::Reset(); }
 
   fs::path tunes() const { return root_ / "Kelvo Software" / "Common Files" / "MIDI"; }
   fs::path add(const std::string& set, const std::string& name) {
@@ -96,6 +97,7 @@ class Music : public ::testing::Test {
                                          Settings::Place{(root_ / "settings.ini").string()}};
   Replacement<std::function<fs::path()>> installed_{
       Program::programFolder, [this] { return root_ / "Kelvo Software" / "Quinzolith"; }};
+  Replacement<music::State> fresh_{music::state, {}};
   Replacement<std::function<double()>> random_{RandomNumbers::next, [this] { return random; }};
 };
 
@@ -140,10 +142,10 @@ TEST_F(Music, TheSwitchIsReadAsABooleanAndWrittenBackAtEachInit) {
       {"False!", true}, {"nan", true},    {"1e999", true},  {"+-0", true}, {"0 0", true}};
   for (const auto& [text, on] : texts) {
     store(text);
+    const Replacement<music::State> anotherRun{music::state, {}};
     init();
     EXPECT_EQ(music::SoundOn(), on) << text;
     EXPECT_EQ(stored(), on ? "True" : "False") << text;
-    music::Reset();
   }
 }
 
