@@ -1,6 +1,7 @@
 #include <iomanip>
 #include <ostream>
 
+#include "model/PuzzleFormat.h"
 #include "tool/Commands.h"
 #include "tool/Input.h"
 #include "tool/Rating.h"
@@ -20,8 +21,8 @@ int rateCommand(const Arguments& arguments, Environment& environment) {
     const solver::PieceSet supply = supplyFor(input, arguments);
     if (const std::string reason = objection(input, supply); !reason.empty())
       throw Refusal(file + ": " + reason);
-    if (input.shape.area() > kMostPiecesRated * PENTO::kCells)
-      throw Refusal(file + ": A puzzle of more than " + std::to_string(kMostPiecesRated) +
+    if (input.shape.area() > PuzzleFormat::kMostPieces * PENTO::kCells)
+      throw Refusal(file + ": A puzzle of more than " + std::to_string(PuzzleFormat::kMostPieces) +
                     " pieces is not rated.");
     const Rating rating = rate(input.shape, supply, mostNodes);
     if (rating.solutions == 0) result = kNo;

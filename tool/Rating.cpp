@@ -6,13 +6,14 @@
 #include <map>
 #include <vector>
 
+#include "model/PuzzleFormat.h"
 #include "solver/Placement.h"
 
 namespace puzzle {
 
 namespace {
 
-constexpr std::size_t kMostCells = kMostPiecesRated * PENTO::kCells;
+constexpr std::size_t kMostCells = PuzzleFormat::kMostPieces * PENTO::kCells;
 using Cells = std::bitset<kMostCells>;
 
 /// One way to lay a piece into the shape.

@@ -27,9 +27,8 @@ struct Rating {
   double value() const;
 };
 
-inline constexpr int kMostPiecesRated = 15;
-
-/// Rates a shape that the pieces fill. Errors: std::out_of_range when it takes more pieces.
+/// Rates a shape that the pieces fill. Errors: std::out_of_range when it takes more pieces than
+/// PuzzleFormat::kMostPieces.
 /// Algorithm: the whole tree of that search. Where m pieces can be tried and k of them lead to a
 /// solution, (m - k) / (k + 1) wrong ones come before the first right one; the pieces laid in vain
 /// follow from the sizes of the wrong branches.
