@@ -13,9 +13,6 @@ namespace puzzle {
 
 namespace {
 
-char programName[] = "quinzolith-puzzle", platformOption[] = "-platform",
-     platformName[] = "offscreen";
-
 constexpr QColor kInk(0, 0, 0);
 constexpr QColor kFaint(190, 190, 190);
 
@@ -66,7 +63,7 @@ bool hasFont() {
 
 TextDrawing::TextDrawing()
     : usual_(qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {})),
-      words_{programName, platformOption, platformName, nullptr} {
+      words_{program_.data(), option_.data(), platform_.data(), nullptr} {
   if (!qApp) application_ = std::make_unique<QGuiApplication>(count_, words_.data());
 }
 

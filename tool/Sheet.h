@@ -22,6 +22,7 @@ class TextDrawing {
 
  private:
   QtMessageHandler usual_;  ///< Qt's remarks on desktop and environment are nothing to the maker
+  std::string program_ = "quinzolith-puzzle", option_ = "-platform", platform_ = "offscreen";
   std::array<char*, 4> words_;  ///< the application takes out what it has read
   int count_ = 3;
   std::unique_ptr<QGuiApplication> application_;
