@@ -12,18 +12,18 @@ constexpr std::size_t kMostBytes = 1 << 20;
 constexpr double kLongestMicroseconds = 3600e6;
 constexpr std::uint32_t kUsualTempo = 500000;
 
-/// Takes numbers from the front of some bytes. Once more is asked than there is, `sound` is false
+/// Takes numbers from the front of some bytes. Once more is asked than there is, `valid` is false
 /// and everything taken is 0.
 class Bytes {
  public:
   explicit Bytes(std::span<const std::uint8_t> bytes) : left_(bytes) {}
 
-  bool sound = true;
+  bool valid = true;
   bool empty() const { return left_.empty(); }
 
   std::span<const std::uint8_t> take(std::size_t count) {
     if (count > left_.size()) {
-      sound = false;
+      valid = false;
       left_ = {};
       return {};
     }
@@ -47,7 +47,7 @@ class Bytes {
       value = value << 7 | (byte & 0x7F);
       if (byte < 0x80) return value;
     }
-    sound = false;
+    valid = false;
     return 0;
   }
 
@@ -75,9 +75,9 @@ bool readMeta(Bytes& track, std::uint64_t tick, Score& score) {
   constexpr std::uint32_t kEndOfTrack = 0x2F, kTempo = 0x51;
   const std::uint32_t type = track.number(1);
   Bytes body(track.take(track.variableNumber()));
-  if (type == kTempo && track.sound) {
+  if (type == kTempo && track.valid) {
     score.tempos.push_back({tick, body.number(3)});
-    track.sound = body.sound;
+    track.valid = body.valid;
   }
   return type == kEndOfTrack;
 }
@@ -86,7 +86,7 @@ bool readMeta(Bytes& track, std::uint64_t tick, Score& score) {
 bool readTrack(Bytes track, Score& score) {
   std::uint64_t tick = 0;
   std::uint32_t running = 0;
-  while (track.sound && !track.empty()) {
+  while (track.valid && !track.empty()) {
     tick += track.variableNumber();
     std::uint32_t status = track.number(1);
     bool firstDataTaken = false;
@@ -97,7 +97,7 @@ bool readTrack(Bytes track, Score& score) {
     if (status == 0xFF) {
       if (!readMeta(track, tick, score)) continue;
       score.lastTick = std::max(score.lastTick, tick);
-      return track.sound;
+      return track.valid;
     }
     if (status == 0xF0 || status == 0xF7) {
       track.take(track.variableNumber());
@@ -139,14 +139,14 @@ std::optional<std::chrono::milliseconds> midiLength(std::span<const std::uint8_t
   header.number(2);  // the format: tracks play side by side in all of them
   const std::uint32_t tracks = header.number(2);
   const std::uint32_t division = header.number(2);
-  if (!file.sound || !header.sound || division == 0 || division >= 0x8000) return {};
+  if (!file.valid || !header.valid || division == 0 || division >= 0x8000) return {};
 
   Score score;
   std::uint32_t read = 0;
   while (read < tracks) {
     const bool isTrack = file.startsWith("MTrk");
     const Bytes chunk(file.take(file.number(4)));
-    if (!file.sound) return {};
+    if (!file.valid) return {};
     if (!isTrack) continue;
     if (!readTrack(chunk, score)) return {};
     ++read;

@@ -15,7 +15,7 @@ constexpr std::chrono::seconds kPatience{1};
 constexpr std::chrono::seconds kRinging{2};
 
 /// What the user-interface thread wants to hear.
-struct Wanted {
+struct Request {
   TuneSound::Number number = 0;
   std::shared_ptr<const Tune> tune;
   bool sounding = false;
@@ -27,7 +27,7 @@ struct Wanted {
 struct TuneSound::Shared {
   std::mutex mutex;  ///< guards all that follows
   std::condition_variable changed;
-  Wanted wanted;
+  Request request;
   bool pending = false;  ///< something is new for the sound's thread
   bool over = false;     ///< it is to end
   bool ended = false;    ///< and it has
@@ -42,24 +42,24 @@ struct TuneSound::Shared {
 /// else is touched only while it is closed: FluidSynth's own thread is never met halfway.
 class TuneSound::Playing {
  public:
-  void follow(const Wanted& wanted) {
-    const bool other = wanted.number != number_;
-    if (!other && wanted.sounding == sounding_) return;
+  void follow(const Request& request) {
+    const bool other = request.number != number_;
+    if (!other && request.sounding == sounding_) return;
     device_.reset();
-    sounding_ = wanted.sounding;
+    sounding_ = request.sounding;
     if (!sounding_) return;
-    if (other) load(wanted);
+    if (other) load(request);
     if (!player_) return;
     fluid().fluid_synth_all_sounds_off(synthesizer_->synth(), -1);
     device_ = openSoundDevice(*synthesizer_);
   }
 
  private:
-  void load(const Wanted& wanted) {
+  void load(const Request& request) {
     if (!synthesizer_) synthesizer_.emplace();
     player_.reset();
-    player_ = synthesizer_->playerOf(wanted.tune->bytes.data(), wanted.tune->bytes.size());
-    number_ = wanted.number;
+    player_ = synthesizer_->playerOf(request.tune->bytes.data(), request.tune->bytes.size());
+    number_ = request.number;
   }
 
   std::optional<Synthesizer> synthesizer_;
@@ -100,10 +100,10 @@ TuneSound::~TuneSound() {
 
 TuneSound::Number TuneSound::start(std::shared_ptr<const Tune> tune) {
   const std::lock_guard lock(shared_->mutex);
-  Wanted& wanted = shared_->wanted;
-  wanted = {wanted.number + 1, std::move(tune), true, {}};
+  Request& request = shared_->request;
+  request = {request.number + 1, std::move(tune), true, {}};
   shared_->notify();
-  return wanted.number;
+  return request.number;
 }
 
 void TuneSound::pause(Number number) {
@@ -120,10 +120,10 @@ void TuneSound::ringOut(Number number) {
 
 void TuneSound::want(Number number, bool sounding, std::optional<Clock::time_point> until) {
   const std::lock_guard lock(shared_->mutex);
-  Wanted& wanted = shared_->wanted;
-  if (number != wanted.number) return;
-  wanted.sounding = sounding;
-  wanted.until = until;
+  Request& request = shared_->request;
+  if (number != request.number) return;
+  request.sounding = sounding;
+  request.until = until;
   shared_->notify();
 }
 
@@ -133,16 +133,16 @@ void TuneSound::followUntilOver(Shared& shared) {
   std::unique_lock lock(shared.mutex);
   while (!shared.over) {
     shared.pending = false;
-    const Wanted wanted = shared.wanted;
+    const Request request = shared.request;
     lock.unlock();
-    playing.follow(wanted);
+    playing.follow(request);
     lock.lock();
     const auto pending = [&] { return shared.pending; };
-    if (!wanted.until) {
+    if (!request.until) {
       shared.changed.wait(lock, pending);
-    } else if (!shared.changed.wait_until(lock, *wanted.until, pending)) {
-      shared.wanted.sounding = false;
-      shared.wanted.until.reset();
+    } else if (!shared.changed.wait_until(lock, *request.until, pending)) {
+      shared.request.sounding = false;
+      shared.request.until.reset();
     }
   }
 }
