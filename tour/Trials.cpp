@@ -32,30 +32,11 @@ void Trials::next() {
   const int turns = piece->RotationCount, flips = piece->FlipCount;
   const std::size_t lying = Script::onScreen([this] { return piecesLying(); });
   if (turn_ % 2 == 0) robot_.moveTo([this] { return Hands::cell(*program_.main.Grid, 6, 6); });
-  switch (turn_++ % 7) {
-    case 0:
-      dropOnTheRing();
-      break;
-    case 1:
-      resize();
-      break;
-    case 2:
-      turnToAnotherProgram();
-      break;
-    case 3:
-      dropOnAPiece(*program_.main.Grid);
-      break;
-    case 4:
-      minimize();
-      break;
-    case 5:
-      dropOnAPiece(*program_.main.PentoPanel);
-      askForATurn();
-      break;
-    default:
-      switchSoundOffAndOn();
-      break;
-  }
+  constexpr void (Trials::*kTrials[])() = {
+      &Trials::dropOnTheRing,      &Trials::resize,   &Trials::turnToAnotherProgram,
+      &Trials::dropOnABoardPiece,  &Trials::minimize, &Trials::dropOnATrayPiece,
+      &Trials::switchSoundOffAndOn};
+  (this->*kTrials[turn_++ % std::size(kTrials)])();
   require(turn_, "the same piece is still in the air", Script::onScreen([&] {
             return piece && program_.main.Grid->FloatingPento() == piece &&
                    program_.main.PentoPanel->FloatingPento() == piece && piecesLying() == lying;
@@ -111,6 +92,15 @@ void Trials::dropOnAPiece(PENTOWINDOW& control) {
   if (!place) return;
   hands_.dropInVain(control, [&] { return *place; });
   ++refusedDrops_;
+}
+
+void Trials::dropOnABoardPiece() {
+  dropOnAPiece(*program_.main.Grid);
+}
+
+void Trials::dropOnATrayPiece() {
+  dropOnAPiece(*program_.main.PentoPanel);
+  askForATurn();
 }
 
 void Trials::waitSize(const std::function<bool(const QSize&)>& fits) {

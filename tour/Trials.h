@@ -27,6 +27,8 @@ class Trials {
  private:
   void dropOnTheRing();
   void dropOnAPiece(PENTOWINDOW& control);
+  void dropOnABoardPiece();
+  void dropOnATrayPiece();
   void resize();
   void turnToAnotherProgram();
   void minimize();
