@@ -24,14 +24,13 @@ void paintGround(QPainter& painter) {
 QImage splash(double scale) {
   return painted(166, 230, scale, QColor(0x1a, 0x16, 0x3a), [scale](QPainter& painter) {
     paintGround(painter);
-    PieceLook look;
-    look.cell = 15;
-    look.radius = 1.6;
-    look.bevel = 1.6;
-    look.outline = 1;
-    look.shadow = 5;
-    look.grain = 1.5;
-    look.deviceScale = scale;
+    const PieceLook look{.cell = 15,
+                         .radius = 1.6,
+                         .bevel = 1.6,
+                         .outline = 1,
+                         .shadow = 5,
+                         .grain = 1.5,
+                         .deviceScale = scale};
     // Half a pixel lets the outlines cover whole ones.
     painter.translate(23.5, 12.5);
     paintPieces(painter, piecesOf(kLetterQ), look);

@@ -103,14 +103,13 @@ QImage wayToGo(double scale) {
     paintSky(painter);
     paintRays(painter);
     paintConfetti(painter);
-    PieceLook look;
-    look.cell = kCell;
-    look.radius = 1.6;
-    look.bevel = 1.8;
-    look.outline = 1;
-    look.shadow = 4;
-    look.grain = 1.5;
-    look.deviceScale = scale;
+    const PieceLook look{.cell = kCell,
+                         .radius = 1.6,
+                         .bevel = 1.8,
+                         .outline = 1,
+                         .shadow = 4,
+                         .grain = 1.5,
+                         .deviceScale = scale};
     painter.save();
     // Half a pixel lets the outlines cover whole ones.
     painter.translate(kMiddle.x() - 10 * kCell + 0.5, kMiddle.y() - 1.5 * kCell + 1);
