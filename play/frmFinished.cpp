@@ -123,6 +123,5 @@ void frmFinished::imgQuit_Click() {
 
 void frmFinished::closePlayWindow() {
   Unload();
-  windows_.Main->fCancelLoad = true;
-  windows_.Main->Unload();
+  windows_.Main->UnloadFromDialog();
 }

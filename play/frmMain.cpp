@@ -122,6 +122,11 @@ void frmMain::Grid_Drop() {
   if (!fCancelLoad && fraCover_) fraCover_->hide();
 }
 
+void frmMain::UnloadFromDialog() {
+  fCancelLoad = true;
+  Unload();
+}
+
 bool frmMain::OpenFile() {
   cdlgOpen_.fileName.clear();
   if (!cdlgOpen_.ShowOpen()) return false;

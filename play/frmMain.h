@@ -31,6 +31,9 @@ class frmMain : public Form {
   /// or the file was refused; a refusal has been shown by then.
   bool OpenFile();
 
+  /// Unloads the window from a dialog that it waits for.
+  void UnloadFromDialog();
+
   /// The cells of the puzzle's shape on the screen, logical pixels.
   QRegion ShapeOnScreen() const;
 

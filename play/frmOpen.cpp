@@ -100,8 +100,7 @@ void frmOpen::Form_Escape() {
 
 void frmOpen::cmdCreate_Click() {
   Unload();
-  windows_.Main->fCancelLoad = true;
-  windows_.Main->Unload();
+  windows_.Main->UnloadFromDialog();
   if (windows_.ShowEditor) windows_.ShowEditor();
 }
 
