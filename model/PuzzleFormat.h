@@ -18,6 +18,9 @@ inline constexpr std::int32_t kMostRecords = 32767;  ///< piece records that a r
 inline constexpr int kMostPieces = 15;  ///< pieces of a puzzle: what a tray holds with room to move
 inline constexpr std::int16_t kBoardSize = 14;  ///< cells along each side of the windows' boards
 
+/// What a player is told of a file that is no puzzle.
+inline constexpr const char* kInvalid = "This is not a valid Quinzolith puzzle.";
+
 /// The version of a program, as it stands behind the signature.
 struct Version {
   std::int32_t major = 0, minor = 0, revision = 0;

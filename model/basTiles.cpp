@@ -31,7 +31,7 @@ constexpr int kRandomFlips = 2;                              // 0 or 1
 constexpr std::size_t kLongestTail = std::size_t{64} << 20;  // beyond it a file is no puzzle
 
 /// A file that is not let into the grids, with the text for the user.
-class Refusal : public std::runtime_error {
+class RefusedFile : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
@@ -69,9 +69,9 @@ void prepareTargets(bool ToEditor) {
 
 void checkLock(char flag, bool ToEditor) {
   if (flag != PuzzleFormat::kUnlocked && flag != PuzzleFormat::kLocked)
-    throw Refusal("This is not a valid Quinzolith puzzle.");
+    throw RefusedFile(PuzzleFormat::kInvalid);
   if (flag == PuzzleFormat::kLocked && ToEditor && !fDeveloperVersion)
-    throw Refusal("You cannot edit the standard Quinzolith puzzles.");
+    throw RefusedFile("You cannot edit the standard Quinzolith puzzles.");
 }
 
 void readCells(PuzzleFormat::Reader& reader, PENTOGRID& board, bool ToEditor) {
@@ -128,7 +128,7 @@ void readPieces(PuzzleFormat::Reader& reader, bool ToEditor) {
 void loadOnce(const fs::path& FileName, bool ToEditor) {
   const std::string bytes = store->read(FileName, largestFile(boardGrid(ToEditor)));
   PuzzleFormat::Reader reader(bytes);
-  if (!reader.signature()) throw Refusal("This is not a valid Quinzolith Puzzle file.");
+  if (!reader.signature()) throw RefusedFile("This is not a valid Quinzolith Puzzle file.");
   prepareTargets(ToEditor);
   reader.version();
   checkLock(reader.lockFlag(), ToEditor);
@@ -189,7 +189,7 @@ bool LoadPuzzle(const fs::path& FileName, bool ToEditor) {
     CurrentPuzzleFile = FileName;
     paintTargets(ToEditor);
     return true;
-  } catch (const Refusal& refusal) {
+  } catch (const RefusedFile& refusal) {
     LastFileError = refusal.what();
   } catch (const std::exception& error) {
     LastFileError = reasonOf(error);

@@ -5,6 +5,7 @@
 #include "drafts/PuzzleFile.h"
 #include "files/SafeFile.h"
 #include "folders/PuzzleName.h"
+#include "model/PuzzleFormat.h"
 
 namespace fs = std::filesystem;
 
@@ -16,7 +17,7 @@ std::string puzzleIn(const fs::path& file) {
   std::string bytes = SafeFile::read(file, kMostPuzzleBytes);
   const auto problems = puzzle::problemsOf(bytes);
   if (problems.empty()) return bytes;
-  throw std::runtime_error("This is not a valid Quinzolith puzzle.\n" + problems.front());
+  throw std::runtime_error(std::string(PuzzleFormat::kInvalid) + "\n" + problems.front());
 }
 
 fs::path listedName(const fs::path& file) {

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "catalogue/Catalogue.h"
+#include "model/PuzzleFormat.h"
 #include "model/basTiles.h"
 #include "platform/Dialogs.h"
 #include "platform/Program.h"
@@ -81,7 +82,7 @@ void frmOpen::cmdOk_Click() {
     basTiles::CurrentFileName = key;
     Unload();
   } else {
-    Dialogs::message("This is not a valid Quinzolith puzzle.", Dialogs::Icon::Exclamation);
+    Dialogs::message(PuzzleFormat::kInvalid, Dialogs::Icon::Exclamation);
   }
 }
 
