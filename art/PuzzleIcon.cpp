@@ -16,7 +16,6 @@
 namespace pictures {
 namespace {
 
-constexpr QRgb kMask = qRgb(192, 192, 192);
 constexpr int kEdge = 32;
 constexpr int kLargestCell = 9;
 constexpr int kBoxCell = 3;  // of all boxes, so that a large one looks larger than a tiny one
@@ -181,7 +180,7 @@ class IconPaint {
     const char mark = marks_.at(relief_.cellAt(x, y));
     if (relief_.inside(x, y)) return toRgb(mark == 'e' ? eye(x, y) : face(mark, x, y));
     if (mark == 'i') return toRgb(knot());
-    if (!relief_.onContour(x, y)) return kMask;
+    if (!relief_.onContour(x, y)) return Catalogue::kIconMask;
     return toRgb(mark == 'h' ? plainAt(y) : dark(y));
   }
 

@@ -4,6 +4,7 @@
 #include "art/Drawings.h"
 #include "art/Outline.h"
 #include "art/PuzzleIcons.h"
+#include "catalogue/Catalogue.h"
 #include "drafts/PuzzleFile.h"
 #include "drawing/BoardPicture.h"
 
@@ -57,7 +58,7 @@ QImage iconSheet(const std::filesystem::path& puzzles) {
   int i = 0;
   for (const IconEntry& entry : iconEntries()) {
     QImage icon = puzzleIcon(entry.icon, puzzles, 2).convertToFormat(QImage::Format_ARGB32);
-    icon.setAlphaChannel(icon.createMaskFromColor(qRgb(192, 192, 192), Qt::MaskOutColor));
+    icon.setAlphaChannel(icon.createMaskFromColor(Catalogue::kIconMask, Qt::MaskOutColor));
     painter.drawImage(18 + i % kColumns * kStep, 18 + i / kColumns * kStep, icon);
     ++i;
   }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <span>
 #include <string_view>
 
@@ -8,6 +9,9 @@ namespace Catalogue {
 
 /// The chooser's tabs, which are levels of difficulty.
 enum Tab { kNovice = 0, kEasy = 1, kIntermediate = 2, kExpert = 3 };
+
+/// The colour of what is transparent in the icons' files, as 0xAARRGGBB.
+inline constexpr std::uint32_t kIconMask = 0xFFC0C0C0;
 
 struct Entry {
   Tab tab;

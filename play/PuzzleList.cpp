@@ -2,13 +2,13 @@
 
 #include <QStyledItemDelegate>
 
+#include "catalogue/Catalogue.h"
 #include "platform/DensePicture.h"
 #include "platform/Form.h"
 #include "platform/PlainText.h"
 
 namespace {
 
-constexpr QRgb kMask = qRgb(192, 192, 192);
 constexpr QSize kIconSize(32, 32);
 constexpr QSize kEntrySize(72, 66);  // the least; columns share what room there is
 constexpr int kAbove = 4;            // of an entry: the first row keeps off the frame
@@ -60,11 +60,7 @@ class PuzzleDelegate : public QStyledItemDelegate {
 QPixmap masked(QImage picture) {
   if (picture.isNull()) return {};
   picture = picture.convertToFormat(QImage::Format_ARGB32);
-  for (int y = 0; y < picture.height(); ++y) {
-    auto* line = reinterpret_cast<QRgb*>(picture.scanLine(y));
-    for (int x = 0; x < picture.width(); ++x)
-      if (line[x] == kMask) line[x] = 0;
-  }
+  picture.setAlphaChannel(picture.createMaskFromColor(Catalogue::kIconMask, Qt::MaskOutColor));
   return QPixmap::fromImage(picture);
 }
 
@@ -156,7 +152,7 @@ void PuzzleList::shareWidth() {
   setGridSize({(room.width() - bar) / columns, kEntrySize.height()});
 }
 
-QIcon puzzleIcon(const QString& key) {
+QIcon chooserIcon(const QString& key) {
   QIcon icon;
   for (const double ratio : {1, 2})
     icon.addPixmap(masked(densePicture("icons/" + key + ".png", ratio)));

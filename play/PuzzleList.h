@@ -55,4 +55,4 @@ class PuzzleList : public QListView {
 };
 
 /// The picture of a puzzle's icon key, its mask colour RGB(192, 192, 192) made transparent.
-QIcon puzzleIcon(const QString& key);
+QIcon chooserIcon(const QString& key);

@@ -36,13 +36,13 @@ void frmOpen::fillCatalogue() {
   for (const Catalogue::Entry& entry : Catalogue::entries())
     puzzles.at(static_cast<std::size_t>(entry.tab))
         .push_back({QString::fromUtf8(entry.key), QString::fromUtf8(entry.title),
-                    puzzleIcon(QString::fromUtf8(entry.icon)),
+                    chooserIcon(QString::fromUtf8(entry.icon)),
                     std::string(entry.key) + kExtension});
   for (std::size_t tab = 0; tab < kOther; ++tab) lvwPuzzles_[tab]->fill(std::move(puzzles[tab]));
 }
 
 void frmOpen::fillUserPuzzles() {
-  const QIcon icon = puzzleIcon("pento");
+  const QIcon icon = chooserIcon("pento");
   std::vector<PuzzleEntry> puzzles;
   for (const fs::path& name : puzzlesIn(Program::UserPath)) {
     const QString stem = QString::fromStdString(name.stem().string());
