@@ -1,7 +1,6 @@
 #include "edit/KSRecent.h"
 
 #include <algorithm>
-#include <filesystem>
 
 #include "platform/Settings.h"
 
@@ -9,7 +8,7 @@ namespace {
 
 constexpr std::size_t kLongest = 30;  // characters that a caption shows whole
 constexpr std::size_t kKeptOfName = 25;
-constexpr std::size_t kRootLength = 3;  // "C:\", or the dots of an earlier step
+constexpr std::size_t kDotsLength = 3;  // "../" of an earlier step
 
 bool startsCharacter(char byte) {
   return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;  // else it continues one
@@ -81,16 +80,12 @@ void KSRecent::UpdateMenu() const {
   MenuForm_->SetVisible(MenuCount_, any);
 }
 
-char KSRecent::machineSeparator() {
-  return static_cast<char>(std::filesystem::path::preferred_separator);
-}
-
-std::string KSRecent::Abbreviate(const std::string& T, char separator) {
+std::string KSRecent::Abbreviate(const std::string& T) {
   std::string s = T;
   while (length(s) > kLongest) {
-    const std::size_t p = s.find(separator, byteOf(s, kRootLength));
+    const std::size_t p = s.find('/', byteOf(s, kDotsLength));
     if (p != std::string::npos)
-      s = std::string("..") + separator + s.substr(p + 1);
+      s = "../" + s.substr(p + 1);
     else
       s = ".." + s.substr(byteOf(s, length(s) - kKeptOfName));
   }

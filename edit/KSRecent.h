@@ -34,8 +34,7 @@ class KSRecent {
   /// Shortens a path of more than 30 characters for a menu: leading folders give way to two dots,
   /// and a name that is too long by itself keeps its last 25 characters. Characters are code
   /// points; none is cut.
-  static std::string Abbreviate(const std::string& T, char separator = machineSeparator());
-  static char machineSeparator();
+  static std::string Abbreviate(const std::string& T);
 
  private:
   void SaveList() const;
