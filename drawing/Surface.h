@@ -7,6 +7,9 @@
 /// A drawing surface: a rectangle of 32-bit pixels (0xFFRRGGBB, device pixels) that keeps what was
 /// drawn. Growing and shrinking reuses its memory, so a buffer that changes its size at every step
 /// of the mouse costs no allocation.
+///
+/// Why not QImage and QPainter: a QImage allocates with each size, and a step of the mouse painted
+/// by QPainter takes five times as long with the same result (docs/benchmarks.md, "drag step").
 class Surface {
  public:
   using Pixel = std::uint32_t;

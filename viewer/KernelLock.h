@@ -4,6 +4,9 @@
 
 /// A lock on a file that the kernel drops with the process that holds it, however that ends
 /// (flock(2)). The file stays, since removing it would let two processes hold locks of one name.
+///
+/// Why not QLockFile: its lock is the file's being there, so that of a killed process stays until
+/// somebody judges it stale by process number and age.
 class KernelLock {
  public:
   KernelLock() = default;

@@ -4,7 +4,7 @@
 
 #include <QTemporaryDir>
 #include <map>
-#include <tuple>
+#include <utility>
 
 #include "platform/Settings.h"
 
