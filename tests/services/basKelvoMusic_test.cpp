@@ -47,12 +47,15 @@ class RecordingPlayer : public TunePlayer {
 class Music : public ::testing::Test {
  protected:
   Music() {
-    for (auto* files : {&music::CorrectFiles, &music::WrongFiles, &music::SongFiles})
-      files->assign(1, {});
-    music::fCorrectDone = music::fWrongDone = music::fSongDone = false;
+    forgetLists();
     fs::create_directories(root_ / "Kelvo Software" / "Quinzolith");
   }
 
+  static void forgetLists() {
+    for (auto* files : {&music::CorrectFiles, &music::WrongFiles, &music::SongFiles})
+      files->assign(1, {});
+    music::fCorrectDone = music::fWrongDone = music::fSongDone = false;
+  }
   fs::path tunes() const { return root_ / "Kelvo Software" / "Common Files" / "MIDI"; }
   fs::path add(const std::string& set, const std::string& name) {
     fs::create_directories(tunes() / set);
@@ -116,7 +119,7 @@ TEST_F(Music, ListsHoldTheOrdinaryFilesOfEachFolderUntilAnErrorAndAnEmptyLastSlo
   EXPECT_EQ(music::SongFiles, (std::vector<fs::path>{tune, {}}));
   EXPECT_EQ(music::CorrectFiles, std::vector<fs::path>(1)) << "a missing folder is an empty list";
 
-  music::Reset();
+  forgetLists();
   const fs::path kept = add("Correct", "kept.mid");
   fs::remove_all(tunes() / "Wrong");
   fs::create_directory_symlink("Wrong", tunes() / "Wrong");  // leads to itself
