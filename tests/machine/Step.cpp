@@ -53,7 +53,9 @@ const Change kPlainer[] = {
     [](Step& step) { step.spot = {}; },
     [](Step& step) { step.number %= 3; },
     [](Step& step) { step.number = 0; },
-    [](Step& step) { step = {Step::Move, step.spot, 0, false}; },
+    [](Step& step) {
+      step = {Step::Move, step.spot, 0, false};
+    },
 };
 
 }  // namespace
