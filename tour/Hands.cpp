@@ -57,6 +57,12 @@ QPointF Hands::cell(PENTOWINDOW& board, double column, double row) {
          QPointF(PictureBox::kSunkenBorder, PictureBox::kSunkenBorder) + inside;
 }
 
+QPointF Hands::margin(PENTOWINDOW& control) {
+  const QPointF left = control.mapToGlobal(QPointF(0, control.height() / 2.0));
+  return (toDevice(control, left) + toDevice(surface(control), surface(control).screenCorner())) /
+         2;
+}
+
 void Hands::clickOn(Form& window, const QString& name) {
   Script::waitFor("the control " + name.toStdString(), [&] {
     const QWidget* found = control(window, name);
@@ -173,12 +179,10 @@ QPointF Hands::overBoard(int column, int row) const {
   return cell(board, column + (piece->Width() - 1) / 2.0, row + (piece->Height() - 1) / 2.0);
 }
 
+/// Asks the board, not the piece, whose place both controls set in coordinates of their own.
 bool Hands::floatsAt(int column, int row) const {
   const PENTOWINDOW& board = *program_.main.Grid;
-  const PentoRef piece = board.FloatingPento();
-  const int s = board.TileWidth();
-  return piece && std::abs(piece->X() - column * s) <= s / 4 &&
-         std::abs(piece->Y() - row * s) <= s / 4;
+  return board.FloatingPento() && board.CellOfHand() == QPoint(column, row);
 }
 
 void Hands::dropInVain(PENTOWINDOW& control, const std::function<QPointF()>& place) {
@@ -197,8 +201,8 @@ void Hands::dropInVain(PENTOWINDOW& control, const std::function<QPointF()>& pla
   Script::onScreen([&] { control.DropError = usual; });
 }
 
-/// Both controls place the piece, each in its own coordinates, so that one move may not be enough,
-/// and a piece that is still over the tray may have the right numbers.
+/// The board may still hold the piece as it was turned in the tray, so that one move may not be
+/// enough.
 void Hands::carryTo(int column, int row) {
   constexpr int patience = 200;
   int moves = 0;

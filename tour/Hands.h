@@ -43,12 +43,12 @@ class Hands {
   /// Carries the piece in the air to where a drop puts its upper left corner on a cell of the
   /// board.
   void carryTo(int column, int row);
-  /// True when the piece floats there.
-  bool floatsAt(int column, int row) const;
   /// Presses where the piece in the air does not fit, and waits for the control to refuse it.
   void dropInVain(PENTOWINDOW& control, const std::function<QPointF()>& place);
   /// The middle of a cell of a board control on the screen.
   static QPointF cell(PENTOWINDOW& control, double column, double row);
+  /// A point of a board control's margin on the screen, left of its surface.
+  static QPointF margin(PENTOWINDOW& control);
   /// A point of a window's title bar.
   static QPointF titleBar(const QWidget& window);
   static PictureBox& surface(PENTOWINDOW& control);
@@ -56,6 +56,7 @@ class Hands {
  private:
   void clickOnEntry(class PuzzleList& list, const Catalogue::Entry& puzzle);
   QPointF overBoard(int column, int row) const;
+  bool floatsAt(int column, int row) const;
   void orient(const PuzzleFormat::PieceRecord& record);
 
   Robot& robot_;

@@ -73,10 +73,10 @@ void Robot::jumpTo(const QPoint& point) {
 }
 
 void Robot::press(int button) {
-  sincePress_.start();
   pressedAt_ = pointer();
   XTestFakeButtonEvent(connection_->display, static_cast<unsigned>(button), True, CurrentTime);
   flush();
+  sincePress_.start();  // the server may have been slow to do it
 }
 
 void Robot::release(int button) {

@@ -26,7 +26,8 @@ class Robot {
   /// To a place that is asked for on the user-interface thread, and again once the pointer is
   /// there.
   void moveTo(const std::function<QPointF()>& place);
-  void press(int button);  ///< X numbers: 1 left, 2 middle, 3 right
+  void jumpTo(const QPoint& point);  ///< at once, as a pen does
+  void press(int button);            ///< X numbers: 1 left, 2 middle, 3 right
   void release(int button);
   void click(int button = 1);
   void clickAlone();  ///< waits first, if the left click would be the second of a double one
@@ -45,7 +46,6 @@ class Robot {
 
  private:
   void flush();  ///< returns when the program has handled what was done
-  void jumpTo(const QPoint& point);
   QPoint pointer() const;
   bool knowsPlace(const QWidget& window) const;
 

@@ -73,9 +73,9 @@ void Soak::judge(const Memory& early, const Memory& late) const {
   const double resident = ratio(late.resident, early.resident);
   const double anonymous = ratio(late.anonymous, early.anonymous);
   std::cout << "Refused drops " << trials_.refusedDrops() << ", resizes " << trials_.resizes()
-            << ", absences " << trials_.absences() << ".\nDisplay errors " << errors_.serverErrors()
-            << ", lookups of a frame just gone " << errors_.lookupsInVain() << ", warnings "
-            << errors_.warnings()
+            << ", jumps " << trials_.jumps() << ", absences " << trials_.absences()
+            << ".\nDisplay errors " << errors_.serverErrors() << ", lookups of a frame just gone "
+            << errors_.lookupsInVain() << ", warnings " << errors_.warnings()
             << ".\nMemory, trimmed, at the last puzzle over that at the 12th: RSS " << resident
             << ", anonymous " << anonymous << std::endl;
   if (errors_.serverErrors() > 0 || errors_.warnings() > 0)

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QScreen>
+#include <QTimer>
 #include <optional>
 
 #include "platform/PictureBox.h"
@@ -33,9 +34,9 @@ void Trials::next() {
   const std::size_t lying = Script::onScreen([this] { return piecesLying(); });
   if (turn_ % 2 == 0) robot_.moveTo([this] { return Hands::cell(*program_.main.Grid, 6, 6); });
   constexpr void (Trials::*kTrials[])() = {
-      &Trials::dropOnTheRing,      &Trials::resize,   &Trials::turnToAnotherProgram,
-      &Trials::dropOnABoardPiece,  &Trials::minimize, &Trials::dropOnATrayPiece,
-      &Trials::switchSoundOffAndOn};
+      &Trials::dropOnTheRing,       &Trials::resize,   &Trials::turnToAnotherProgram,
+      &Trials::dropOnABoardPiece,   &Trials::minimize, &Trials::dropOnATrayPiece,
+      &Trials::switchSoundOffAndOn, &Trials::jump};
   (this->*kTrials[turn_++ % std::size(kTrials)])();
   require(turn_, "the same piece is still in the air", Script::onScreen([&] {
             return piece && program_.main.Grid->FloatingPento() == piece &&
@@ -43,7 +44,8 @@ void Trials::next() {
           }));
   Script::waitFor("the piece to lie as before trial " + std::to_string(turn_),
                   [&] { return piece->RotationCount == turns && piece->FlipCount == flips; });
-  checkPicture();
+  hands_.carryTo(4, 3);
+  checkPictures();
 }
 
 std::size_t Trials::piecesLying() const {
@@ -51,22 +53,39 @@ std::size_t Trials::piecesLying() const {
          program_.main.PentoPanel->Grid()->PentoCollection().Count();
 }
 
-/// A full repaint must give the pixels that are there. Asked only while the board was the last to
-/// place the piece: the tray may have placed it since, in coordinates of its own.
-void Trials::checkPicture() {
-  constexpr int column = 4, row = 3;
-  std::optional<bool> same;
-  while (!same) {
-    hands_.carryTo(column, row);
-    same = Script::onScreen([this]() -> std::optional<bool> {
-      if (!hands_.floatsAt(column, row)) return {};
-      PENTOWINDOW& board = *program_.main.Grid;
-      const QImage before = pictureOf(board);
-      board.PaintAll();
-      return pictureOf(board) == before;
+/// Lets both controls tick, whose timers are due before this one.
+void Trials::rest() {
+  constexpr int longerThanATick = 50;  // milliseconds
+  bool rested = false;
+  Script::onScreen([&] { QTimer::singleShot(longerThanATick, qApp, [&] { rested = true; }); });
+  Script::waitFor("a timer", [&] { return rested; });
+}
+
+/// Full repaints must give the pixels that are there.
+void Trials::checkPictures() {
+  rest();
+  for (PENTOWINDOW* control : {program_.main.Grid, program_.main.PentoPanel}) {
+    const bool same = Script::onScreen([&] {
+      const QImage before = pictureOf(*control);
+      control->PaintAll();
+      return pictureOf(*control) == before;
     });
+    require(turn_, "board and tray show what full repaints show", same);
   }
-  require(turn_, "the board shows what a full repaint shows", *same);
+}
+
+/// Between board and tray, over either one's margin and back, without a step between.
+void Trials::jump() {
+  constexpr int places[] = {0, 1, 2, 1, 0, 2, 0, 1};
+  for (std::size_t i = 0; i < 3 + turn_ % 3; ++i, ++jumps_) {
+    const int place = places[(turn_ + i) % std::size(places)];
+    robot_.jumpTo(Script::onScreen([&] {
+      if (place == 2) return Hands::margin(*program_.main.Grid).toPoint();
+      return Hands::cell(place == 0 ? *program_.main.Grid : *program_.main.PentoPanel, 5, 6)
+          .toPoint();
+    }));
+  }
+  checkPictures();
 }
 
 void Trials::dropOnTheRing() {

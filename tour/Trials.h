@@ -7,7 +7,7 @@
 #include "tour/Robot.h"
 
 /// What a player does with a piece in the air other than laying it down. After each trial the piece
-/// must still be in the air and the board's picture must be what a full repaint would give.
+/// must still be in the air and the pictures of board and tray must be what full repaints give.
 ///
 /// Errors: Script::Error names what did not hold.
 class Trials {
@@ -22,6 +22,7 @@ class Trials {
 
   int refusedDrops() const { return refusedDrops_; }
   int resizes() const { return resizes_; }
+  int jumps() const { return jumps_; }
   int absences() const { return absences_; }
 
  private:
@@ -33,12 +34,14 @@ class Trials {
   void turnToAnotherProgram();
   void minimize();
   void switchSoundOffAndOn();
+  void jump();
   void askForATurn();
 
   QWidget& window() const { return *program_.main.Window(); }
   void waitSize(const std::function<bool(const QSize&)>& fits);
   void waitActive();
-  void checkPicture();
+  void rest();
+  void checkPictures();
   std::size_t piecesLying() const;
 
   Robot& robot_;
@@ -48,5 +51,6 @@ class Trials {
   std::size_t size_ = 0;
   int refusedDrops_ = 0;
   int resizes_ = 0;
+  int jumps_ = 0;
   int absences_ = 0;
 };
