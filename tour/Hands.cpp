@@ -179,10 +179,12 @@ QPointF Hands::overBoard(int column, int row) const {
   return cell(board, column + (piece->Width() - 1) / 2.0, row + (piece->Height() - 1) / 2.0);
 }
 
-/// Asks the board, not the piece, whose place both controls set in coordinates of their own.
+/// Asks the board, not the piece, whose place both controls set in coordinates of their own. A
+/// dialog that has just closed may still be what the display server has under the pointer.
 bool Hands::floatsAt(int column, int row) const {
-  const PENTOWINDOW& board = *program_.main.Grid;
-  return board.FloatingPento() && board.CellOfHand() == QPoint(column, row);
+  PENTOWINDOW& board = *program_.main.Grid;
+  return board.FloatingPento() && board.CellOfHand() == QPoint(column, row) &&
+         QApplication::widgetAt(QCursor::pos()) == &surface(board);
 }
 
 void Hands::dropInVain(PENTOWINDOW& control, const std::function<QPointF()>& place) {
