@@ -51,6 +51,7 @@ class Hand : public QObject {
   /// True when the key has moved or used the hand; then a mark shows where it is, until the pointer
   /// is moved.
   bool keyPressed(const QKeyEvent& event);
+  bool marked() const { return mark_->isVisible(); }
   void pointerMoved();
 
   bool eventFilter(QObject* object, QEvent* event) override;

@@ -50,10 +50,11 @@ void frmEdit::addKey(Qt::Key key, const std::function<void()>& action) {
   QObject::connect(shortcut, &QShortcut::activated, Window(), action);
 }
 
-/// Keys serve the buttons, or the hand on the board.
+/// Keys serve the buttons, or the hand on the board. A pointer that lies over the board by chance
+/// is not yet a hand that keys serve.
 void frmEdit::switchBetweenButtonsAndBoard() {
   Hand& hand = Hand::of(*Grid);
-  const bool onBoard = Grid->focusProxy()->hasFocus() && hand.keys().underHand();
+  const bool onBoard = Grid->focusProxy()->hasFocus() && hand.keys().underHand() && hand.marked();
   if (onBoard)
     Client()->findChild<QWidget*>("cmdPento0")->setFocus(Qt::TabFocusReason);
   else
