@@ -14,7 +14,7 @@ MarginLine::MarginLine(const QString& words, const PENTOWINDOW& board, const cha
     : QLabel(words, board.parentWidget()) {
   setObjectName(name);
   setAttribute(Qt::WA_TransparentForMouseEvents);
-  setFont(Form::ControlFont());
+  setFont(Form::ControlFont(board));
   setPalette(QToolTip::palette());
   setBackgroundRole(QPalette::ToolTipBase);
   setForegroundRole(QPalette::ToolTipText);

@@ -6,6 +6,7 @@
 
 #include "drawing/Rounding.h"
 #include "platform/DensePicture.h"
+#include "platform/LargeText.h"
 
 namespace {
 
@@ -48,7 +49,7 @@ void PictureButton::paintEvent(QPaintEvent*) {
   painter.drawControl(QStyle::CE_PushButtonBevel, option);
 
   const double ratio = devicePixelRatioF();
-  const QImage& picture = pictureFor(ratio);
+  const QImage& picture = pictureFor(ratio * LargeText::factor(*this));
   const QPointF corner = QPointF(mapTo(window(), QPoint(0, 0))) * ratio;
   const QPointF middle = corner + QPointF(width(), height()) * ratio / 2;
   QPoint at(nearest(middle.x() - picture.width() / 2.0),

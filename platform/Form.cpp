@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "platform/FormWindow.h"
+#include "platform/LargeText.h"
 #include "platform/LightPalette.h"
 #include "platform/PendingEvents.h"
 #include "platform/PictureBox.h"
@@ -41,10 +42,10 @@ Form::~Form() {
   delete window_;
 }
 
-QFont Form::ControlFont() {
+QFont Form::ControlFont(const QWidget& control, double points) {
   QFont font;
   font.setFamilies({"Arial", "Liberation Sans", "DejaVu Sans", "Sans Serif"});
-  font.setPointSizeF(8.25);
+  font.setPointSizeF(points * LargeText::factor(control));
   return font;
 }
 
@@ -76,6 +77,9 @@ QMenuBar* Form::MenuBar() {
 
 namespace {
 
+/// What window managers commonly put round a window, title included; logical pixels.
+constexpr QSize kFrame(12, 36);
+
 /// F10 opens the first menu; arrow keys lead to the others.
 void openMenuByKey(QMainWindow& window) {
   auto* f10 = new QShortcut(QKeySequence(Qt::Key_F10), &window);
@@ -100,6 +104,8 @@ void Form::buildWindow(QWidget* parent) {
     window->menuBar()->setNativeMenuBar(false);
     openMenuByKey(*window);
   }
+  LargeText::decide(*window_, Twips::toPixels(design_.client, *window_),
+                    window_->screen()->availableSize() - kFrame);
   window_->setWindowTitle(design_.title);
   window_->setPalette(lightPalette(design_.back));
   client_->setAutoFillBackground(true);
@@ -118,9 +124,6 @@ void Form::loadBelow(QWidget* parent) {
 }
 
 namespace {
-
-/// What window managers commonly put round a window, title included; logical pixels.
-constexpr QSize kFrame(12, 36);
 
 void fitWindow(QWidget& window, QWidget& client, const QSizeF& twips, bool fixed) {
   QSize size = Twips::toPixels(twips, window);

@@ -59,8 +59,9 @@ class Form {
   static bool Unloaded(const QWidget* widget);
   /// True while a dialog keeps input from the form's window that holds the widget.
   static bool Blocked(const QWidget* widget);
-  /// The font of controls whose size is fixed: a sans of 8.25 points.
-  static QFont ControlFont();
+  /// The font of controls whose size is fixed: a sans of 8.25 points, larger in a window of large
+  /// text.
+  static QFont ControlFont(const QWidget& control, double points = 8.25);
   class QMenuBar* MenuBar();  ///< of a sizable form
 
  protected:

@@ -1,6 +1,7 @@
 #include "platform/Twips.h"
 
 #include "drawing/Rounding.h"
+#include "platform/LargeText.h"
 
 namespace Twips {
 
@@ -11,15 +12,15 @@ constexpr double kPerInch = 1440;
 }  // namespace
 
 double perPixel(const QWidget& widget) {
-  return kPerInch / widget.logicalDpiX();
+  return kPerInch / (widget.logicalDpiX() * LargeText::factor(widget));
 }
 
 double perDevicePixelX(const QWidget& widget) {
-  return kPerInch / (widget.logicalDpiX() * widget.devicePixelRatioF());
+  return kPerInch / (widget.logicalDpiX() * widget.devicePixelRatioF() * LargeText::factor(widget));
 }
 
 double perDevicePixelY(const QWidget& widget) {
-  return kPerInch / (widget.logicalDpiY() * widget.devicePixelRatioF());
+  return kPerInch / (widget.logicalDpiY() * widget.devicePixelRatioF() * LargeText::factor(widget));
 }
 
 QRect toPixels(const QRectF& twips, const QWidget& widget) {

@@ -6,7 +6,7 @@
 
 /// Lengths on the screen. Windows are designed in twips (1/1440 inch), the toolkit lays out in its
 /// own (logical) pixels, and boards are drawn in device pixels, of which a dense screen has more to
-/// an inch.
+/// an inch. In a window of large text a twip is longer (LargeText).
 namespace Twips {
 
 /// Twips per logical pixel of the widget's screen: 15 at 96 dots per inch.

@@ -1,5 +1,6 @@
 #include "play/Option.h"
 
+#include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPainter>
 #include <utility>
@@ -7,6 +8,7 @@
 #include "drawing/Rounding.h"
 #include "platform/DensePicture.h"
 #include "platform/Form.h"
+#include "platform/LargeText.h"
 #include "platform/Twips.h"
 
 namespace {
@@ -21,11 +23,13 @@ QString capitalized(const QString& name) {
 
 Option::Option(QWidget* parent, const QString& name, const QString& caption, const QString& hint)
     : QAbstractButton(parent),
-      picture_(QPixmap::fromImage(densePicture("option-" + name.toLower() + ".png"))),
+      picture_(
+          QPixmap::fromImage(densePicture("option-" + name.toLower() + ".png",
+                                          qApp->devicePixelRatio() * LargeText::factor(*parent)))),
       label_(new QLabel(parent)) {
   setObjectName("img" + capitalized(name));
   label_->setObjectName("lbl" + capitalized(name));
-  label_->setFont(Form::ControlFont());
+  label_->setFont(Form::ControlFont(*label_));
   label_->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
   label_->setWordWrap(true);
   installEventFilter(this);
@@ -36,7 +40,8 @@ Option::Option(QWidget* parent, const QString& name, const QString& caption, con
 
 void Option::placePicture(double left, double top) {
   const double unit = Twips::perPixel(*this);
-  setGeometry(nearest(left / unit), nearest(top / unit), kSize, kSize);
+  const int size = nearest(kSize * LargeText::factor(*this));
+  setGeometry(nearest(left / unit), nearest(top / unit), size, size);
 }
 
 void Option::placeLabel(double left, double top, double width, double height) {

@@ -24,7 +24,7 @@ class Option : public QAbstractButton {
   void showOption(bool shown);
   QLabel* label() const { return label_; }
 
-  static constexpr int kSize = 32;  ///< logical pixels
+  static constexpr int kSize = 32;  ///< logical pixels, as designed
 
  protected:
   void paintEvent(QPaintEvent* event) override;

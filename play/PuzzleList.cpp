@@ -5,6 +5,7 @@
 #include "catalogue/Catalogue.h"
 #include "platform/DensePicture.h"
 #include "platform/Form.h"
+#include "platform/LargeText.h"
 #include "platform/PlainText.h"
 
 namespace {
@@ -59,6 +60,7 @@ class PuzzleDelegate : public QStyledItemDelegate {
 
 QPixmap masked(QImage picture) {
   if (picture.isNull()) return {};
+  picture.setDevicePixelRatio(1);  // the toolkit would not take the dense one for a large icon
   picture = picture.convertToFormat(QImage::Format_ARGB32);
   picture.setAlphaChannel(picture.createMaskFromColor(Catalogue::kIconMask, Qt::MaskOutColor));
   return QPixmap::fromImage(picture);
@@ -96,7 +98,7 @@ QVariant PuzzleModel::data(const QModelIndex& index, int role) const {
 PuzzleList::PuzzleList(QWidget* parent, const QString& name)
     : QListView(parent), model_(new PuzzleModel(this)) {
   setObjectName(name);
-  setFont(Form::ControlFont());
+  setFont(Form::ControlFont(*this));
   setModel(model_);
   setItemDelegate(new PuzzleDelegate(this));
   setFlow(LeftToRight);
@@ -105,8 +107,8 @@ PuzzleList::PuzzleList(QWidget* parent, const QString& name)
   setUniformItemSizes(true);
   setVerticalScrollMode(ScrollPerPixel);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  setIconSize(kIconSize);
-  setGridSize(kEntrySize);
+  setIconSize(kIconSize * LargeText::factor(*this));
+  setGridSize(entrySize());
   setWordWrap(true);
   setTextElideMode(Qt::ElideRight);
   setSelectionMode(SingleSelection);
@@ -140,16 +142,21 @@ void PuzzleList::resizeEvent(QResizeEvent* event) {
   QListView::resizeEvent(event);
 }
 
+QSize PuzzleList::entrySize() const {
+  return kEntrySize * LargeText::factor(*this);
+}
+
 /// The toolkit keeps room for a scroll bar even where there is none, unless there can be none.
 void PuzzleList::shareWidth() {
+  const QSize entry = entrySize();
   const int frames = 2 * frameWidth();
   const QSize room = size() - QSize(frames + 1, frames);  // a row that fills it all is broken
-  const int columns = std::max(1, room.width() / kEntrySize.width());
+  const int columns = std::max(1, room.width() / entry.width());
   const int rows = (count() + columns - 1) / columns;
-  const bool fits = rows * kEntrySize.height() <= room.height();
+  const bool fits = rows * entry.height() <= room.height();
   setVerticalScrollBarPolicy(fits ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAlwaysOn);
   const int bar = fits ? 0 : style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
-  setGridSize({(room.width() - bar) / columns, kEntrySize.height()});
+  setGridSize({(room.width() - bar) / columns, entry.height()});
 }
 
 QIcon chooserIcon(const QString& key) {

@@ -49,6 +49,7 @@ class PuzzleList : public QListView {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  QSize entrySize() const;
   void shareWidth();
 
   PuzzleModel* model_;

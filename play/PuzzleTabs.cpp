@@ -30,7 +30,7 @@ PuzzleTabs::PuzzleTabs(QWidget* parent) : QTabWidget(parent) {
   auto* style = new TightTabs;
   style->setParent(this);
   tabBar()->setStyle(style);
-  setFont(Form::ControlFont());
+  setFont(Form::ControlFont(*this));
   setUsesScrollButtons(false);
   setElideMode(Qt::ElideNone);
 }

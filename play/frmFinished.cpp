@@ -27,8 +27,7 @@ void addText(QWidget* parent, const char* name, const QString& text, double poin
              double top, double width, double height) {
   auto* label = new QLabel(text, parent);
   label->setObjectName(name);
-  QFont font = Form::ControlFont();
-  font.setPointSizeF(points);
+  QFont font = Form::ControlFont(*label, points);
   font.setBold(true);
   label->setFont(font);
   label->setWordWrap(true);

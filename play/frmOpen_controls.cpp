@@ -33,7 +33,7 @@ void frmOpen::BuildControls() {
 void frmOpen::buildTabs() {
   tabGames_ = new PuzzleTabs(Client());
   for (int tab = 0; tab < kTabs; ++tab) {
-    auto* page = new QWidget;
+    auto* page = new QWidget(tabGames_);  // in the window from the start
     auto* list = new PuzzleList(page, QString("lvwPuzzles%1").arg(tab));
     list->setAccessibleName(QString("%1 puzzles").arg(kTabNames[tab]));
     QObject::connect(list, &PuzzleList::doubleClicked, list, [this] { cmdOk_Click(); });
@@ -41,7 +41,7 @@ void frmOpen::buildTabs() {
     if (tab == kOther) {
       auto* cmdCreate = new QPushButton("Create puzzles", page);
       cmdCreate->setObjectName("cmdCreate");
-      cmdCreate->setFont(ControlFont());
+      cmdCreate->setFont(ControlFont(*cmdCreate));
       QObject::connect(cmdCreate, &QPushButton::clicked, cmdCreate, [this] { cmdCreate_Click(); });
       tabGames_->place(cmdCreate, 60, 420, 3612, 372);
       tabGames_->place(list, 60, 840, 3612, 2952);
@@ -57,7 +57,7 @@ QPushButton* frmOpen::addButton(const char* name, const QString& caption, double
                                 void (frmOpen::*action)()) {
   auto* button = new QPushButton(caption, Client());
   button->setObjectName(name);
-  button->setFont(ControlFont());
+  button->setFont(ControlFont(*button));
   Twips::place(*button, 4140, top, 1095, 375);
   QObject::connect(button, &QPushButton::clicked, button, [this, action] { (this->*action)(); });
   return button;
@@ -70,7 +70,7 @@ void frmOpen::buildButtons() {
   addButton("cmdBrowse", "Browse", 1380, &frmOpen::cmdBrowse_Click);
   chkEasy_ = new QCheckBox("Easy mode", Client());
   chkEasy_->setObjectName("chkEasy");
-  chkEasy_->setFont(ControlFont());
+  chkEasy_->setFont(ControlFont(*chkEasy_));
   chkEasy_->setToolTip("The pieces lie in the tray turned the right way");
   Twips::place(*chkEasy_, 4140, 1980, 1275, 255);
   QObject::connect(chkEasy_, &QCheckBox::clicked, chkEasy_,

@@ -3,6 +3,7 @@
 #include <QPushButton>
 
 #include "platform/DensePicture.h"
+#include "platform/LargeText.h"
 #include "platform/Program.h"
 #include "platform/Twips.h"
 #include "play/basStartup.h"
@@ -51,7 +52,7 @@ void frmSplash::buildTitle() {
   lblTitle1->setObjectName("lblTitle1");
   QFont font;
   font.setFamilies({"Times New Roman", "Liberation Serif", "DejaVu Serif", "Serif"});
-  font.setPointSizeF(33);
+  font.setPointSizeF(33 * LargeText::factor(*lblTitle1));
   font.setBold(true);
   lblTitle1->setFont(font);
   lblTitle1->setAlignment(Qt::AlignCenter);
@@ -59,7 +60,7 @@ void frmSplash::buildTitle() {
 
   lblVersion_ = new QLabel("Version", Client());
   lblVersion_->setObjectName("lblVersion");
-  lblVersion_->setFont(ControlFont());
+  lblVersion_->setFont(ControlFont(*lblVersion_));
   lblVersion_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   Twips::place(*lblVersion_, 5640, 840, 1212, 252);
 }

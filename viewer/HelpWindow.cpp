@@ -10,6 +10,7 @@
 #include <QStyle>
 #include <QToolBar>
 
+#include "platform/LargeText.h"
 #include "platform/PlainText.h"
 #include "platform/Shell.h"
 #include "viewer/HelpBrowser.h"
@@ -36,10 +37,12 @@ HelpWindow::HelpWindow(const QString& helpFile)
   splitter->addWidget(navigation_);
   splitter->addWidget(browser_);
   splitter->setStretchFactor(1, 1);
-  splitter->setSizes({kNavigationWidth, kWidth - kNavigationWidth});
+  const QSize large = QSize(kWidth, kHeight) * LargeText::wanted(*this);
+  const int navigation = large.width() * kNavigationWidth / kWidth;
+  splitter->setSizes({navigation, large.width() - navigation});
   splitter->setChildrenCollapsible(false);
   setCentralWidget(splitter);
-  resize(QSize(kWidth, kHeight).boundedTo(screen()->availableSize() * kMostOfScreen));
+  resize(large.boundedTo(screen()->availableSize() * kMostOfScreen));
   buildToolBar();
   statusBar()->setSizeGripEnabled(true);
 

@@ -9,7 +9,9 @@
 #include <QtTest/QTest>
 
 #include "platform/Dialogs.h"
+#include "platform/LargeText.h"
 #include "platform/PendingEvents.h"
+#include "platform/Twips.h"
 
 namespace {
 
@@ -59,6 +61,32 @@ class FormTest : public ::testing::Test {
 
   PlainForm one_, two_;
 };
+
+TEST_F(FormTest, ALargeDesktopFontEnlargesAWindowAsFarAsItFits) {
+  const QFont usual = QApplication::font();
+  const auto loadWith = [&](double points) {
+    QFont font = usual;
+    font.setPointSizeF(points);
+    QApplication::setFont(font);
+    one_.Load();
+  };
+  run([&] {
+    for (const auto& [points, factor] :
+         {std::pair{8.0, 1.0}, {11.0, 1.0}, {16.5, 1.5}, {22.0, 2.0}}) {
+      loadWith(points);
+      EXPECT_EQ(Twips::toPixels(QSizeF(1500, 3000), *one_.button), QSize(100, 200) * factor);
+      EXPECT_EQ(Form::ControlFont(*one_.button).pointSizeF(), 8.25 * factor);
+      one_.Unload();
+    }
+    loadWith(300);
+    const QSize size = Twips::toPixels(QSizeF(3000, 2000), *one_.Window());
+    const QSize room = one_.Window()->screen()->availableSize();
+    EXPECT_EQ(size, size.boundedTo(room));
+    EXPECT_GT(size.width(), room.width() * 0.9);
+    one_.Unload();
+  });
+  QApplication::setFont(usual);
+}
 
 TEST_F(FormTest, TheProgramEndsWithCodeZeroWhenTheLastWindowCloses) {
   bool secondClosed = false;
