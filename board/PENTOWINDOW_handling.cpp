@@ -160,6 +160,7 @@ void PENTOWINDOW::txtKey_Change() {
 }
 
 void PENTOWINDOW::layDown(double x, double y) {
+  RecenterGrab();  // it may have been turned in the other control, unseen in an inactive window
   const int s = atlas_.tileWidth();
   const int column = nearest(x - GrabX_ + s / 2.0) / s;
   const int row = nearest(y - GrabY_ + s / 2.0) / s;

@@ -41,6 +41,7 @@ class Listener : public QObject {
   void keep(const QPointF& position) { kept_ = position; }
   void follow(const std::optional<QPointF>& finger) { finger_ = finger; }
   bool follows() const { return finger_.has_value(); }
+  bool keeps() const { return kept_.has_value(); }
 
   QPointF position() {
     if (finger_) return *finger_;
@@ -91,6 +92,14 @@ bool followsFinger() {
   return listener && listener->follows();
 }
 
+void ask(const QPointF& wanted, QWidget& window) {
+  if (!followsFinger() && comesCloser(wanted, position())) {
+    server->place(wanted);
+    forget();
+  }
+  moveFollows(window);
+}
+
 }  // namespace
 
 Server::Server()
@@ -112,15 +121,14 @@ QPointF position() {
 }
 
 void place(const QPointF& wanted, QWidget& window) {
-  if (!followsFinger() && comesCloser(wanted, position())) {
-    server->place(wanted);
-    forget();
-  }
-  moveFollows(window);
+  if (listener && listener->keeps())
+    insist(wanted, window);
+  else
+    ask(wanted, window);
 }
 
 void insist(const QPointF& wanted, QWidget& window) {
-  place(wanted, window);
+  ask(wanted, window);
   if (listener && !followsFinger() && (server->position() - wanted).manhattanLength() > kReached)
     listener->keep(wanted);
 }

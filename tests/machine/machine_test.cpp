@@ -15,7 +15,7 @@ rc::Gen<Step::Kind> kinds(bool editor) {
   return rc::gen::weightedElement<Step::Kind>(
       {{12, Step::Move},   {4, Step::Glide},   {8, Step::Slip},   {2, Step::Tell},
        {8, Step::Press},   {3, Step::Release}, {16, Step::Click}, {2, Step::Again},
-       {2, Step::Placing}, {6, Step::Tick},    {14, Step::Rest},  {4, Step::Key},
+       {2, Step::Placing}, {6, Step::Tick},    {14, Step::Rest},  {8, Step::Key},
        {1, Step::Leave},   {2, Step::Return},  {1, Step::Resize}, {1, Step::Minimize},
        {2, Step::Restore}, {1, Step::Close},   {1, Step::Item},   {editor ? 12 : 3, Step::Button},
        {3, Step::Puzzle},  {4, Step::Answer},  {2, Step::Name}});
@@ -113,6 +113,19 @@ std::vector<Scenario> kept() {
       // A piece that another one replaced under a pointer at rest stayed drawn.
       {true, 0, 0, {{Button, {Here, 0, 0}, 26}, {Glide, {BoardFit, 0, 0}}, {Button}, {Rest}}},
       {true, 1, 0, {{Button, {BoardArea, 0, 0}, 52}, {Move, {BoardArea, 0, 8}}, {Rest}}},
+      // Turned on the board under another window, the piece was laid into the tray by its old
+      // middle.
+      {false,
+       0,
+       10,
+       {{Move, {TrayPiece, 11, 96}},
+        {Click},
+        {Click, {Here, 0, 0}, 1},
+        {Move, {BoardArea, 24, 65}},
+        {Leave},
+        {Click, {Here, 0, 0}, 1},
+        {Move, {TrayPiece, 0, 0}},
+        {Click}}},
       // After a resize the piece hung by the old tiles' grab point.
       {false, 0, 0, {{Slip, {TrayPiece, 0, 0}}, {Press}, {Resize, {BoardArea, 0, 0}, 3}, {Rest}}},
   };
