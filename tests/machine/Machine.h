@@ -7,6 +7,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -37,7 +38,7 @@ class Machine : private QObject {
   /// One way in which a step may end.
   using Outcome = std::function<bool(const Table&)>;
   struct Question {
-    bool turn = false;  ///< else mirroring
+    int quarters = 0;  ///< by which to turn; 0 mirrors
     Side side = kBoard;
   };
   struct PickedUp {
@@ -80,10 +81,11 @@ class Machine : private QObject {
   bool overButton() const;
   void press(Qt::MouseButton button, bool again);
   void tick(Side side);
-  void key(int which);
   void leave();
   void comeBack();
   void resize(int size);
+
+  // Windows and dialogs: Machine_windows.cpp.
   void close();
   void chooseItem(int which);
   void pushButton(int which);
@@ -91,11 +93,20 @@ class Machine : private QObject {
   void answer(int which);
   void name(int which);
 
+  // The keys, and what must come of them: Machine_keys.cpp.
+  void key(int which);
+  std::optional<Side> sideWithFocus() const;
+  std::optional<Side> sideUnderHand() const;
+  std::set<Cell> cellsOfHand(Side side) const;
+  void expectTakenBack();
+  void judgeArrow(Side from, const std::set<Cell>& cells, const Cell& by);
+  void judgeTab();
+
   // What must come of them: Machine_claims.cpp.
   void expectPress(Side side, Qt::MouseButton button);
   void expectPickUp(Side side);
   void expectLayDown(Side side);
-  void expectChange(bool turn, Side side);
+  void expectChange(int quarters, Side side);
   void expectEditorButton(int which);
   std::vector<Cell> cellsBelow(Side side) const;
   std::vector<Cell> cellsForCorner(Side side) const;
@@ -105,6 +116,7 @@ class Machine : private QObject {
   void expectFiles();
   bool anyFileLoaded(const Table& table) const;
   void judge();
+  void noticeOrigin(const Table& now);
   void judgePickUp();
   void judgeSolved(const Table& now);
   void look();
@@ -134,6 +146,7 @@ class Machine : private QObject {
   std::optional<Question> question_;
   std::optional<PickedUp> pickedUp_;
   std::optional<Drawn> drawn_;
+  std::optional<PickedUp> origin_;  ///< of the card in hand
 };
 
 }  // namespace machine

@@ -48,11 +48,17 @@ std::vector<Cell> pairs(const std::set<int>& columns, const std::set<int>& rows)
   return cells;
 }
 
+Table changedHand(Table table, int quarters) {
+  if (quarters == 0) table.hand->mirror();
+  for (int i = 0; i < quarters; ++i) table.hand->turn();
+  return table;
+}
+
 }  // namespace
 
 /// The cells that may be under the pointer: a press between two pixels may be rounded either way.
 std::vector<Cell> Machine::cellsBelow(Side side) const {
-  const QPointF at = Sight::onPicture(*control(side), mouse_->at());
+  const QPointF at = Sight::onPicture(*control(side), mouse_->hand());
   const int s = control(side)->TileWidth();
   return pairs(cellsAt(at.x(), at.x(), s), cellsAt(at.y(), at.y(), s));
 }
@@ -66,7 +72,7 @@ std::vector<Cell> Machine::cellsForCorner(Side side) const {
     corner = drawn_->corner;
     slack = 0;
   } else {
-    corner = Sight::cornerFor(*control(side), *carried(), mouse_->at());
+    corner = Sight::cornerFor(*control(side), *carried(), mouse_->hand());
     if (QApplication::activeWindow() != stage()->Window()) slack = s;  // it is not seen there
   }
   const double half = s / 2.0;
@@ -81,16 +87,12 @@ Machine::Outcome Machine::exactly(const Table& table) const {
 void Machine::expectPress(Side side, Qt::MouseButton button) {
   if (!table_.hand) return expectPickUp(side);
   if (button == Qt::LeftButton) return expectLayDown(side);
-  if (button == Qt::RightButton) return expectChange(true, side);
-  if (button == Qt::MiddleButton && !easy_[side]) return expectChange(false, side);
+  if (button == Qt::RightButton) return expectChange(1, side);
+  if (button == Qt::MiddleButton && !easy_[side]) return expectChange(0, side);
   if (button != Qt::NoButton) return;
   // The second press of a double-click: of which button, and whether it is one, the toolkit knows.
   expectLayDown(side);
-  for (bool turn : {false, true}) {
-    Table changed = table_;
-    turn ? changed.hand->turn() : changed.hand->mirror();
-    outcomes_.push_back(exactly(changed));
-  }
+  for (int quarters : {0, 1}) outcomes_.push_back(exactly(changedHand(table_, quarters)));
 }
 
 void Machine::expectPickUp(Side side) {
@@ -116,14 +118,11 @@ void Machine::expectLayDown(Side side) {
 }
 
 /// A turn or a mirroring of the carried piece; in easy mode a question comes first.
-void Machine::expectChange(bool turn, Side side) {
-  if (easy_[side]) {
-    question_ = Question{turn, side};
-    return;
-  }
-  Table changed = table_;
-  turn ? changed.hand->turn() : changed.hand->mirror();
-  outcomes_ = {exactly(changed)};
+void Machine::expectChange(int quarters, Side side) {
+  if (easy_[side])
+    question_ = Question{quarters, side};
+  else
+    outcomes_ = {exactly(changedHand(table_, quarters))};
 }
 
 /// A piece button, the trash or an arrow. With 15 pieces on the board a message comes instead.
@@ -186,6 +185,7 @@ void Machine::judge() {
     if (table.hand) fail("a new window carries a piece");
     easy_[kBoard] = easy_[kTray] = false;
     question_.reset();
+    origin_.reset();
   } else if (std::none_of(outcomes_.begin(), outcomes_.end(),
                           [&](const Outcome& outcome) { return outcome(table); })) {
     fail("the pieces are not where they should be after " + last_ +
@@ -197,8 +197,19 @@ void Machine::judge() {
   const double ratio = qApp->devicePixelRatio();
   if (mouse_->thrown() * ratio > kThrown)
     fail("the pointer was thrown " + number(mouse_->thrown()) + " pixels");
+  noticeOrigin(table);
   table_ = table;
   outcomes_ = {unchanged()};
+}
+
+/// From where the piece in hand was taken; a new piece comes from nowhere.
+void Machine::noticeOrigin(const Table& now) {
+  if (now.hand && table_.hand && now.hand->object == table_.hand->object) return;
+  origin_.reset();
+  for (Side side : {kBoard, kTray})
+    for (const Laid& laid : table_.areas.at(side).laid)
+      if (now.hand && laid.card.object == now.hand->object)
+        origin_ = PickedUp{side, laid.corner, laid.card};
 }
 
 /// The pointer stands in the middle of a piece that was picked up.
@@ -210,7 +221,7 @@ void Machine::judgePickUp() {
   const double s = control(picked.side)->TileWidth();
   const QPointF middle((picked.corner.column + picked.card.width() / 2.0) * s,
                        (picked.corner.row + picked.card.height() / 2.0) * s);
-  const QPointF at = Sight::onPicture(*control(picked.side), mouse_->at());
+  const QPointF at = Sight::onPicture(*control(picked.side), mouse_->hand());
   if (mouse_->placing != Mouse::Placing::DoesNothing &&
       (std::abs(at.x() - middle.x()) > kCentred || std::abs(at.y() - middle.y()) > kCentred))
     fail("a piece was picked up, but the pointer is at " + text(at) + ", not in its middle " +
@@ -242,14 +253,18 @@ void Machine::lookAt(Side side) {
   const PENTOWINDOW& shown = *control(side);
   const std::string where = side == kBoard ? "the board " : "the tray ";
   const PentoRef piece = carried();
-  const Sight::Seen seen = Sight::look(shown, piece.get(), mouse_->at());
+  const Sight::Seen seen = Sight::look(shown, piece.get(), mouse_->hand());
   if (!seen.wrong.empty()) fail(where + seen.wrong);
-  const QRectF place(shown.mapToGlobal(QPoint(0, 0)), QSizeF(shown.size()));
+  const QPointF inside = shown.mapFromGlobal(mouse_->hand());
+  const bool hears = !mouse_->held() || heldOnBoard_;  // else what was pressed does
   const bool over =
-      place.contains(mouse_->at()) && mouse_->over() == stage()->Window()->windowHandle();
-  if (piece && over && !seen.corner && Sight::wouldBeSeen(shown, *piece, mouse_->at()))
+      hears &&
+      shown.rect().contains(QPoint(int(std::floor(inside.x())), int(std::floor(inside.y())))) &&
+      mouse_->over() == stage()->Window()->windowHandle();
+  if (piece && over && !seen.corner && Sight::wouldBeSeen(shown, *piece, mouse_->hand()))
     fail(where + "does not show the piece that is carried over it");
-  if (piece && seen.corner && sideUnderPointer() == side) drawn_ = Drawn{side, *seen.corner};
+  if (piece && seen.corner && sideUnderPointer() == side && mouse_->hand() == mouse_->at())
+    drawn_ = Drawn{side, *seen.corner};
 }
 
 /// What a file begins with is the arrangement on the editor's board, piece by piece as they were

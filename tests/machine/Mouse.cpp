@@ -14,6 +14,7 @@ namespace {
 constexpr int kBetweenClicks = 1000;  // milliseconds, too slow for a double-click
 constexpr QPointF kBesideAll(1990, 1490);
 constexpr int kMotionTakes = 2;
+constexpr double kReached = 1;          // logical pixel; the server rounds
 constexpr qint64 kMillion = 1'000'000;  // nanoseconds of a millisecond
 
 double distance(const QPointF& a, const QPointF& b) {
@@ -34,8 +35,8 @@ bool canBeWorkedWith(const QWidget& window) {
 
 Mouse::Mouse() : server_(Pointer::server, server()) {
   wait(2 * kBetweenClicks);
-  at_ = told_ = home_ = homeTold_ = onPixel(kBesideAll);
-  // The toolkit remembers the last place, too, and passes on no motion that leads nowhere.
+  at_ = told_ = heard_ = home_ = homeTold_ = onPixel(kBesideAll);
+  // The toolkit remembers the last place, too.
   qt_handleMouseEvent(nullptr, at_, at_, {}, Qt::NoButton, QEvent::MouseMove, {}, milliseconds_);
   Pointer::forget();
 }
@@ -76,6 +77,9 @@ void Mouse::forgive() {
 }
 
 void Mouse::deliver(QWindow& window, Qt::MouseButton button, int type) {
+  // The toolkit passes on no motion that leads nowhere.
+  if (type == QEvent::MouseButtonPress || (type == QEvent::MouseMove && at_ != heard_)) takeHand();
+  heard_ = at_;
   qt_handleMouseEvent(&window, at_ - QPointF(window.position()), at_, buttons_, button,
                       static_cast<QEvent::Type>(type), {}, milliseconds_);
 }
@@ -108,6 +112,8 @@ void Mouse::press(Qt::MouseButton button) {
   if (!window) return;
   if (untold()) tell();
   if (!window) return;
+  if (!held()) enter(window);  // it may have come under a pointer at rest
+  if (!window) return;
   if (!held()) grab_ = window;
   last_ = button;
   buttons_ |= button;
@@ -130,9 +136,18 @@ void Mouse::release() {
   grab_ = nullptr;
 }
 
+void Mouse::byKey(bool moves, const std::function<void()>& press) {
+  wanted_.reset();
+  press();
+  if (wanted_ && (moves || kept_))
+    kept_ = distance(*wanted_, at_) > kReached ? wanted_ : std::nullopt;
+  forgive();
+}
+
 /// What the display server makes of the program's wish.
 void Mouse::place(const QPointF& to) {
   const QPointF wanted = onPixel(QPointF(to.toPoint()));
+  wanted_ = wanted;
   thrown_ = std::max(thrown_, std::min(distance(wanted, home_), distance(wanted, homeTold_)));
   if (placing == Placing::DoesNothing || wanted == at_) return;
   at_ = wanted;

@@ -2,7 +2,8 @@
 
 #include <QPointer>
 #include <QWindow>
-#include <vector>
+#include <functional>
+#include <optional>
 
 #include "platform/Pointer.h"
 
@@ -23,6 +24,13 @@ class Mouse {
   Mouse& operator=(const Mouse&) = delete;
 
   QPointF at() const { return at_; }
+  /// Where the program's hand is: at the pointer, or where a key has put it and the pointer could
+  /// not follow.
+  QPointF hand() const { return kept_.value_or(at_); }
+  void takeHand() { kept_.reset(); }
+  /// A key was pressed. If it moves the hand, or one did before, the hand is where the program
+  /// wanted the pointer, until it hears of it.
+  void byKey(bool moves, const std::function<void()>& press);
   bool untold() const { return at_ != told_; }
   bool held() const { return buttons_ != Qt::NoButton; }
   bool holds(Qt::MouseButton button) const { return buttons_.testFlag(button); }
@@ -50,8 +58,9 @@ class Mouse {
   void enter(QWindow* window);
 
   QObject context_;  // of what comes later
-  QPointF at_, told_;
+  QPointF at_, told_, heard_;
   QPointF home_, homeTold_;
+  std::optional<QPointF> kept_, wanted_;
   double thrown_ = 0;
   Qt::MouseButtons buttons_;
   Qt::MouseButton last_ = Qt::LeftButton;

@@ -44,7 +44,7 @@ struct Step {
     Tick,  ///< of the board (0) or the tray (1)
     Rest,  ///< the pointer rests until all is told and both have ticked twice, board or tray first
     // Keys and windows.
-    Key,
+    Key,     ///< one of those that mirror, move and use the hand
     Leave,   ///< another program's window becomes the active one
     Return,  ///< and ours again
     Resize,  ///< one of the sizes
@@ -65,6 +65,12 @@ struct Step {
   /// together do.
   bool hurried = false;
 };
+
+/// The element that a number chooses, counted round.
+template <class Array>
+auto& counted(Array& array, int which) {
+  return array[static_cast<std::size_t>(which) % std::size(array)];
+}
 
 /// A run of the program.
 struct Scenario {

@@ -1,0 +1,144 @@
+// The keys, and what must come of them.
+#include <QApplication>
+#include <QtTest/QTest>
+
+#include "tests/machine/Machine.h"
+#include "tests/machine/Sight.h"
+
+namespace machine {
+
+namespace {
+
+constexpr Qt::Key kKeys[] = {Qt::Key_A,      Qt::Key_7,        Qt::Key_Left,   Qt::Key_Right,
+                             Qt::Key_Up,     Qt::Key_Down,     Qt::Key_Tab,    Qt::Key_Backtab,
+                             Qt::Key_Return, Qt::Key_PageDown, Qt::Key_PageUp, Qt::Key_Escape,
+                             Qt::Key_F6,     Qt::Key_X};
+
+std::optional<Cell> wayOf(Qt::Key key) {
+  switch (key) {
+    case Qt::Key_Left:
+      return Cell{-1, 0};
+    case Qt::Key_Right:
+      return Cell{1, 0};
+    case Qt::Key_Up:
+      return Cell{0, -1};
+    case Qt::Key_Down:
+      return Cell{0, 1};
+    default:
+      return {};
+  }
+}
+
+}  // namespace
+
+/// Keys move and use the hand while a board has the focus; else they are the buttons'.
+std::optional<Side> Machine::sideWithFocus() const {
+  const QWidget* focus = QApplication::focusWidget();
+  for (Side side : {kBoard, kTray})
+    if (focus && focus->objectName() == "txtKey" && focus->parentWidget() == control(side))
+      return side;
+  return {};
+}
+
+std::optional<Side> Machine::sideUnderHand() const {
+  for (Side side : {kTray, kBoard})
+    if (const PENTOWINDOW* shown = control(side))
+      if (QRectF(shown->rect()).contains(shown->mapFromGlobal(mouse_->hand()))) return side;
+  return {};
+}
+
+/// The cells that a press of the hand may use, the nearest ones that lie on the board.
+std::set<Cell> Machine::cellsOfHand(Side side) const {
+  const PENTOGRID& grid = *control(side)->Grid();
+  const int width = table_.hand ? table_.hand->width() : 1;
+  const int height = table_.hand ? table_.hand->height() : 1;
+  std::set<Cell> cells;
+  for (const Cell& cell : table_.hand ? cellsForCorner(side) : cellsBelow(side))
+    cells.insert({std::clamp(cell.column, 0, grid.Width() - width),
+                  std::clamp(cell.row, 0, grid.Height() - height)});
+  return cells;
+}
+
+void Machine::key(int which) {
+  QWindow* window = QGuiApplication::focusWindow();
+  if (!stageIsFree() || window != stage()->Window()->windowHandle()) return;
+  if (stage()->Window()->isMinimized()) return;
+  if (mouse_->untold()) mouse_->tell();
+  const Qt::Key key = counted(kKeys, which);
+  const std::optional<Side> focus = sideWithFocus(), under = sideUnderHand();
+  if (!focus && key == Qt::Key_Return) return;  // it may push a button
+  const std::optional<Cell> way = wayOf(key);
+  const std::set<Cell> cells = under ? cellsOfHand(*under) : std::set<Cell>();
+  const bool carries = table_.hand.has_value();
+  if (focus && carries && (key == Qt::Key_A || key == Qt::Key_7 || key == Qt::Key_X))
+    expectChange(0, *focus);
+  if (focus && carries && (key == Qt::Key_PageDown || key == Qt::Key_PageUp))
+    expectChange(key == Qt::Key_PageDown ? 1 : 3, under.value_or(playing() ? kTray : kBoard));
+  if (focus && under && key == Qt::Key_Return) expectPress(*under, Qt::LeftButton);
+  if (carries && key == Qt::Key_Escape && (focus || !playing())) expectTakenBack();
+  const int now = done_;
+  QWidget* hears = QApplication::focusWidget() ? QApplication::focusWidget() : stage()->Window();
+  const bool moves = way || key == Qt::Key_Tab || key == Qt::Key_Backtab || key == Qt::Key_F6;
+  mouse_->byKey(moves, [&] { QTest::keyClick(hears, key); });  // to a window it would run the loop
+  if (done_ != now || !stageIsFree() || window != stage()->Window()->windowHandle()) return;
+  judgePickUp();
+  if (focus && under && way) judgeArrow(*under, cells, *way);
+  if (focus && (playing() || under) && (key == Qt::Key_Tab || key == Qt::Key_Backtab)) judgeTab();
+}
+
+/// Where the piece came from, as it lay there; if there is no room any more, somewhere in the tray;
+/// without a tray it stays in the air. A new piece is thrown away.
+void Machine::expectTakenBack() {
+  Table back = table_;
+  back.hand.reset();
+  if (!origin_) {
+    outcomes_ = {exactly(back)};
+    return;
+  }
+  Area& home = back.areas.at(origin_->side);
+  const bool fits = home.fits(origin_->card, origin_->corner);
+  if (fits) home.laid.push_back({origin_->card, origin_->corner});
+  if (fits) {
+    outcomes_ = {exactly(back)};
+  } else if (playing()) {
+    outcomes_ = {[back, card = origin_->card](const Table& now) {
+      Table before = now;
+      if (now.areas[kTray].laid.empty()) return false;
+      before.areas[kTray].laid.pop_back();
+      return before == back && now.areas[kTray].laid.back().card == card;
+    }};
+  }
+}
+
+/// An arrow moves the hand by one cell; at the side edge, to the board beside.
+void Machine::judgeArrow(Side from, const std::set<Cell>& cells, const Cell& by) {
+  const std::optional<Side> now = sideUnderHand();
+  const PENTOGRID& grid = *control(from)->Grid();
+  const int right = grid.Width() - (table_.hand ? table_.hand->width() : 1);
+  const int lowest = grid.Height() - (table_.hand ? table_.hand->height() : 1);
+  for (const Cell& cell : cells) {
+    const Cell to{cell.column + by.column, std::clamp(cell.row + by.row, 0, lowest)};
+    const bool leaves = to.column < 0 || to.column > right;
+    const bool goesOver = leaves && playing() && (from == kTray) == (by.column > 0);
+    if (goesOver
+            ? now && *now != from
+            : now == from && cellsOfHand(from).contains({std::clamp(to.column, 0, right), to.row}))
+      return;
+  }
+  fail("an arrow has not moved the hand by one cell");
+}
+
+/// Tab finds the next piece of the tray, or a free cell of the board for the piece in hand.
+void Machine::judgeTab() {
+  const std::optional<Side> now = sideUnderHand();
+  const Side side = table_.hand || !playing() ? kBoard : kTray;
+  const Area& area = table_.areas.at(side);
+  if (table_.hand ? area.freeCells() == 0 : area.laid.empty()) return;
+  if (now != side) return fail("the key Tab has not moved the hand to where it is of use");
+  if (table_.hand) return;
+  for (const Cell& cell : cellsOfHand(side))
+    if (area.at(cell) >= 0) return;
+  fail("the key Tab has not moved the hand onto a piece");
+}
+
+}  // namespace machine
