@@ -51,6 +51,7 @@ QPoint PENTOWINDOW::NearestCellForHand(const QPoint& cell) const {
 
 void PENTOWINDOW::HandToCell(const QPoint& cell) {
   const int s = atlas_.tileWidth();
+  if (fFloating_) grabCentre(s);  // it may have been turned in the other control
   const QPointF grab = fFloating_ ? QPointF(GrabX_, GrabY_) : QPointF(s / 2, s / 2);
   const QPointF pixel = s * QPointF(NearestCellForHand(cell)) + grab;
   hand().put(pctFore_->screenCorner() +
