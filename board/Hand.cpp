@@ -2,12 +2,17 @@
 
 #include <QEvent>
 
+#include "board/AccessibleBoard.h"
 #include "board/PENTOWINDOW.h"
 #include "platform/Form.h"
 #include "platform/Pointer.h"
 
 Hand::Hand(QWidget& window)
-    : QObject(&window), window_(window), touch_(window, keys_), mark_(new HandMark(&window)) {
+    : QObject(&window),
+      window_(window),
+      touch_(window, keys_),
+      mark_(new HandMark(&window)),
+      status_(new Status(&window)) {
   setObjectName("hand");
   window.installEventFilter(this);
 }
@@ -57,6 +62,12 @@ void Hand::toBoard() {
 void Hand::showMark() {
   if (const PENTOWINDOW* control = keys_.underHand())
     mark_->showAt(Pointer::position(), control->TileWidth() / control->devicePixelRatioF());
+}
+
+void Hand::say(const std::function<QString()>& words) {
+  if (!QAccessible::isActive()) return;
+  for (PENTOWINDOW* board : keys_.boards()) AccessibleBoard::tellChanges(*board);
+  status_->say(words());
 }
 
 void Hand::pointerMoved() {

@@ -4,9 +4,11 @@
 #include <QPoint>
 #include <QSet>
 #include <QWidget>
+#include <functional>
 
 #include "board/HandKeys.h"
 #include "board/HandMark.h"
+#include "board/Status.h"
 #include "board/Touch.h"
 #include "model/PENTO.h"
 
@@ -54,6 +56,10 @@ class Hand : public QObject {
   bool marked() const { return mark_->isVisible(); }
   void pointerMoved();
 
+  /// Tells a screen reader what has happened; its idea of the boards is true again. Where there is
+  /// none the words are not asked for.
+  void say(const std::function<QString()>& words);
+
   bool eventFilter(QObject* object, QEvent* event) override;
 
  private:
@@ -66,4 +72,5 @@ class Hand : public QObject {
   HandKeys keys_;
   Touch touch_;
   HandMark* mark_;
+  Status* status_;
 };

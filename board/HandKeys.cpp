@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "board/BoardWords.h"
+#include "board/Hand.h"
 #include "board/PENTOWINDOW.h"
 #include "platform/Pointer.h"
 
@@ -114,6 +116,8 @@ bool HandKeys::press(const QKeyEvent& event) {
 
 void HandKeys::goTo(PENTOWINDOW& control, const QPoint& cell) {
   control.HandToCell(cell);
+  Hand::of(control).say(
+      [&] { return BoardWords::hand(control, control.NearestCellForHand(cell)); });
 }
 
 void HandKeys::toBoard() {

@@ -35,6 +35,8 @@ class HandKeys {
   PENTOWINDOW* underHand() const;
   /// A board control in which a piece floats, or null.
   PENTOWINDOW* carrying() const;
+  /// The boards between which the hand goes.
+  std::vector<PENTOWINDOW*> boards() const;
 
  private:
   PENTOWINDOW* beside(const PENTOWINDOW& from, int direction) const;
@@ -42,7 +44,6 @@ class HandKeys {
   void goTo(PENTOWINDOW& control, const QPoint& cell);
   void next(int direction);
   void nextOf(PENTOWINDOW& control, const std::vector<QPoint>& cells, int direction);
-  std::vector<PENTOWINDOW*> boards() const;
 
   PENTOWINDOW* board_ = nullptr;
   PENTOWINDOW* tray_ = nullptr;

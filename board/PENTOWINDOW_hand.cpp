@@ -1,6 +1,7 @@
 // What keys and fingers do with the hand, by the handlers of the mouse.
 #include <algorithm>
 
+#include "board/BoardWords.h"
 #include "board/PENTOWINDOW.h"
 #include "drawing/Rounding.h"
 #include "platform/Form.h"
@@ -84,6 +85,7 @@ QPointF PENTOWINDOW::FloatingMiddle() const {
 bool PENTOWINDOW::LayDownAt(const QPoint& cell) {
   if (!grid_->AddPento(FloatingPento_, cell.x(), cell.y())) return false;
   floats(false);
+  hand().say([&] { return BoardWords::laid(*this, *FloatingPento_); });
   raise(Drop);
   if (Form::Unloaded(this)) return true;
   showCursor(CursorShape::Default);

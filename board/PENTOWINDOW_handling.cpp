@@ -1,5 +1,6 @@
 #include <cmath>
 
+#include "board/BoardWords.h"
 #include "board/PENTOWINDOW.h"
 #include "drawing/Rounding.h"
 #include "platform/Dialogs.h"
@@ -115,6 +116,7 @@ void PENTOWINDOW::pickUp(double x, double y) {
   if (Pickup_) grid_->RemovePento(column, row);
   hand().tookFrom({P, this, {P->X(), P->Y()}, P->RotationCount, P->FlipCount});
   placeCursor(s * P->Width() / 2.0 + s * P->X(), s * P->Height() / 2.0 + s * P->Y());
+  hand().say([&] { return BoardWords::shape(*P) + " taken up"; });
 }
 
 /// Puts the screen cursor over a point of the surface's picture. The move that follows draws the
@@ -138,6 +140,7 @@ bool PENTOWINDOW::turn() {
   if (!easyModeAllows(kAskRotate)) return false;
   FloatingPento_->Rotate();
   if (!RecenterGrab()) redrawFloating();
+  hand().say([&] { return BoardWords::shape(*FloatingPento_) + " turned"; });
   return true;
 }
 
@@ -157,6 +160,7 @@ void PENTOWINDOW::txtKey_Change() {
   if (!fFloating_ || !easyModeAllows(kAskFlip)) return;
   FloatingPento_->Flip();
   redrawFloating();
+  hand().say([&] { return BoardWords::shape(*FloatingPento_) + " mirrored"; });
 }
 
 void PENTOWINDOW::layDown(double x, double y) {
@@ -165,6 +169,7 @@ void PENTOWINDOW::layDown(double x, double y) {
   const int column = nearest(x - GrabX_ + s / 2.0) / s;
   const int row = nearest(y - GrabY_ + s / 2.0) / s;
   if (LayDownAt({column, row})) return;
+  hand().say([&] { return BoardWords::name(*FloatingPento_) + " does not fit here"; });
   raise(DropError);
   if (!Form::Unloaded(this)) showRefusal();
 }

@@ -1,5 +1,6 @@
 #include <stdexcept>
 
+#include "board/AccessibleBoard.h"
 #include "board/PENTOWINDOW.h"
 #include "drawing/Rounding.h"
 
@@ -41,6 +42,7 @@ PENTOWINDOW::PENTOWINDOW(QWidget* parent)
   QObject::connect(txtKey_, &QLineEdit::textChanged, this, [this] { txtKey_Change(); });
   txtKey_->installEventFilter(this);
   setFocusProxy(txtKey_);
+  AccessibleBoard::install();
 }
 
 void PENTOWINDOW::ReadProperties(const PropertyBag& bag) {

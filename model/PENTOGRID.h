@@ -57,6 +57,9 @@ class PENTOGRID {
   /// cells would leave the grid or is not empty. Accepts any coordinates.
   bool AddPento(const PentoRef& P, int X, int Y);
 
+  /// Whether AddPento would put P there.
+  bool fits(const PENTO& P, int X, int Y) const;
+
   /// Takes the piece that covers the cell off the grid and gives it the position at which it lay.
   /// Errors: std::out_of_range when no piece covers the cell.
   PentoRef RemovePento(int X, int Y);
@@ -84,7 +87,6 @@ class PENTOGRID {
   }
   std::int32_t& cell(int X, int Y);
   const std::int32_t& cell(int X, int Y) const;
-  bool fits(const PENTO& P, int X, int Y) const;
   bool edgeIsEmpty(int dx, int dy) const;
   void shift(int dx, int dy);
 

@@ -1,7 +1,9 @@
 #include "play/Hint.h"
 
-#include <QAccessible>
+#include <QStringList>
 #include <chrono>
+
+#include "board/BoardWords.h"
 
 namespace {
 
@@ -70,8 +72,9 @@ void Hint::tell(const HintSearch::Answer& answer) {
   line_ = new MarginLine(wordsOf(answer.finding), *board_, "lblHint");
   line_->place(*board_, Qt::TopEdge);
   line_->show();
-  QAccessibleEvent heard(line_, QAccessible::Alert);
-  QAccessible::updateAccessibility(&heard);
+  QStringList words(wordsOf(answer.finding));
+  for (const PENTO& piece : answer.pieces) words << BoardWords::lying(piece);
+  Hand::of(*board_).say([&] { return words.join(' '); });
   timer_.stop();
   search_.reset();
 }

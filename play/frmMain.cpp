@@ -113,6 +113,7 @@ void frmMain::Grid_Drop() {
   hint_.end();
   if (Grid->EmptyCount() != 0) return;
   Grid->PaintAll();
+  Hand::of(*Grid).say([] { return "Solved"; });
   basKelvoMusic::PlaySong();
   processPendingEvents();
   if (!Loaded()) return;
