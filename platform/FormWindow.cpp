@@ -4,6 +4,7 @@
 #include <QDialog>
 #include <QMainWindow>
 
+#include "platform/Density.h"
 #include "platform/Form.h"
 
 namespace {
@@ -65,6 +66,7 @@ void FormWindow::escape(Form& form) {
 bool FormWindow::eventFilter(QObject* object, QEvent* event) {
   auto* widget = qobject_cast<QWidget*>(object);
   if (!widget || Form::Unloaded(widget)) return false;
+  if (mayChangeDensity(*event)) checkRatio();
   switch (event->type()) {
     case QEvent::WindowActivate:
       form_.queueActivation();
@@ -74,9 +76,6 @@ bool FormWindow::eventFilter(QObject* object, QEvent* event) {
       break;
     case QEvent::WindowUnblocked:
       form_.setBlocked(false);
-      break;
-    case QEvent::ScreenChangeInternal:
-      checkRatio();
       break;
     case QEvent::Resize:
       if (widget == form_.Client()) form_.sized();

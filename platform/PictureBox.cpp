@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "drawing/Rounding.h"
+#include "platform/Density.h"
 
 namespace {
 
@@ -118,7 +119,7 @@ void PictureBox::showEvent(QShowEvent* event) {
 }
 
 bool PictureBox::event(QEvent* event) {
-  if (event->type() == QEvent::ScreenChangeInternal || event->type() == QEvent::Move) {
+  if (mayChangeDensity(*event) || event->type() == QEvent::Move) {
     if (ratio_ != devicePixelRatioF()) {
       layOut();
       requestPaint();
