@@ -1,4 +1,4 @@
-#include "solver/Scan.h"
+#include "solver/LongScan.h"
 #include "solver/Strategies.h"
 
 namespace solver {
@@ -12,18 +12,18 @@ void branchAndScan(const Shape& shape, const PieceSet& supply, const Branching& 
     Shape rest = shape;
     for (const Cell cell : cellsOf(place.placement)) rest.set(cell, false);
     scan.layout = ScanShape<Bits64>(rest);
-    const auto take = [&](std::span<const Step> steps, Bits64, int) {
-      return delivery.take(place.breaking, [&] {
+    const auto take = [&](Delivery& taker, std::span<const Step> steps) {
+      return taker.take(place.breaking, [&] {
         Solution solution = scan.solutionOf(steps);
         solution.push_back(place.placement);
         return solution;
       });
     };
     if (rest.area() == 0) {
-      if (!take({}, 0, 0)) return;
+      if (!take(delivery, {})) return;
       continue;
     }
-    if (!scanAll(scan.tables, scan.layout, others, scan.layout.end(), meter, take)) return;
+    if (!scanAll(scan, others, delivery, meter, take)) return;
   }
 }
 

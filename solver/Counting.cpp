@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "solver/FitChunks.h"
-#include "solver/Scan.h"
+#include "solver/LongScan.h"
 #include "solver/Strategies.h"
 
 namespace solver {
@@ -49,10 +49,9 @@ class CountByTrial {
   bool scanFor(std::uint64_t nodes) {
     const Count before = meter_.work.solutions;
     const std::uint64_t nodesBefore = meter_.work.nodes;
-    meter_.interruptAfter(nodes);
-    const bool wasAll =
-        search_.run(scan_.layout.end(), meter_, [this](auto&&...) { return meter_.solutions(1); });
-    meter_.interruptAfter(Limits::kNone);
+    const bool wasAll = search_.run(scan_.layout.end(), meter_, nodes, [](WorkMeter& meter) {
+      return [&meter](auto&&...) { return meter.solutions(1); };
+    });
     nodes_ += static_cast<double>(meter_.work.nodes - nodesBefore);
     found_ += std::exchange(meter_.work.solutions, before) - before;
     return wasAll;
@@ -69,7 +68,7 @@ class CountByTrial {
   WorkMeter& meter_;
   const Frame frame_;
   const Scan<Bits64> scan_;
-  ScanSearch<Bits64, Left> search_;
+  LongScan<Bits64, Left> search_;
   Count found_ = 0;
   double nodes_ = 0;
 };

@@ -51,6 +51,11 @@ class Delivery {
   Delivery(const Frame& frame, const Deliver& deliver, WorkMeter& meter)
       : frame_(frame), deliver_(deliver), meter_(meter) {}
 
+  /// The same for the part of the work that another meter counts.
+  Delivery countingOn(WorkMeter& meter) const { return {frame_, deliver_, meter}; }
+  /// True when nobody wants to see the solutions.
+  bool onlyCounts() const { return !deliver_; }
+
   /// Takes one solution; `make` builds it when it is needed at all. False ends the search.
   template <class Make>
   bool take(const SymmetryBreaking& breaking, Make&& make) {

@@ -43,7 +43,7 @@ class PartSearch {
  private:
   Work search(const Problem& part, const Deliver& deliver) {
     Limits rest = limits_;
-    rest.nodes -= meter_.work.nodes;
+    if (rest.nodes != Limits::kNone) rest.nodes -= meter_.work.nodes;
     rest.solutions = Limits::kNone;
     const Work work = forEachSolution(part, Counting::All, deliver, rest, strategy_);
     meter_.work.nodes += work.nodes;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <memory>
 #include <span>
+#include <utility>
 #include <vector>
 
 #include "solver/PiecesLeft.h"
@@ -28,7 +29,7 @@ template <class Bits, class Left>
 class ScanSearch {
  public:
   ScanSearch(const WindowTables<Bits>& tables, const ScanShape<Bits>& shape, const PieceSet& supply)
-      : tables_(tables),
+      : tables_(&tables),
         layout_(shape.layout()),
         steps_(static_cast<std::size_t>(shape.end()) / PENTO::kCells + 2),
         siblings_(steps_.size()),
@@ -48,6 +49,12 @@ class ScanSearch {
   template <class Found>
   bool run(int goal, WorkMeter& meter, Found&& found);
 
+  /// The states that wait for their turn; none when it is done.
+  std::size_t waiting() const { return size_; }
+  /// Takes every second state that waits over into a search of its own. Together both go on as the
+  /// one would have.
+  ScanSearch split();
+
   /// How much of the tree an interrupted search has seen, 0 to 1, when the children of a state are
   /// taken for equally large.
   double fractionDone() const;
@@ -65,9 +72,19 @@ class ScanSearch {
 
   static constexpr std::size_t kFirstRoom = 256;  ///< mostly enough: fresh pages are slow
 
+  /// Is where `other` is, with an empty stack of the same size.
+  explicit ScanSearch(const ScanSearch& other, std::unique_ptr<State[]> stack)
+      : tables_(other.tables_),
+        layout_(other.layout_),
+        steps_(other.steps_),
+        siblings_(other.siblings_),
+        room_(other.room_),
+        stack_(std::move(stack)),
+        size_(0) {}
+
   void makeRoom();
 
-  const WindowTables<Bits>& tables_;
+  const WindowTables<Bits>* tables_;
   Layout<Bits> layout_;
   std::vector<Step> steps_;
   std::vector<std::int64_t> siblings_;  ///< by pieces laid: how many states came from one
@@ -79,7 +96,7 @@ class ScanSearch {
 template <class Bits, class Left>
 template <class Found>
 bool ScanSearch<Bits, Left>::run(int goal, WorkMeter& meter, Found&& found) {
-  const WindowTables<Bits>& tables = tables_;
+  const WindowTables<Bits>& tables = *tables_;
   const Layout<Bits> layout = layout_;
   while (size_ > 0) {
     if (--size_ + kOrientations > room_) makeRoom();
@@ -125,6 +142,17 @@ bool ScanSearch<Bits, Left>::run(int goal, WorkMeter& meter, Found&& found) {
     if (pieces > 0 && !meter.node()) return false;
   }
   return true;
+}
+
+template <class Bits, class Left>
+ScanSearch<Bits, Left> ScanSearch<Bits, Left>::split() {
+  ScanSearch half(*this, std::make_unique_for_overwrite<State[]>(room_));
+  const std::size_t all = std::exchange(size_, 0);
+  for (std::size_t i = 0; i < all; ++i) {
+    ScanSearch& owner = i % 2 == 0 ? *this : half;
+    owner.stack_[owner.size_++] = stack_[i];
+  }
+  return half;
 }
 
 template <class Bits, class Left>

@@ -4,6 +4,7 @@
 
 #include "solver/CornerRace.h"
 #include "solver/Counting.h"
+#include "solver/LongScan.h"
 #include "solver/Position.h"
 #include "solver/Strategies.h"
 
@@ -35,10 +36,9 @@ template <class Bits>
 void scan(const Problem& problem, const Frame& frame, const SymmetryBreaking& breaking,
           Delivery& delivery, WorkMeter& meter) {
   const Scan<Bits> scan(frame.shape());
-  scanAll(scan.tables, scan.layout, problem.supply, scan.layout.end(), meter,
-          [&](std::span<const Step> steps, Bits, int) {
-            return delivery.take(breaking, [&] { return scan.solutionOf(steps); });
-          });
+  scanAll(scan, problem.supply, delivery, meter, [&](Delivery& taker, std::span<const Step> steps) {
+    return taker.take(breaking, [&] { return scan.solutionOf(steps); });
+  });
 }
 
 /// Takes one of the strategies that need more than a scan. False when none is wanted or serves.

@@ -29,6 +29,11 @@ struct Limits {
   std::uint64_t solutions = kNone;                     ///< the search is done after this number
   std::uint64_t reportEvery = std::uint64_t{1} << 22;  ///< nodes between two reports
   std::function<void(const Work&)> progress;           ///< may be empty
+  /// Threads that may share a count without limits; 1 starts none. The numbers are the same for any
+  /// number of threads.
+  unsigned threads = 1;
+  /// Nodes before a count is shared: some tenths of a second, or two where symmetry is sifted.
+  std::uint64_t alone = std::uint64_t{1} << 23;
 };
 
 /// Counts nodes against the limits; a search asks it once a node.
@@ -50,6 +55,19 @@ class WorkMeter {
     if (work.solutions < limits_.solutions) return true;
     return stop();
   }
+  /// Counts what others did for this search. False when it is to end.
+  bool add(const Work& done) {
+    work.solutions += done.solutions;
+    work.nodes += done.nodes;
+    return work.nodes < pause_ || pauseHere();
+  }
+  /// The threads that may share the work; 0 when it has limits, which are to be met exactly.
+  unsigned sharing() const {
+    const bool limited = limits_.nodes != Limits::kNone || limits_.solutions != Limits::kNone;
+    return limited ? 0 : limits_.threads;
+  }
+  /// The nodes until the work is to be shared.
+  std::uint64_t nodesAlone() const { return limits_.alone - std::min(limits_.alone, work.nodes); }
   /// Marks the search as ended early; always false.
   bool stop() { return work.complete = false; }
 

@@ -96,4 +96,27 @@ TEST(Counting, GoesOnFromAPosition) {
   }
 }
 
+/// Every way to count, some of them shared from the first nodes on, and for several rounds.
+TEST(Counting, IsTheSameForAnyNumberOfThreads) {
+  std::mt19937 random(31);
+  std::vector<Problem> problems{{holedSquare()}, {Shape::rectangle(7, 5), PieceSet::ofEach(2)}};
+  for (int round = 0; round < 20; ++round)
+    problems.push_back({randomShape(random, 25, 5, 8), randomSupply(random)});
+  for (const Problem& problem : problems)
+    for (const Strategy strategy : kStrategies)
+      for (const Counting counting : {Counting::All, Counting::UpToSymmetry}) {
+        const Work alone = countSolutions(problem, counting, {}, strategy);
+        Limits limits;
+        limits.alone = 1 << random() % 16;
+        std::set<std::uint64_t> nodes;
+        for (limits.threads = 1; limits.threads <= 3; ++limits.threads) {
+          const Work shared = countSolutions(problem, counting, limits, strategy);
+          EXPECT_TRUE(shared.complete);
+          EXPECT_TRUE(shared.solutions == alone.solutions);
+          nodes.insert(shared.nodes);
+        }
+        EXPECT_EQ(nodes.size(), 1u);
+      }
+}
+
 }  // namespace solver

@@ -8,13 +8,6 @@ namespace solver {
 
 namespace {
 
-Shape holedSquare() {
-  Shape shape = Shape::rectangle(8, 8);
-  for (int x = 3; x < 5; ++x)
-    for (int y = 3; y < 5; ++y) shape.set({x, y}, false);
-  return shape;
-}
-
 struct KnownCount {
   Shape shape;
   std::uint64_t all, upToSymmetry;

@@ -64,6 +64,13 @@ inline bool expectSolvedAlike(const Problem& problem) {
   return !expected.empty();
 }
 
+inline Shape holedSquare() {
+  Shape shape = Shape::rectangle(8, 8);
+  for (int x = 3; x < 5; ++x)
+    for (int y = 3; y < 5; ++y) shape.set({x, y}, false);
+  return shape;
+}
+
 inline PieceSet piecesOf(const std::vector<int>& types, int each) {
   PieceSet set;
   for (const int type : types) set[type] = each;
