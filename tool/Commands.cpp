@@ -95,7 +95,8 @@ const std::vector<Command>& commands() {
        "finds a solution of a drawing or puzzle, or counts all",
        "A drawing may be larger than the board, up to 30 cells one way. Letters are kept, and the "
        "rest is solved or counted; a drawing of nothing but letters stands for its shape when "
-       "solutions are counted.",
+       "solutions are counted. A long count that goes from solution to solution uses all "
+       "processor cores unless it has a limit; the numbers are the same on any machine.",
        1,
        1,
        {kPieces,

@@ -10,6 +10,7 @@
 #include "drafts/PuzzleFile.h"
 #include "files/Device.h"
 #include "files/SafeFile.h"
+#include "solver/Threads.h"
 
 namespace fs = std::filesystem;
 
@@ -166,6 +167,7 @@ std::string objection(const Input& input, const solver::PieceSet& supply) {
 solver::Limits limitsFrom(const Arguments& arguments, Environment& environment,
                           std::uint64_t otherwise) {
   solver::Limits limits;
+  limits.threads = solver::threadsOfThisMachine();
   limits.nodes = otherwise;
   if (arguments.has("limit"))
     limits.nodes = static_cast<std::uint64_t>(

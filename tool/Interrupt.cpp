@@ -1,22 +1,24 @@
 #include "tool/Interrupt.h"
 
+#include <atomic>
 #include <csignal>
 
 namespace puzzle {
 
 namespace {
 
-volatile std::sig_atomic_t interrupted = 0;
+std::atomic<bool> interrupted = false;  // a counting thread may get the signal
+static_assert(std::atomic<bool>::is_always_lock_free);
 
 void note(int signal) {
-  interrupted = 1;
+  interrupted = true;
   std::signal(signal, SIG_DFL);
 }
 
 }  // namespace
 
 Interrupt::Interrupt() {
-  interrupted = 0;
+  interrupted = false;
   std::signal(SIGINT, note);
 }
 
@@ -25,7 +27,7 @@ Interrupt::~Interrupt() {
 }
 
 bool Interrupt::asked() {
-  return interrupted != 0;
+  return interrupted;
 }
 
 }  // namespace puzzle
