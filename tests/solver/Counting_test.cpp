@@ -100,7 +100,7 @@ TEST(Counting, GoesOnFromAPosition) {
 TEST(Counting, IsTheSameForAnyNumberOfThreads) {
   std::mt19937 random(31);
   std::vector<Problem> problems{{holedSquare()}, {Shape::rectangle(7, 5), PieceSet::ofEach(2)}};
-  for (int round = 0; round < 20; ++round)
+  for (int round = 0; round < 8; ++round)
     problems.push_back({randomShape(random, 25, 5, 8), randomSupply(random)});
   for (const Problem& problem : problems)
     for (const Strategy strategy : kStrategies)
