@@ -116,6 +116,7 @@ class PENTOWINDOW : public PointerSurface, public PuzzleTarget {
   void resizeEvent(QResizeEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
   void showEvent(QShowEvent* event) override;
+  void enterEvent(QEnterEvent* event) override;
   void hideEvent(QHideEvent* event) override;
   bool eventFilter(QObject* object, QEvent* event) override;  // of the key box
 

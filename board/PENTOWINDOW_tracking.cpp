@@ -19,6 +19,12 @@ void PENTOWINDOW::hideEvent(QHideEvent* event) {
   PointerSurface::hideEvent(event);
 }
 
+/// Whoever ends a drag over the board that began elsewhere need not move any more.
+void PENTOWINDOW::enterEvent(QEnterEvent* event) {
+  if (fFloating_) Pointer::moveFollows(*window());
+  PointerSurface::enterEvent(event);
+}
+
 void PENTOWINDOW::TrackCursor() {
   if (!fFloatVisible_) return;
   const basKelvoWinAPI::POINT p = basKelvoWinAPI::GetCursorPos(*this);

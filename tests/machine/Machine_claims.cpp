@@ -186,6 +186,7 @@ void Machine::judge() {
     easy_[kBoard] = easy_[kTray] = false;
     question_.reset();
     origin_.reset();
+    heldOnBoard_ = false;  // what was pressed is gone
   } else if (std::none_of(outcomes_.begin(), outcomes_.end(),
                           [&](const Outcome& outcome) { return outcome(table); })) {
     fail("the pieces are not where they should be after " + last_ +

@@ -190,6 +190,7 @@ bool Machine::overButton() const {
 
 /// A board hears further presses while a button is held on it; of other widgets nothing is claimed.
 void Machine::press(Qt::MouseButton button, bool again) {
+  if (QApplication::activePopupWidget()) return;  // it would only close the menu
   if (again || mouse_->holds(button) || !sideUnderPointer() || !heldOnBoard_) mouse_->release();
   if (overButton()) return;
   if (!mouse_->held()) heldOnBoard_ = sideUnderPointer().has_value();
