@@ -2,24 +2,24 @@
 
 #include <signal.h>
 #include <sys/wait.h>
+#include <time.h>
 #include <unistd.h>
 
 #include <fstream>
-#include <iterator>
-#include <sstream>
 #include <string>
 
 /// A running program, ended with the object.
 class Running {
  public:
-  explicit Running(const char* program) : pid_(fork()) {
+  explicit Running(const char* program, const char* argument = nullptr) : pid_(fork()) {
     if (pid_ == 0) {
-      execl(program, program, nullptr);
+      execl(program, program, argument, nullptr);
       _exit(127);
     }
   }
   ~Running() {
     kill(pid_, SIGTERM);
+    goOn();
     waitpid(pid_, nullptr, 0);
   }
   Running(Running&&) = delete;
@@ -31,17 +31,17 @@ class Running {
     return 0;
   }
 
-  /// Seconds of processor time so far.
+  /// Seconds of processor time so far, of all threads.
   double processorTime() const {
-    std::ifstream stat("/proc/" + std::to_string(pid_) + "/stat");
-    std::string text((std::istreambuf_iterator<char>(stat)), {});
-    std::istringstream fields(text.substr(text.rfind(')') + 2));
-    std::string skipped;
-    for (int i = 0; i < 11; ++i) fields >> skipped;
-    double user = 0, system = 0;
-    fields >> user >> system;
-    return (user + system) / static_cast<double>(sysconf(_SC_CLK_TCK));
+    clockid_t clock = 0;
+    timespec time{};
+    clock_getcpuclockid(pid_, &clock);
+    clock_gettime(clock, &time);
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
   }
+
+  void pause() const { kill(pid_, SIGSTOP); }
+  void goOn() const { kill(pid_, SIGCONT); }
 
  private:
   pid_t pid_;

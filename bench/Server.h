@@ -4,12 +4,14 @@
 #include <X11/Xutil.h>
 #include <X11/extensions/XTest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstddef>
 #include <initializer_list>
 #include <string>
 #include <thread>
 #include <utility>
+#include <vector>
 
 /// The X server: what is on it, and a hand on pointer and keys.
 class Server {
@@ -17,7 +19,15 @@ class Server {
   ~Server() { XCloseDisplay(display_); }
 
   /// How many windows can be seen whose title begins with the text.
-  int visible(const std::string& title) { return count(DefaultRootWindow(display_), title); }
+  int visible(const std::string& title) {
+    return static_cast<int>(seen(DefaultRootWindow(display_), title).size());
+  }
+  /// Whether such a window shows anything but one colour in the rows through its middle.
+  bool painted(const std::string& title) {
+    for (const Window window : seen(DefaultRootWindow(display_), title))
+      if (manyColours(window)) return true;
+    return false;
+  }
 
   /// Presses the keys one after the other, then lets all go.
   void keys(std::initializer_list<KeySym> symbols) {
@@ -57,23 +67,37 @@ class Server {
   int height() const { return DisplayHeight(display_, DefaultScreen(display_)); }
 
  private:
-  int count(Window window, const std::string& title) {
-    int found = 0;
+  std::vector<Window> seen(Window window, const std::string& title) {
+    std::vector<Window> found;
     char* name = nullptr;
     XWindowAttributes attributes;
     if (XFetchName(display_, window, &name) && name) {
       if (std::string(name).starts_with(title) &&
           XGetWindowAttributes(display_, window, &attributes) && attributes.map_state == IsViewable)
-        ++found;
+        found.push_back(window);
       XFree(name);
     }
     Window root = 0, parent = 0, *children = nullptr;
     unsigned number = 0;
     if (XQueryTree(display_, window, &root, &parent, &children, &number) && children) {
-      for (unsigned i = 0; i < number; ++i) found += count(children[i], title);
+      for (unsigned i = 0; i < number; ++i)
+        for (const Window inner : seen(children[i], title)) found.push_back(inner);
       XFree(children);
     }
     return found;
+  }
+
+  bool manyColours(Window window) {
+    constexpr int kRows = 16;
+    XWindowAttributes attributes;
+    if (!XGetWindowAttributes(display_, window, &attributes)) return false;
+    XImage* rows = XGetImage(display_, window, 0, (attributes.height - kRows) / 2,
+                             static_cast<unsigned>(attributes.width), kRows, AllPlanes, ZPixmap);
+    if (!rows) return false;
+    const auto size = static_cast<std::size_t>(rows->bytes_per_line * kRows);
+    const bool many = !std::equal(rows->data + 4, rows->data + size, rows->data);
+    XDestroyImage(rows);
+    return many;
   }
 
   Display* display_ = XOpenDisplay(nullptr);
@@ -87,4 +111,8 @@ inline int ignoreErrors(Display*, XErrorEvent*) {
 inline void waitFor(Server& server, const std::string& title, bool shown = true) {
   while ((server.visible(title) > 0) != shown)
     std::this_thread::sleep_for(std::chrono::milliseconds(1));
+}
+
+inline void waitForPaint(Server& server, const std::string& title) {
+  while (!server.painted(title)) std::this_thread::sleep_for(std::chrono::milliseconds(1));
 }

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdio>
 #include <string>
+#include <vector>
 
 /// The table that all benchmarks print into: a row for each figure, with the ratio that tells
 /// something on any machine, and the aim it is held against. Markdown, so that it can be pasted;
@@ -65,5 +67,20 @@ inline void row(const std::string& what, const std::string& ours, const std::str
               beside.c_str(), figure, text(aim).c_str(), met);
   std::fflush(stdout);
 }
+
+/// Ratios of one run: the row's figure is the one in the middle, and the text tells the others.
+class Spread {
+ public:
+  void add(double ratio) { ratios_.insert(std::ranges::upper_bound(ratios_, ratio), ratio); }
+  double middle() const { return ratios_[ratios_.size() / 2]; }
+  std::string text() const {
+    char line[64];
+    std::snprintf(line, sizeof line, " (%.2f to %.2f)", ratios_.front(), ratios_.back());
+    return line;
+  }
+
+ private:
+  std::vector<double> ratios_;
+};
 
 }  // namespace Table
