@@ -63,10 +63,35 @@ class Server {
     XDestroyImage(image);
     return pixels;
   }
+  /// The box round all pixels that differ right of a column when the pointer has gone from one
+  /// point to the other.
+  std::pair<int, int> sizeOfChange(std::pair<int, int> from, std::pair<int, int> to, int column,
+                                   std::chrono::duration<double> answer) {
+    move(from.first, from.second);
+    std::this_thread::sleep_for(answer);
+    XImage* before = all();
+    move(to.first, to.second);
+    std::this_thread::sleep_for(answer);
+    XImage* after = all();
+    int left = width(), right = column, top = height(), bottom = 0;
+    for (int y = 0; y < height(); ++y)
+      for (int x = column; x < width(); ++x) {
+        if (XGetPixel(before, x, y) == XGetPixel(after, x, y)) continue;
+        left = std::min(left, x), right = std::max(right, x + 1);
+        top = std::min(top, y), bottom = std::max(bottom, y + 1);
+      }
+    XDestroyImage(before);
+    XDestroyImage(after);
+    return {right - left, bottom - top};
+  }
   int width() const { return DisplayWidth(display_, DefaultScreen(display_)); }
   int height() const { return DisplayHeight(display_, DefaultScreen(display_)); }
 
  private:
+  XImage* all() {
+    return XGetImage(display_, DefaultRootWindow(display_), 0, 0, static_cast<unsigned>(width()),
+                     static_cast<unsigned>(height()), AllPlanes, ZPixmap);
+  }
   std::vector<Window> seen(Window window, const std::string& title) {
     std::vector<Window> found;
     char* name = nullptr;

@@ -1,45 +1,39 @@
 // The least Qt programs that do what the game does: what it is compared with.
-// Usage: quinzolith-bench-bare empty | line | square
+// Usage: quinzolith-bench-bare [line | WIDTHxHEIGHT]
+//        without an argument an empty window
 #include <QApplication>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPixmap>
-#include <string_view>
+#include <string>
 
 namespace {
 
-constexpr QSize kPiece(93, 92);  // of nine cells of 30 pixels, and the pixels beside them
-
-/// Draws a square at the pointer over a picture, and repaints where it was and where it is.
+/// Draws a rectangle at the pointer, and repaints where it was and where it is.
 class Carrying : public QWidget {
  public:
-  Carrying() {
+  explicit Carrying(const QSize& size) : piece_(size), box_(QPoint(0, 0), size) {
+    piece_.fill(Qt::red);
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
   }
 
  protected:
   void mouseMoveEvent(QMouseEvent* event) override {
-    const QRect before = square_;
-    square_.moveCenter(event->position().toPoint());
-    update(before.united(square_));
+    const QRect before = box_;
+    box_.moveCenter(event->position().toPoint());
+    update(before.united(box_));
   }
   void paintEvent(QPaintEvent* event) override {
     QPainter painter(this);
-    painter.setClipRect(event->rect());
     painter.fillRect(event->rect(), Qt::gray);
-    painter.drawPixmap(square_.topLeft(), piece_);
+    painter.drawPixmap(box_.topLeft(), piece_);
   }
 
  private:
-  static QPixmap piece() {
-    QPixmap picture(kPiece);
-    picture.fill(Qt::red);
-    return picture;
-  }
-  QPixmap piece_ = piece();
-  QRect square_{QPoint(0, 0), kPiece};
+  QPixmap piece_;
+  QRect box_;
 };
 
 void show(QWidget& window, bool wholeScreen) {
@@ -51,7 +45,7 @@ void show(QWidget& window, bool wholeScreen) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const std::string_view what = argc == 2 ? argv[1] : "";
+  const std::string what = argc == 2 ? argv[1] : "";
   QApplication application(argc, argv);
   if (what == "line") {
     QLabel line("A line of text");
@@ -59,8 +53,8 @@ int main(int argc, char** argv) {
     show(line, false);
     return QApplication::exec();
   }
-  if (what == "square") {
-    Carrying carrying;
+  if (const auto by = what.find('x'); by != std::string::npos) {
+    Carrying carrying(QSize(std::stoi(what), std::stoi(what.substr(by + 1))));
     show(carrying, true);
     return QApplication::exec();
   }

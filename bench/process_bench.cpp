@@ -110,11 +110,12 @@ double carrying(Server& server, const Running& program) {
 }
 
 /// The bare window lies over the game's meanwhile, which stands still.
-double carryingBare(Server& server, const char* bare, const Running& game) {
+double carryingBare(Server& server, const char* bare, const std::string& size,
+                    const Running& game) {
   game.pause();
   double share = 0;
   {
-    const Running square(bare, "square");
+    const Running square(bare, size.c_str());
     waitFor(server, kBare);
     std::this_thread::sleep_for(kSettled);
     share = carrying(server, square);
@@ -125,16 +126,26 @@ double carryingBare(Server& server, const char* bare, const Running& game) {
   return share;
 }
 
+/// Of the piece in the air, as the bare window takes it: "90x60".
+std::string sizeOfPiece(Server& server) {
+  const int x = server.width() / 2, y = server.height() / 2;
+  const auto [width, height] =
+      server.sizeOfChange({x * 3 / 4, y}, {x * 5 / 4, y}, x, std::chrono::seconds(1));
+  return std::to_string(width) + "x" + std::to_string(height);
+}
+
 void compareCarrying(Server& server, const char* bare, const Running& game) {
+  const std::string size = sizeOfPiece(server);
   Table::Spread ratios;
   double ours = 0, beside = 0;
   for (int round = 0; round < kRounds; ++round) {
-    beside = carryingBare(server, bare, game);
+    beside = carryingBare(server, bare, size, game);
     ours = carrying(server, game);
     ratios.add(ours / beside);
   }
-  Table::row("a piece in the air, 125 moves a second" + ratios.text(), Table::number(ours, "%"),
-             Table::number(beside, "%"), ratios.middle(), Table::atMost(1));
+  Table::row("a piece of " + size + " in the air, 125 moves a second" + ratios.text(),
+             Table::number(ours, "%"), Table::number(beside, "%"), ratios.middle(),
+             Table::atMost(1));
 }
 
 void watchPlaying(Server& server, const char* bare, const char* program, double bareMegabytes) {
@@ -167,7 +178,7 @@ int main(int argc, char** argv) {
   std::setvbuf(stdout, nullptr, _IOLBF, 0);
   Server server;
   compareStarts(server, argv[1], argv[2]);
-  const double bareMegabytes = megabytesAtRest(server, argv[1], "empty", kBare);
+  const double bareMegabytes = megabytesAtRest(server, argv[1], nullptr, kBare);
   const double splashMegabytes = megabytesAtRest(server, argv[2], nullptr, kGame);
   Table::row("resident memory at the splash window", mebibytes(splashMegabytes),
              mebibytes(bareMegabytes), splashMegabytes / bareMegabytes, Table::atMost(2));
