@@ -179,6 +179,7 @@ void Machine::judge() {
     stage_ = nullptr;
     return;
   }
+  if (!stageIsFree()) heldOnBoard_ = false;  // a dialog ends what was pressed before
   const Table table = seen();
   if (now != stage_) {
     stage_ = now;
