@@ -12,7 +12,7 @@ namespace {
 constexpr Qt::Key kKeys[] = {Qt::Key_A,      Qt::Key_7,        Qt::Key_Left,   Qt::Key_Right,
                              Qt::Key_Up,     Qt::Key_Down,     Qt::Key_Tab,    Qt::Key_Backtab,
                              Qt::Key_Return, Qt::Key_PageDown, Qt::Key_PageUp, Qt::Key_Escape,
-                             Qt::Key_F6,     Qt::Key_X};
+                             Qt::Key_F6,     Qt::Key_X,        Qt::Key_F3};
 
 std::optional<Cell> wayOf(Qt::Key key) {
   switch (key) {
