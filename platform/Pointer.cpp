@@ -30,6 +30,7 @@ class Listener : public QObject {
       case QEvent::Leave:
       case QEvent::WindowBlocked:
       case QEvent::WindowDeactivate:
+      case QEvent::WindowStateChange:
         known_ = false;  // from now on the pointer may move without our hearing of it
         break;
       default:

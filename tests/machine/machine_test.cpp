@@ -160,6 +160,23 @@ std::vector<Scenario> kept() {
         {Click, {Here, 0, 0}, 0, true},
         {Move, {BoardArea, 23, 75}, 0, true},
         {Press, {Here, 0, 0}, 1}}},
+      // Minimized and restored with a button held, the window showed the piece where it had been.
+      {true,
+       0,
+       2,
+       {{Button},
+        {Move, {BoardFit, 0, 0}},
+        {Press},
+        {Button},
+        {Item},
+        {Answer, {Here, 0, 0}, 1},
+        {Press},
+        {Close},
+        {Move, {BoardFit, 0, 0}},
+        {Minimize},
+        {Move, {BoardPiece, 0, 0}},
+        {Restore},
+        {Rest}}},
       // After a resize the piece hung by the old tiles' grab point.
       {false, 0, 0, {{Slip, {TrayPiece, 0, 0}}, {Press}, {Resize, {BoardArea, 0, 0}, 3}, {Rest}}},
   };
