@@ -47,7 +47,10 @@ function(lay_out_package root commands)
     share_data(${root} Quinzolith ${name})
   endforeach()
   share_data(${root} "Common Files" MIDI)
-  # Whatever the mask of whoever packs, all may read.
+endfunction()
+
+# Whatever the mask of whoever packs. Comes last, when all files are there.
+function(let_all_read root)
   execute_process(COMMAND chmod -R u=rwX,go=rX ${root}/usr COMMAND_ERROR_IS_FATAL ANY)
 endfunction()
 
@@ -82,8 +85,10 @@ endfunction()
 if(CPACK_GENERATOR STREQUAL DEB)
   lay_out_debian(${CPACK_TEMPORARY_INSTALL_DIRECTORY})
   pack_documents(${CPACK_TEMPORARY_INSTALL_DIRECTORY})
+  let_all_read(${CPACK_TEMPORARY_INSTALL_DIRECTORY})
 elseif(CPACK_GENERATOR STREQUAL RPM)
   lay_out_package(${CPACK_TEMPORARY_INSTALL_DIRECTORY} bin)
+  let_all_read(${CPACK_TEMPORARY_INSTALL_DIRECTORY})
 else()
   lay_out_source(${CPACK_TEMPORARY_INSTALL_DIRECTORY})
 endif()
