@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <string>
 #include <thread>
+#include <vector>
 
 #include "bench/PlayWindow.h"
 #include "bench/Running.h"
@@ -20,6 +21,7 @@ using Clock = std::chrono::steady_clock;
 
 constexpr int kRounds = 5;  // each gives a ratio
 constexpr int kStarts = 5;  // of each program, in a round
+constexpr int kMoves = 10'000;
 constexpr Seconds kWatched{5};
 constexpr Seconds kPainted{0.3};  // after which all of a window has been painted
 constexpr Seconds kAnswer{0.1};   // in which the game has seen to a press
@@ -109,21 +111,39 @@ double carrying(Server& server, const Running& program) {
   });
 }
 
+/// From a motion to other pixels in the server's image, asked for as fast as it answers; sorted
+/// milliseconds. A move that changes nothing within a second counts as one.
+std::vector<double> latencies(Server& server) {
+  constexpr int kWide = 480, kHigh = 4;  // of the screen's middle: both sides of what is carried
+  std::vector<double> taken;
+  for (int i = 0; i < kMoves; ++i) {
+    std::this_thread::sleep_for(std::chrono::microseconds(3000 + i % 7 * 400));
+    const std::string before = server.middle(kWide, kHigh);
+    const auto begin = Clock::now();
+    server.move(server.width() / 2 + (i % 2 == 0 ? 12 : -12), server.height() / 2);
+    while (server.middle(kWide, kHigh) == before && Clock::now() - begin < Seconds(1)) {
+    }
+    taken.push_back(Seconds(Clock::now() - begin).count() * 1e3);
+  }
+  std::ranges::sort(taken);
+  return taken;
+}
+
 /// The bare window lies over the game's meanwhile, which stands still.
-double carryingBare(Server& server, const char* bare, const std::string& size,
-                    const Running& game) {
+template <class Measure>
+auto besideBare(Server& server, const char* bare, const std::string& size, const Running& game,
+                Measure measure) {
   game.pause();
-  double share = 0;
-  {
+  auto measured = [&] {
     const Running square(bare, size.c_str());
     waitFor(server, kBare);
     std::this_thread::sleep_for(kSettled);
-    share = carrying(server, square);
-  }
+    return measure(square);
+  }();
   waitFor(server, kBare, false);
   game.goOn();
   std::this_thread::sleep_for(kSettled);
-  return share;
+  return measured;
 }
 
 /// Of the piece in the air, as the bare window takes it: "90x60".
@@ -134,18 +154,33 @@ std::string sizeOfPiece(Server& server) {
   return std::to_string(width) + "x" + std::to_string(height);
 }
 
-void compareCarrying(Server& server, const char* bare, const Running& game) {
-  const std::string size = sizeOfPiece(server);
+void compareCarrying(Server& server, const char* bare, const std::string& size,
+                     const Running& game) {
   Table::Spread ratios;
   double ours = 0, beside = 0;
   for (int round = 0; round < kRounds; ++round) {
-    beside = carryingBare(server, bare, size, game);
+    beside = besideBare(server, bare, size, game,
+                        [&](const Running& square) { return carrying(server, square); });
     ours = carrying(server, game);
     ratios.add(ours / beside);
   }
   Table::row("a piece of " + size + " in the air, 125 moves a second" + ratios.text(),
              Table::number(ours, "%"), Table::number(beside, "%"), ratios.middle(),
              Table::atMost(1));
+}
+
+void compareLatency(Server& server, const char* bare, const std::string& size,
+                    const Running& game) {
+  const auto beside =
+      besideBare(server, bare, size, game, [&](const Running&) { return latencies(server); });
+  const auto ours = latencies(server);
+  const auto line = [&](const char* what, std::size_t rank, double figure, double aim) {
+    Table::row(std::string("from a motion to its picture, ") + what,
+               Table::number(ours[rank], "ms"), Table::number(beside[rank], "ms"), figure,
+               Table::atMost(aim));
+  };
+  line("median: ms more", kMoves / 2, ours[kMoves / 2] - beside[kMoves / 2], 1);
+  line("99th of 100: ms", kMoves / 100 * 99, ours[kMoves / 100 * 99], 8);
 }
 
 void watchPlaying(Server& server, const char* bare, const char* program, double bareMegabytes) {
@@ -158,7 +193,9 @@ void watchPlaying(Server& server, const char* bare, const char* program, double 
     std::puts("No piece could be picked up!");
     return;
   }
-  compareCarrying(server, bare, game);
+  const std::string size = sizeOfPiece(server);
+  compareCarrying(server, bare, size, game);
+  compareLatency(server, bare, size, game);
 
   server.move(server.width() * 6 / 10, server.height() * 9 / 10);
   std::this_thread::sleep_for(kAnswer);
