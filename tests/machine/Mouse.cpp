@@ -77,8 +77,8 @@ void Mouse::forgive() {
 }
 
 void Mouse::deliver(QWindow& window, Qt::MouseButton button, int type) {
-  // The toolkit passes on no motion that leads nowhere.
-  if (type == QEvent::MouseButtonPress || (type == QEvent::MouseMove && at_ != heard_)) takeHand();
+  // The toolkit passes on no motion that leads nowhere, and one before a release elsewhere.
+  if (type == QEvent::MouseButtonPress || at_ != heard_) takeHand();
   heard_ = at_;
   qt_handleMouseEvent(&window, at_ - QPointF(window.position()), at_, buttons_, button,
                       static_cast<QEvent::Type>(type), {}, milliseconds_);
