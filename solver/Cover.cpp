@@ -28,7 +28,7 @@ Cell firstOfOrbit(Cell cell, const Shape& shape, Symmetry g) {
 std::vector<Cell> firstsOf(std::vector<Cell> cells, const Shape& shape, Symmetry g) {
   for (Cell& cell : cells) cell = firstOfOrbit(cell, shape, g);
   std::ranges::sort(cells);
-  cells.erase(std::ranges::unique(cells).begin(), cells.end());
+  cells.erase(std::unique(cells.begin(), cells.end()), cells.end());
   return cells;
 }
 

@@ -50,7 +50,7 @@ void FinishingSets::reset(int pieces, std::size_t rows) {
 void FinishingSets::makeMoves(int pieces) {
   pieces_ = pieces;
   coded_ = (Pieces{1} << std::max(0, pieces - 1)) - 1;
-  for (const std::size_t odd : {0, 1})
+  for (const std::size_t odd : {0U, 1U})
     for (int piece = 0; piece < pieces; ++piece) {
       Move& move = moves_[odd][static_cast<std::size_t>(piece)] = {};
       const bool inWord = piece < kBitsInWord, last = piece == pieces - 1;

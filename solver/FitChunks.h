@@ -20,7 +20,7 @@ class SupplyCode {
   SupplyCode(const PieceSet& supply, int pieces) {
     for (int type = 0; type < PENTO::kTypes; ++type) {
       if (supply[type] == 0 || supply[type] >= pieces) continue;
-      const int width = std::bit_width(static_cast<unsigned>(supply[type]));
+      const auto width = static_cast<int>(std::bit_width(static_cast<unsigned>(supply[type])));
       fields_.push_back({type, bits_, width});
       start_ |= static_cast<Bits128>(supply[type]) << bits_;
       bits_ += width;
