@@ -114,6 +114,7 @@ void PENTOWINDOW::pickUp(double x, double y) {
   FloatingPento(P);
   grabCentre(atlas_.tileWidth());
   if (Pickup_) grid_->RemovePento(column, row);
+  ShowFloatingPento();  // no move need have come before, nor come after
   hand().tookFrom({P, this, {P->X(), P->Y()}, P->RotationCount, P->FlipCount});
   placeCursor(s * P->Width() / 2.0 + s * P->X(), s * P->Height() / 2.0 + s * P->Y());
   hand().say([&] { return BoardWords::shape(*P) + " taken up"; });

@@ -177,6 +177,22 @@ std::vector<Scenario> kept() {
         {Move, {BoardPiece, 0, 0}},
         {Restore},
         {Rest}}},
+      // Picked up by the first press after the window came back and carried out of it at once, the
+      // piece stayed drawn where it had lain.
+      {false,
+       0,
+       0,
+       {{Move, {TrayPiece, 0, 0}},
+        {Click},
+        {Move, {TrayArea, 11, 83}},
+        {Slip, {Here, 33, 29}},
+        {Resize, {Here, 0, 0}, 2},
+        {Leave},
+        {Click},
+        {Return},
+        {Press, {Here, 0, 0}, 0, true},
+        {Move, {Desk, 0, 0}},
+        {Rest}}},
       // After a resize the piece hung by the old tiles' grab point.
       {false, 0, 0, {{Slip, {TrayPiece, 0, 0}}, {Press}, {Resize, {BoardArea, 0, 0}, 3}, {Rest}}},
   };
