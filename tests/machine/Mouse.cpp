@@ -101,7 +101,7 @@ void Mouse::tell() {
   told_ = at_;
   homeTold_ = home_;
   const QPointer<QWindow> window = over();
-  if (!held()) enter(window);
+  if (!held() || !grab_) enter(window);  // a grab ends with its window
   if (QWindow* hears = held() && grab_ ? grab_.data() : window.data())
     deliver(*hears, Qt::NoButton, QEvent::MouseMove);
 }
