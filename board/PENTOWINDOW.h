@@ -177,6 +177,8 @@ class PENTOWINDOW : public PointerSurface, public PuzzleTarget {
   void followMissedMove();
   void followOutside(const basKelvoWinAPI::POINT& p);
   bool nothingToSee() const;
+  bool heldByPointer() const;
+  Pace::Rest mayRest() const;
   void raise(const std::function<void()>& event) {
     if (event) event();
   }

@@ -24,7 +24,7 @@ void PENTOWINDOW::FloatingPento(const PentoRef& P) {
   fKeepGrab_ = false;
   showCursor(CursorShape::Clear);
   InvalidateFloating();
-  pace_.rest(false);
+  pace_.rest(Pace::Rest::No);
   Pointer::moveFollows(*window());  // a hand at rest has moved over no surface yet
 }
 
@@ -50,7 +50,7 @@ void PENTOWINDOW::grabCentre(int tile) {
 }
 
 void PENTOWINDOW::ShowFloatingPento() {
-  if (!fFloatVisible_) pace_.rest(false);
+  if (!fFloatVisible_) pace_.rest(Pace::Rest::No);
   fFloatVisible_ = true;
 }
 

@@ -16,7 +16,7 @@ void PENTOWINDOW::TileSize(std::int16_t pixels) {
   noticeSize();
   const PENTOGRID& grid = assignedGrid();
   centreSurface(QSizeF(pixels * grid.Width(), pixels * grid.Height()));
-  pace_.rest(false);
+  pace_.rest(Pace::Rest::No);
   if (fFloating_) {
     grabCentre(pixels);  // the old grab point is no point of the piece any more
     Pointer::moveFollows(*window());

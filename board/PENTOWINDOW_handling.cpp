@@ -50,7 +50,7 @@ void PENTOWINDOW::hover(double x, double y) {
 }
 
 void PENTOWINDOW::pctFore_MouseMove(double x, double y) {
-  pace_.rest(false);
+  pace_.rest(Pace::Rest::No);
   hand().pointerMoved();
   hover(x, y);
   if (!windowIsActive()) {
@@ -69,11 +69,12 @@ void PENTOWINDOW::pctFore_MouseMove(double x, double y) {
   if (cursor_ == CursorShape::Default) showCursor(CursorShape::Clear);
   RecenterGrab();
   redrawFloating();
+  pace_.rest(mayRest());
 }
 
 /// Over the margin round the surface.
 void PENTOWINDOW::pointerMove(const QPointF&) {
-  pace_.rest(false);
+  pace_.rest(Pace::Rest::No);
   hand().pointerMoved();
   if (!windowIsActive()) {
     HideFloatingPento();
@@ -88,7 +89,7 @@ void PENTOWINDOW::pointerMove(const QPointF&) {
 }
 
 void PENTOWINDOW::pctFore_MouseDown(Button button, double x, double y) {
-  pace_.rest(false);
+  pace_.rest(Pace::Rest::No);
   refusal_->clear();
   LastButton_ = button;
   if (!grid_) return;
@@ -183,7 +184,7 @@ void PENTOWINDOW::showRefusal() {
 }
 
 void PENTOWINDOW::pctFore_DblClick() {
-  pace_.rest(false);
+  pace_.rest(Pace::Rest::No);
   if (!fFloating_) return;
   if (LastButton_ == kRight) {
     turn();

@@ -27,6 +27,7 @@ void PENTOWINDOW::FlushDirty() {
         {dirty_.left, dirty_.top, dirty_.right - dirty_.left, dirty_.bottom - dirty_.top});
     drawn_.reset();
     if (scene.floating) drawn_ = floatingPicture({box.left, box.top});
+    Pace::news();
     if (fFloating_) dirty_ = box;  // the next flush repaints the place that the piece leaves
     showOffSurface();
   } catch (const std::exception&) {

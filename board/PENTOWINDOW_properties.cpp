@@ -30,7 +30,7 @@ PENTOWINDOW::PENTOWINDOW(QWidget* parent)
       pace_(this,
             [this] {
               TrackCursor();
-              pace_.rest(nothingToSee());
+              pace_.rest(mayRest());
             }),
       atlas_(nearest(kAtlasDesign.width() / kDesignUnit),
              nearest(kAtlasDesign.height() / kDesignUnit)) {

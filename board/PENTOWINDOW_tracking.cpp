@@ -7,6 +7,10 @@ namespace {
 
 constexpr double kRestAfter = 1;  // seconds without a move of the pointer
 
+bool isInside(const basKelvoWinAPI::POINT& p, const basKelvoWinAPI::RECT& box) {
+  return p.x >= box.left && p.x <= box.right && p.y >= box.top && p.y <= box.bottom;
+}
+
 }  // namespace
 
 void PENTOWINDOW::showEvent(QShowEvent* event) {
@@ -28,8 +32,7 @@ void PENTOWINDOW::enterEvent(QEnterEvent* event) {
 void PENTOWINDOW::TrackCursor() {
   if (!fFloatVisible_) return;
   const basKelvoWinAPI::POINT p = basKelvoWinAPI::GetCursorPos(*this);
-  const basKelvoWinAPI::RECT box = basKelvoWinAPI::GetWindowRect(*this);
-  if (p.x >= box.left && p.x <= box.right && p.y >= box.top && p.y <= box.bottom) {
+  if (isInside(p, basKelvoWinAPI::GetWindowRect(*this))) {
     if (!fCaptured_) {
       raise(Capture);
       fCaptured_ = true;
@@ -62,4 +65,16 @@ bool PENTOWINDOW::nothingToSee() const {
   if (!fFloating_) return Pointer::secondsSinceMove() > kRestAfter;
   const Surface& picture = pctFore_->picture();
   return floatingBox().within(picture.width(), picture.height()).empty();
+}
+
+/// The pointer is over the control, which knows and shows it, and events tell when it leaves.
+bool PENTOWINDOW::heldByPointer() const {
+  return fCaptured_ && Pointer::known() &&
+         isInside(basKelvoWinAPI::GetCursorPos(*this), basKelvoWinAPI::GetWindowRect(*this)) &&
+         !showsStalePicture();
+}
+
+Pace::Rest PENTOWINDOW::mayRest() const {
+  if (nothingToSee()) return Pace::Rest::Yes;
+  return heldByPointer() ? Pace::Rest::UntilNews : Pace::Rest::No;
 }

@@ -1,10 +1,25 @@
 #include "board/Pace.h"
 
+#include <vector>
+
+#include "platform/Pointer.h"
+
 namespace {
 
 constexpr int kTick = 1;  // milliseconds
 // The toolkit lets coarse timers meet at multiples of 25; it takes 20 for precise.
 constexpr int kRestingTick = 25;
+constexpr int kTickWithoutNews = 50;
+
+int tickAt(Pace::Rest rest) {
+  if (rest == Pace::Rest::No) return kTick;
+  return rest == Pace::Rest::UntilNews ? kTickWithoutNews : kRestingTick;
+}
+
+std::vector<Pace*>& paces() {
+  static std::vector<Pace*> all;
+  return all;
+}
 
 }  // namespace
 
@@ -13,15 +28,27 @@ Pace::Pace(QObject* owner, std::function<void()> tick) : tmrHideFloat_(new QTime
   tmrHideFloat_->setTimerType(Qt::PreciseTimer);
   tmrHideFloat_->setInterval(kTick);
   QObject::connect(tmrHideFloat_, &QTimer::timeout, owner, std::move(tick));
+  paces().push_back(this);
+  Pointer::onNews(&Pace::news);
+}
+
+Pace::~Pace() {
+  std::erase(paces(), this);
 }
 
 void Pace::start() {
-  rest(false);
+  rest(Rest::No);
   tmrHideFloat_->start();
 }
 
-void Pace::rest(bool resting) {
-  tickEvery(resting ? kRestingTick : kTick);
+void Pace::rest(Rest rest) {
+  rest_ = rest;
+  tickEvery(tickAt(rest));
+}
+
+void Pace::news() {
+  for (Pace* pace : paces())
+    if (pace->rest_ == Rest::UntilNews) pace->rest(Rest::No);
 }
 
 void Pace::tickEvery(int milliseconds) {

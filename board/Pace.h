@@ -8,15 +8,27 @@
 /// both controls of a window wake the program together.
 class Pace {
  public:
+  enum class Rest {
+    No,
+    UntilNews,  ///< of the pointer or of what a control shows; news ends it for all controls
+    Yes,        ///< until the control ends it
+  };
+
   /// Calls `tick` while it runs. It is found by the name "tmrHideFloat" below its owner.
   Pace(QObject* owner, std::function<void()> tick);
+  ~Pace();
+  Pace(Pace&&) = delete;
 
   void start();  ///< at full pace
   void stop() { tmrHideFloat_->stop(); }
-  void rest(bool resting);
+  void rest(Rest rest);
+
+  /// Wakes all controls that rest until there is news.
+  static void news();
 
  private:
   void tickEvery(int milliseconds);
 
   QTimer* tmrHideFloat_;
+  Rest rest_ = Rest::No;
 };

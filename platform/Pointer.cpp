@@ -15,6 +15,12 @@ namespace {
 constexpr double kReached = 1.5;         // logical pixels; the server rounds both coordinates
 constexpr qint64 kSameMoment = 500'000;  // nanoseconds in which two questions get one answer
 
+std::function<void()> newsListener;
+
+void changed() {
+  if (newsListener) newsListener();
+}
+
 /// Remembers what events told of the pointer.
 class Listener : public QObject {
  public:
@@ -32,6 +38,7 @@ class Listener : public QObject {
       case QEvent::WindowDeactivate:
       case QEvent::WindowStateChange:
         known_ = false;  // from now on the pointer may move without our hearing of it
+        changed();
         break;
       default:
         break;
@@ -39,10 +46,17 @@ class Listener : public QObject {
     return false;
   }
 
-  void keep(const QPointF& position) { kept_ = position; }
-  void follow(const std::optional<QPointF>& finger) { finger_ = finger; }
+  void keep(const QPointF& position) {
+    kept_ = position;
+    changed();
+  }
+  void follow(const std::optional<QPointF>& finger) {
+    finger_ = finger;
+    changed();
+  }
   bool follows() const { return finger_.has_value(); }
   bool keeps() const { return kept_.has_value(); }
+  bool known() const { return finger_ || kept_ || known_; }
 
   QPointF position() {
     if (finger_) return *finger_;
@@ -58,6 +72,7 @@ class Listener : public QObject {
     kept_.reset();
     known_ = false;
     asked_ = -1;
+    changed();
   }
 
   double secondsSinceMove() const {
@@ -70,6 +85,7 @@ class Listener : public QObject {
     last_ = position;
     known_ = true;
     kept_.reset();
+    changed();
   }
 
   QPointF last_;
@@ -146,6 +162,14 @@ void stay(const QPointF& position) {
 
 void moveFollows(QWidget& window) {
   FollowingMove::post(window);
+}
+
+bool known() {
+  return listener && listener->known();
+}
+
+void onNews(std::function<void()> news) {
+  newsListener = std::move(news);
 }
 
 double secondsSinceMove() {

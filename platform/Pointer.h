@@ -46,6 +46,13 @@ void stay(const QPointF& position);
 /// blocks it.
 void moveFollows(QWidget& window);
 
+/// Whether events tell all: until the next news of it, the pointer is where it is now.
+bool known();
+
+/// Calls whenever the pointer may be elsewhere, or may from now on move without an event that tells
+/// of it. One listener; the call comes before the event is dealt out.
+void onNews(std::function<void()> news);
+
 /// Seconds since the pointer last moved over a window of the program.
 double secondsSinceMove();
 

@@ -13,6 +13,7 @@ namespace {
 
 constexpr Qt::MouseButton kButtons[] = {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton};
 constexpr double kGlide = 12;  // logical pixels from motion to motion
+constexpr int kSlowPace = 25;  // milliseconds from tick to tick
 constexpr QSize kSizes[] = {{420, 340}, {640, 480}, {560, 700}, {780, 560}};
 
 QPointF partOf(const QWidget& widget, int x, int y) {
@@ -211,6 +212,7 @@ void Machine::tick(Side side) {
   if (!control(side)) return;
   auto* timer = control(side)->findChild<QTimer*>("tmrHideFloat");
   if (!timer || !timer->isActive()) return;
+  if (timer->interval() > kSlowPace) return;  // until there is news a tick has nothing to mend
   ticking_ = true;
   mouse_->wait(1);
   QTimerEvent event(timer->timerId());
