@@ -174,6 +174,7 @@ class PENTOWINDOW : public PointerSurface, public PuzzleTarget {
 
   // tracking
   void TrackCursor();
+  void followMove();
   void followMissedMove();
   void followOutside(const basKelvoWinAPI::POINT& p);
   bool nothingToSee() const;

@@ -50,9 +50,13 @@ void PENTOWINDOW::hover(double x, double y) {
 }
 
 void PENTOWINDOW::pctFore_MouseMove(double x, double y) {
-  pace_.rest(Pace::Rest::No);
   hand().pointerMoved();
   hover(x, y);
+  followMove();
+  if (!Form::Unloaded(this)) pace_.rest(mayRest());
+}
+
+void PENTOWINDOW::followMove() {
   if (!windowIsActive()) {
     HideFloatingPento();
     if (fFloating_) showCursor(CursorShape::Default);
@@ -69,7 +73,6 @@ void PENTOWINDOW::pctFore_MouseMove(double x, double y) {
   if (cursor_ == CursorShape::Default) showCursor(CursorShape::Clear);
   RecenterGrab();
   redrawFloating();
-  pace_.rest(mayRest());
 }
 
 /// Over the margin round the surface.

@@ -23,11 +23,12 @@ std::vector<Pace*>& paces() {
 
 }  // namespace
 
-Pace::Pace(QObject* owner, std::function<void()> tick) : tmrHideFloat_(new QTimer(owner)) {
+Pace::Pace(QObject* owner, std::function<void()> tick)
+    : tmrHideFloat_(new QTimer(owner)), tick_(std::move(tick)) {
   tmrHideFloat_->setObjectName("tmrHideFloat");
   tmrHideFloat_->setTimerType(Qt::PreciseTimer);
   tmrHideFloat_->setInterval(kTick);
-  QObject::connect(tmrHideFloat_, &QTimer::timeout, owner, std::move(tick));
+  QObject::connect(tmrHideFloat_, &QTimer::timeout, owner, tick_);
   paces().push_back(this);
   Pointer::onNews(&Pace::news);
 }
@@ -43,12 +44,25 @@ void Pace::start() {
 
 void Pace::rest(Rest rest) {
   rest_ = rest;
+  heard_ = false;
   tickEvery(tickAt(rest));
 }
 
 void Pace::news() {
-  for (Pace* pace : paces())
-    if (pace->rest_ == Rest::UntilNews) pace->rest(Rest::No);
+  for (Pace* pace : paces()) pace->hear();
+}
+
+/// The tick comes behind what the news is about; if that shows the control that it may rest on,
+/// none is needed.
+void Pace::hear() {
+  if (rest_ != Rest::UntilNews || heard_) return;
+  heard_ = true;
+  QMetaObject::invokeMethod(
+      tmrHideFloat_,
+      [this] {
+        if (heard_ && tmrHideFloat_->isActive()) tick_();
+      },
+      Qt::QueuedConnection);
 }
 
 void Pace::tickEvery(int milliseconds) {

@@ -10,7 +10,8 @@ class Pace {
  public:
   enum class Rest {
     No,
-    UntilNews,  ///< of the pointer or of what a control shows; news ends it for all controls
+    UntilNews,  ///< of the pointer or of what a control shows; news brings all controls a tick at
+                ///< once
     Yes,        ///< until the control ends it
   };
 
@@ -23,12 +24,15 @@ class Pace {
   void stop() { tmrHideFloat_->stop(); }
   void rest(Rest rest);
 
-  /// Wakes all controls that rest until there is news.
+  /// Gives all controls that rest until there is news a tick, once the current event is done.
   static void news();
 
  private:
+  void hear();
   void tickEvery(int milliseconds);
 
   QTimer* tmrHideFloat_;
+  std::function<void()> tick_;
   Rest rest_ = Rest::No;
+  bool heard_ = false;  ///< and the tick is still to come
 };
