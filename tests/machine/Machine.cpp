@@ -20,6 +20,7 @@ constexpr const char* kTimer = "tmrHideFloat";
 
 /// A rest is many steps, so that what each leaves to be done is done before the next.
 std::vector<Step> expanded(const Step& step) {
+  if (step.kind == Step::Glance) return {{Step::Tell, {}, 0, false}, step};
   if (step.kind != Step::Rest) return {step};
   const auto tick = [&](int side) { return Step{Step::Tick, {}, (side + step.number) % 2, false}; };
   return {{Step::Tell, {}, 0, false}, tick(0), tick(1), tick(0), tick(1),

@@ -100,7 +100,8 @@ class Machine : private QObject {
   std::set<Cell> cellsOfHand(Side side) const;
   void expectTakenBack();
   void judgeArrow(Side from, const std::set<Cell>& cells, const Cell& by);
-  void judgeTab();
+  std::vector<Cell> stopsOfTab(Side side) const;
+  void judgeTab(std::optional<Side> from, std::set<Cell> cells, int direction);
 
   // What must come of them: Machine_claims.cpp.
   void expectPress(Side side, Qt::MouseButton button);
@@ -119,7 +120,7 @@ class Machine : private QObject {
   void noticeOrigin(const Table& now);
   void judgePickUp();
   void judgeSolved(const Table& now);
-  void look();
+  void look(bool ticked);
   void lookAt(Side side);
   void checkSaved(const std::filesystem::path& file, const std::string& bytes);
 

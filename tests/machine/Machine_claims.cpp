@@ -240,13 +240,15 @@ void Machine::judgeSolved(const Table& now) {
     fail(full ? "the puzzle is solved, and nobody says so" : "the puzzle is not solved");
 }
 
-void Machine::look() {
+/// Before the ticks, of the control under the pointer alone: the other one may still show the piece
+/// as it left.
+void Machine::look(bool ticked) {
   if (!stageIsFree() || stage()->Minimized()) return;
   if (QApplication::activeWindow() != stage()->Window()) return;
   const auto* cover = stage()->Window()->findChild<QFrame*>("fraCover");
   if (cover && cover->isVisible()) fail("the boards are covered");
   for (Side side : {kBoard, kTray})
-    if (control(side)) lookAt(side);
+    if (control(side) && (ticked || side == sideUnderPointer())) lookAt(side);
 }
 
 /// The grid and nothing else, or the carried piece at the pointer; in the control under the pointer

@@ -14,6 +14,8 @@ constexpr Qt::Key kKeys[] = {Qt::Key_A,      Qt::Key_7,        Qt::Key_Left,   Q
                              Qt::Key_Return, Qt::Key_PageDown, Qt::Key_PageUp, Qt::Key_Escape,
                              Qt::Key_F6,     Qt::Key_X,        Qt::Key_F3};
 
+constexpr Cell kElsewhere{-100, -100};
+
 std::optional<Cell> wayOf(Qt::Key key) {
   switch (key) {
     case Qt::Key_Left:
@@ -27,6 +29,14 @@ std::optional<Cell> wayOf(Qt::Key key) {
     default:
       return {};
   }
+}
+
+bool comesFirst(const Cell& a, const Cell& b) {
+  return std::pair(a.row, a.column) < std::pair(b.row, b.column);
+}
+
+Cell firstAsRead(const std::set<Cell>& cells) {
+  return *std::min_element(cells.begin(), cells.end(), comesFirst);
 }
 
 }  // namespace
@@ -83,7 +93,8 @@ void Machine::key(int which) {
   if (done_ != now || !stageIsFree() || window != stage()->Window()->windowHandle()) return;
   judgePickUp();
   if (focus && under && way) judgeArrow(*under, cells, *way);
-  if (focus && (playing() || under) && (key == Qt::Key_Tab || key == Qt::Key_Backtab)) judgeTab();
+  if (focus && (playing() || under) && (key == Qt::Key_Tab || key == Qt::Key_Backtab))
+    judgeTab(under, cells, key == Qt::Key_Tab ? 1 : -1);
 }
 
 /// Where the piece came from, as it lay there; if there is no room any more, somewhere in the tray;
@@ -128,17 +139,40 @@ void Machine::judgeArrow(Side from, const std::set<Cell>& cells, const Cell& by)
   fail("an arrow has not moved the hand by one cell");
 }
 
-/// Tab finds the next piece of the tray, or a free cell of the board for the piece in hand.
-void Machine::judgeTab() {
-  const std::optional<Side> now = sideUnderHand();
-  const Side side = table_.hand || !playing() ? kBoard : kTray;
+/// What Tab goes through, in reading order: where the pieces can be taken up, or where the corner
+/// of the piece in hand stands when its first cell is on a free one.
+std::vector<Cell> Machine::stopsOfTab(Side side) const {
   const Area& area = table_.areas.at(side);
-  if (table_.hand ? area.freeCells() == 0 : area.laid.empty()) return;
-  if (now != side) return fail("the key Tab has not moved the hand to where it is of use");
-  if (table_.hand) return;
-  for (const Cell& cell : cellsOfHand(side))
-    if (area.at(cell) >= 0) return;
-  fail("the key Tab has not moved the hand onto a piece");
+  std::vector<Cell> stops;
+  if (!table_.hand)
+    for (const Laid& laid : area.laid) stops.push_back(laid.corner + firstAsRead(laid.card.cells));
+  else
+    for (const Cell& cell : area.cells)
+      if (area.at(cell) < 0) stops.push_back(cell - firstAsRead(table_.hand->cells));
+  std::sort(stops.begin(), stops.end(), comesFirst);
+  return stops;
+}
+
+/// Tab finds the next of them, Shift+Tab the one before; from elsewhere the first or the last.
+void Machine::judgeTab(std::optional<Side> from, std::set<Cell> cells, int direction) {
+  const Side side = table_.hand || !playing() ? kBoard : kTray;
+  if (from != side) cells = {kElsewhere};
+  const std::vector<Cell> stops = stopsOfTab(side);
+  if (stops.empty()) return;
+  if (sideUnderHand() != side)
+    return fail("the key Tab has not moved the hand to where it is of use");
+  const PENTOGRID& grid = *control(side)->Grid();
+  const int right = grid.Width() - (table_.hand ? table_.hand->width() : 1);
+  const int lowest = grid.Height() - (table_.hand ? table_.hand->height() : 1);
+  const std::set<Cell> now = cellsOfHand(side);
+  const auto count = static_cast<std::ptrdiff_t>(stops.size());
+  for (const Cell& cell : cells) {
+    const auto at = std::find(stops.begin(), stops.end(), cell) - stops.begin();
+    const std::ptrdiff_t before = at < count ? at : direction > 0 ? -1 : count;
+    const Cell& to = stops[static_cast<std::size_t>((before + direction + count) % count)];
+    if (now.contains({std::clamp(to.column, 0, right), std::clamp(to.row, 0, lowest)})) return;
+  }
+  fail("the key Tab has not moved the hand to the next place");
 }
 
 }  // namespace machine

@@ -81,8 +81,9 @@ void Machine::performWindow(const Step& step) {
   switch (step.kind) {
     case Step::Tick:
       return tick(step.number % 2 == 0 ? kBoard : kTray);
+    case Step::Glance:
     case Step::Look:
-      return look();
+      return look(step.kind == Step::Look);
     case Step::Key:
       return key(step.number);
     case Step::Leave:

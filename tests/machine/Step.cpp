@@ -8,10 +8,10 @@ namespace machine {
 
 namespace {
 
-constexpr std::array kKinds{"Move",  "Glide",  "Slip",    "Tell",     "Press",   "Release",
-                            "Click", "Again",  "Placing", "Tick",     "Rest",    "Key",
-                            "Leave", "Return", "Resize",  "Minimize", "Restore", "Close",
-                            "Item",  "Button", "Puzzle",  "Answer",   "Name",    "Look"};
+constexpr std::array kKinds{"Move",   "Glide",    "Slip",    "Tell",  "Press", "Release", "Click",
+                            "Again",  "Placing",  "Tick",    "Rest",  "Key",   "Leave",   "Return",
+                            "Resize", "Minimize", "Restore", "Close", "Item",  "Button",  "Puzzle",
+                            "Answer", "Name",     "Glance",  "Look"};
 constexpr std::array kPlaces{"Here",      "BoardPiece", "TrayPiece", "BoardFit", "TrayFit",
                              "BoardArea", "TrayArea",   "Window",    "Desk"};
 static_assert(kKinds.size() == Step::Look + 1 && kPlaces.size() == Spot::Desk + 1);

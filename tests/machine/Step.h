@@ -56,6 +56,7 @@ struct Step {
     Puzzle,  ///< in the chooser: a puzzle, in easy mode if the number is odd
     Answer,  ///< a button of the message box
     Name,    ///< a name in the file dialog, or cancelling it
+    Glance,  ///< at the carried piece, once the motion is told, and before a tick could mend it
     Look,    ///< the last part of a rest; never made by itself
   };
   Kind kind = Rest;

@@ -15,6 +15,8 @@ struct Cell {
   int column = 0;
   int row = 0;
   auto operator<=>(const Cell&) const = default;
+  Cell operator+(const Cell& by) const { return {column + by.column, row + by.row}; }
+  Cell operator-(const Cell& by) const { return {column - by.column, row - by.row}; }
 };
 
 /// A pentomino as five squares of cardboard: the cells it covers when its corner lies on (0, 0).

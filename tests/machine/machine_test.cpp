@@ -18,7 +18,7 @@ rc::Gen<Step::Kind> kinds(bool editor) {
        {2, Step::Placing}, {6, Step::Tick},    {14, Step::Rest},  {8, Step::Key},
        {1, Step::Leave},   {2, Step::Return},  {1, Step::Resize}, {1, Step::Minimize},
        {2, Step::Restore}, {1, Step::Close},   {1, Step::Item},   {editor ? 12 : 3, Step::Button},
-       {3, Step::Puzzle},  {4, Step::Answer},  {2, Step::Name}});
+       {3, Step::Puzzle},  {4, Step::Answer},  {2, Step::Name},   {6, Step::Glance}});
 }
 
 rc::Gen<Spot> spots() {
