@@ -120,6 +120,8 @@ class Machine : private QObject {
   void noticeOrigin(const Table& now);
   void judgePickUp();
   void judgeSolved(const Table& now);
+  /// Else motions go to what was pressed, or to nobody after a dialog.
+  bool boardsHear() const { return !mouse_->held() || heldOnBoard_; }
   void look(bool ticked);
   void lookAt(Side side);
   void checkSaved(const std::filesystem::path& file, const std::string& bytes);

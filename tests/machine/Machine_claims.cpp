@@ -248,7 +248,7 @@ void Machine::look(bool ticked) {
   const auto* cover = stage()->Window()->findChild<QFrame*>("fraCover");
   if (cover && cover->isVisible()) fail("the boards are covered");
   for (Side side : {kBoard, kTray})
-    if (control(side) && (ticked || side == sideUnderPointer())) lookAt(side);
+    if (control(side) && (ticked || (boardsHear() && side == sideUnderPointer()))) lookAt(side);
 }
 
 /// The grid and nothing else, or the carried piece at the pointer; in the control under the pointer
@@ -260,9 +260,8 @@ void Machine::lookAt(Side side) {
   const Sight::Seen seen = Sight::look(shown, piece.get(), mouse_->hand());
   if (!seen.wrong.empty()) fail(where + seen.wrong);
   const QPointF inside = shown.mapFromGlobal(mouse_->hand());
-  const bool hears = !mouse_->held() || heldOnBoard_;  // else what was pressed does
   const bool over =
-      hears &&
+      boardsHear() &&
       shown.rect().contains(QPoint(int(std::floor(inside.x())), int(std::floor(inside.y())))) &&
       mouse_->over() == stage()->Window()->windowHandle();
   if (piece && over && !seen.corner && Sight::wouldBeSeen(shown, *piece, mouse_->hand()))

@@ -15,7 +15,7 @@ rc::Gen<Step::Kind> kinds(bool editor) {
   return rc::gen::weightedElement<Step::Kind>(
       {{12, Step::Move},   {4, Step::Glide},   {8, Step::Slip},   {2, Step::Tell},
        {8, Step::Press},   {3, Step::Release}, {16, Step::Click}, {2, Step::Again},
-       {2, Step::Placing}, {6, Step::Tick},    {14, Step::Rest},  {8, Step::Key},
+       {2, Step::Placing}, {6, Step::Tick},    {14, Step::Rest},  {14, Step::Key},
        {1, Step::Leave},   {2, Step::Return},  {1, Step::Resize}, {1, Step::Minimize},
        {2, Step::Restore}, {1, Step::Close},   {1, Step::Item},   {editor ? 12 : 3, Step::Button},
        {3, Step::Puzzle},  {4, Step::Answer},  {2, Step::Name},   {6, Step::Glance}});
