@@ -2,12 +2,16 @@
 
 #include <QStringList>
 #include <algorithm>
+#include <map>
 
 #include "board/PENTOWINDOW.h"
 
 namespace BoardWords {
 
 namespace {
+
+constexpr const char* kOutside = "outside";
+constexpr const char* kEmpty = "empty";
 
 bool carriedOver(const PENTOWINDOW& board) {
   return board.Floating() && QRectF(board.rect()).contains(Hand::of(board).over(board));
@@ -22,9 +26,9 @@ bool covers(const PENTO& piece, const QPoint& corner, const QPoint& cell) {
 /// What lies in a cell.
 QString content(const PENTOGRID& grid, const QPoint& cell) {
   const bool inside = QRect(0, 0, grid.Width(), grid.Height()).contains(cell);
-  if (!inside || grid.IsBackground(cell.x(), cell.y())) return "outside";
+  if (!inside || grid.IsBackground(cell.x(), cell.y())) return kOutside;
   const PentoRef piece = grid.PentoAt(cell.x(), cell.y());
-  return piece ? name(*piece) : "empty";
+  return piece ? name(*piece) : QString(kEmpty);
 }
 
 QString columns(int first, int last) {
@@ -38,9 +42,16 @@ QString emptyCells(const PENTOWINDOW& board) {
   return QString(", empty cells: %1").arg(board.EmptyCount());
 }
 
-QString fits(const PENTOWINDOW& board, const QPoint& corner) {
-  return board.Grid()->fits(*board.FloatingPento(), corner.x(), corner.y()) ? "fits"
-                                                                            : "does not fit";
+/// What the squares of a piece would lie on that is not empty: "2 outside, 1 on the L piece".
+QString obstacles(const PENTOGRID& grid, const PENTO& piece, const QPoint& corner) {
+  std::map<QString, int> squares;
+  for (int i = 0; i < PENTO::kCells; ++i)
+    ++squares[content(grid, corner + QPoint(piece.GridX(i), piece.GridY(i)))];
+  squares.erase(kEmpty);
+  QStringList words;
+  for (const auto& [what, count] : squares)
+    words << QString(what == kOutside ? "%1 %2" : "%1 on the %2").arg(count).arg(what);
+  return words.join(", ");
 }
 
 }  // namespace
@@ -81,16 +92,27 @@ QString row(const PENTOWINDOW& board, int row) {
     const int first = x;
     const QString here = content(grid, {x, row});
     while (x < grid.Width() && content(grid, {x, row}) == here) ++x;
-    if (here != "outside") runs << QString("%1 %2").arg(columns(first, x - 1), here);
+    if (here != kOutside) runs << QString("%1 %2").arg(columns(first, x - 1), here);
   }
-  return runs.isEmpty() ? "outside" : runs.join(", ");
+  return runs.isEmpty() ? QString(kOutside) : runs.join(", ");
 }
 
 QString hand(const PENTOWINDOW& board, const QPoint& cell) {
   if (board.Floating())
-    return QString("%1: %2 %3").arg(place(cell), name(*board.FloatingPento()), fits(board, cell));
+    return QString("%1 %2; %3").arg(name(*board.FloatingPento()), fits(board, cell), place(cell));
   const PentoRef piece = board.Grid()->PentoAt(cell.x(), cell.y());
-  return QString("%1: %2").arg(place(cell), piece ? shape(*piece) : content(*board.Grid(), cell));
+  return QString("%1; %2").arg(piece ? shape(*piece) : content(*board.Grid(), cell), place(cell));
+}
+
+QString fits(const PENTOWINDOW& board, const QPoint& corner) {
+  const PENTO& piece = *board.FloatingPento();
+  if (board.Grid()->fits(piece, corner.x(), corner.y())) return "fits";
+  return "does not fit: " + obstacles(*board.Grid(), piece, corner);
+}
+
+QString changed(const PENTOWINDOW& board, const QString& how) {
+  const QString now = QString("%1 %2").arg(shape(*board.FloatingPento()), how);
+  return carriedOver(board) ? QString("%1; %2").arg(now, fits(board, board.CellOfHand())) : now;
 }
 
 QString laid(const PENTOWINDOW& board, const PENTO& piece) {

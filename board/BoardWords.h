@@ -23,8 +23,14 @@ QString lying(const PENTO& piece);
 QString cell(const PENTOWINDOW& board, const QPoint& cell);
 /// Of a row: "outside", or "columns 3 to 7 empty, column 8 P piece", outside left out.
 QString row(const PENTOWINDOW& board, int row);
-/// What is under the hand, its corner or the carried piece's being in that cell.
+/// What is under the hand, its corner or the carried piece's being in that cell: first what, then
+/// where.
 QString hand(const PENTOWINDOW& board, const QPoint& cell);
+/// Whether the carried piece can be laid with its corner there, and if not, why: "does not fit: 2
+/// outside, 1 on the L piece" counts its squares.
+QString fits(const PENTOWINDOW& board, const QPoint& corner);
+/// Of the carried piece, after a turn or a mirroring, and whether it fits where it now is.
+QString changed(const PENTOWINDOW& board, const QString& how);
 /// Of a piece that has just been laid down.
 QString laid(const PENTOWINDOW& board, const PENTO& piece);
 /// Of a board as a whole: the carried piece and where it would lie, else what is to be done.

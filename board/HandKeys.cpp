@@ -114,10 +114,10 @@ bool HandKeys::press(const QKeyEvent& event) {
   }
 }
 
-void HandKeys::goTo(PENTOWINDOW& control, const QPoint& cell) {
+void HandKeys::goTo(PENTOWINDOW& control, const QPoint& cell, const QString& first) {
   control.HandToCell(cell);
   Hand::of(control).say(
-      [&] { return BoardWords::hand(control, control.NearestCellForHand(cell)); });
+      [&] { return first + BoardWords::hand(control, control.NearestCellForHand(cell)); });
 }
 
 void HandKeys::toBoard() {
@@ -158,5 +158,6 @@ void HandKeys::nextOf(PENTOWINDOW& control, const std::vector<QPoint>& cells, in
   const std::ptrdiff_t index = now == cells.end()
                                    ? (direction > 0 ? 0 : count - 1)
                                    : (now - cells.begin() + direction + count) % count;
-  goTo(control, cells[static_cast<std::size_t>(index)]);
+  const QString which = carrying() ? QString() : QString("%1 of %2: ").arg(index + 1).arg(count);
+  goTo(control, cells[static_cast<std::size_t>(index)], which);
 }

@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QPoint>
 #include <QPointF>
+#include <QString>
 #include <vector>
 
 class PENTOWINDOW;
@@ -41,7 +42,8 @@ class HandKeys {
  private:
   PENTOWINDOW* beside(const PENTOWINDOW& from, int direction) const;
   void step(const QPoint& by);
-  void goTo(PENTOWINDOW& control, const QPoint& cell);
+  /// Says what is there, behind the first words.
+  void goTo(PENTOWINDOW& control, const QPoint& cell, const QString& first = {});
   void next(int direction);
   void nextOf(PENTOWINDOW& control, const std::vector<QPoint>& cells, int direction);
 

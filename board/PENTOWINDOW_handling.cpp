@@ -145,7 +145,7 @@ bool PENTOWINDOW::turn() {
   if (!easyModeAllows(kAskRotate)) return false;
   FloatingPento_->Rotate();
   if (!RecenterGrab()) redrawFloating();
-  hand().say([&] { return BoardWords::shape(*FloatingPento_) + " turned"; });
+  hand().say([&] { return BoardWords::changed(*this, "turned"); });
   return true;
 }
 
@@ -165,7 +165,7 @@ void PENTOWINDOW::txtKey_Change() {
   if (!fFloating_ || !easyModeAllows(kAskFlip)) return;
   FloatingPento_->Flip();
   redrawFloating();
-  hand().say([&] { return BoardWords::shape(*FloatingPento_) + " mirrored"; });
+  hand().say([&] { return BoardWords::changed(*this, "mirrored"); });
 }
 
 void PENTOWINDOW::layDown(double x, double y) {
@@ -174,7 +174,10 @@ void PENTOWINDOW::layDown(double x, double y) {
   const int column = nearest(x - GrabX_ + s / 2.0) / s;
   const int row = nearest(y - GrabY_ + s / 2.0) / s;
   if (LayDownAt({column, row})) return;
-  hand().say([&] { return BoardWords::name(*FloatingPento_) + " does not fit here"; });
+  hand().say([&] {
+    return QString("%1 %2").arg(BoardWords::name(*FloatingPento_),
+                                BoardWords::fits(*this, {column, row}));
+  });
   raise(DropError);
   if (!Form::Unloaded(this)) showRefusal();
 }

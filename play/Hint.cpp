@@ -42,7 +42,10 @@ Hint::Hint() {
 }
 
 void Hint::askOrEnd(PENTOWINDOW& board, const PENTOWINDOW& tray) {
-  if (search_ || line_) return end();
+  if (search_ || line_) {
+    Hand::of(board).say([] { return "The marks are gone."; });
+    return end();
+  }
   if (board.EmptyCount() == 0) return;
   board_ = &board;
   search_.emplace(*board.Grid(), loosePieces(board, tray));

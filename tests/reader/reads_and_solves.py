@@ -8,6 +8,7 @@ Usage: reads_and_solves.py PROGRAM
 
 import os
 import re
+import signal
 import subprocess
 import sys
 import tempfile
@@ -148,8 +149,9 @@ def read(table):
 def pieces_in_tray(count):
     """Goes through the tray by Tab and listens."""
     names = []
-    for _ in range(count):
-        name, rows = re.fullmatch(r"column \d+, row \d+: (. piece), rows (.*)", tell("Tab")).groups()
+    for number in range(1, count + 1):
+        name, rows = re.fullmatch(rf"{number} of {count}: (. piece), rows (.*); column \d+, row \d+",
+                                  tell("Tab")).groups()
         names.append(name)
         SHAPES[name] = rows
     return names
@@ -170,7 +172,7 @@ def take(piece, shape):
 def go_to(corner):
     """Brings the carried piece over the board to a cell, by arrows."""
     for _ in range(60):
-        place = re.match(r"column (\d+), row (\d+)", said[-1])
+        place = re.search(r"column (\d+), row (\d+)$", said[-1])
         dx, dy = corner[0] + 1 - int(place.group(1)), corner[1] + 1 - int(place.group(2))
         if dx == 0 and dy == 0:
             return
@@ -180,9 +182,10 @@ def go_to(corner):
 
 def drop_in_vain():
     """Goes to the left until the piece cannot lie there, and lays it."""
-    while not said[-1].endswith("does not fit"):
+    while "does not fit" not in said[-1]:
         tell("Left")
-    expect(tell("Return").endswith("does not fit here"), "a refusal is said")
+    refused = r". piece does not fit: \d outside"
+    expect(re.match(refused, said[-1]) and re.match(refused, tell("Return")), "it is said why it does not fit")
     tell("Up")  # says where it is
 
 
@@ -215,9 +218,10 @@ def play():
         tell("Tab")
         if number == 0:
             expect(re.match(r"This piece fits here\. . piece, rows .* at column", tell("F3")), "F3 says where")
+            expect(tell("F3") == "The marks are gone.", "F3 ends the marks, and says so")
             drop_in_vain()
         go_to(corner)
-        expect(said[-1].endswith(f"{piece} fits"), "the piece is said to fit")
+        expect(f"{piece} fits;" in said[-1], "the piece is said to fit")
         place = {(corner[0] + x, corner[1] + y) for x, y in shape}
         over = {cell for cell, words in read(board).items() if f"below the carried {piece}" in words}
         expect(over == place, "the table tells where the piece would lie")
@@ -252,7 +256,7 @@ def main():
             look_at_the_editor()
         finally:
             program.terminate()
-            program.wait()
+            expect(program.wait() in (0, -signal.SIGTERM, 128 + signal.SIGTERM), "the program ends well")
 
 
 if __name__ == "__main__":
