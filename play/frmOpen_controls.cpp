@@ -1,3 +1,7 @@
+#include <QStyle>
+
+#include "drawing/Rounding.h"
+#include "platform/LargeText.h"
 #include "platform/Twips.h"
 #include "play/frmOpen.h"
 #include "services/basHTMLHelp.h"
@@ -11,6 +15,14 @@ void addLine(QWidget* parent, double x, QPalette::ColorRole role) {
   line->setAutoFillBackground(true);
   line->setBackgroundRole(role);
   Twips::place(*line, x, 0, 15, 3960);
+}
+
+/// The style draws the box at a size of its own, which large text would dwarf.
+void enlargeIndicator(QCheckBox& box) {
+  const double factor = LargeText::factor(box);
+  if (factor == 1) return;
+  const int size = nearest(box.style()->pixelMetric(QStyle::PM_IndicatorWidth) * factor);
+  box.setStyleSheet(QString("QCheckBox::indicator { width: %1px; height: %1px; }").arg(size));
 }
 
 }  // namespace
@@ -73,6 +85,7 @@ void frmOpen::buildButtons() {
   chkEasy_->setFont(ControlFont(*chkEasy_));
   chkEasy_->setToolTip("The pieces lie in the tray turned the right way");
   Twips::place(*chkEasy_, 4140, 1980, 1275, 255);
+  enlargeIndicator(*chkEasy_);
   QObject::connect(chkEasy_, &QCheckBox::clicked, chkEasy_,
                    [this] { fEasyChecked_ = chkEasy_->isChecked(); });
   addButton("cmdHelp", "Help", 3420, &frmOpen::cmdHelp_Click);
