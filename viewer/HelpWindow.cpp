@@ -91,6 +91,7 @@ void HelpWindow::buildToolBar() {
   QAction* find =
       addTool(tr("Search"), "find", QKeySequence::Find, [this] { navigation_->startSearch(); });
   QAction* close = addTool(tr("Close"), "close", QKeySequence::Close, [this] { this->close(); });
+  close->setShortcuts({QKeySequence::Close, QKeySequence(Qt::Key_Escape)});
   back->setIcon(style()->standardIcon(QStyle::SP_ArrowBack));
   forward->setIcon(style()->standardIcon(QStyle::SP_ArrowForward));
   start->setIcon(style()->standardIcon(QStyle::SP_DirHomeIcon));

@@ -89,6 +89,13 @@ TEST_F(HelpWindowTest, SearchesAndLooksUp) {
   EXPECT_EQ(title(), "How to create puzzles");
 }
 
+TEST_F(HelpWindowTest, ClosesByEscape) {
+  open(sourcePath("Quinzolith.chm"));
+  window->activateWindow();
+  QTest::keyClick(page(), Qt::Key_Escape);
+  EXPECT_FALSE(window->isVisible());
+}
+
 TEST_F(HelpWindowTest, EnlargesThePage) {
   open(sourcePath("Quinzolith.chm"), 1200);
   const auto height = [this] { return page()->document()->size().height(); };
