@@ -96,6 +96,8 @@ void PENTOWINDOW::pctFore_MouseDown(Button button, double x, double y) {
   refusal_->clear();
   LastButton_ = button;
   if (!grid_) return;
+  if (fFloating_ && (!fFloatVisible_ || showsStalePicture())) followMove();  // a key led it away
+  if (Form::Unloaded(this)) return;
   if (!fFloating_) {
     pickUp(x, y);
   } else if (button == kRight) {

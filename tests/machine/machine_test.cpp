@@ -193,6 +193,17 @@ std::vector<Scenario> kept() {
         {Press, {Here, 0, 0}, 0, true},
         {Move, {Desk, 0, 0}},
         {Rest}}},
+      // Led to the board by a key and pressed in the tray, where the pointer still was, the piece
+      // was not seen there.
+      {false,
+       2,
+       7,
+       {{Placing, {Here, 0, 0}, 2},
+        {Move, {TrayPiece, 0, 0}},
+        {Press},
+        {Key, {Here, 0, 0}, 7},
+        {Click, {Here, 0, 0}, 2},
+        {Glance}}},
       // After a resize the piece hung by the old tiles' grab point.
       {false, 0, 0, {{Slip, {TrayPiece, 0, 0}}, {Press}, {Resize, {BoardArea, 0, 0}, 3}, {Rest}}},
   };
