@@ -148,6 +148,7 @@ class PENTOWINDOW : public PointerSurface, public PuzzleTarget {
   // the floating piece
   Hand& hand() const;
   QPoint floatingPlace() const;
+  QPoint cellOfFloating(const QPointF& corner) const;
   FloatingPicture floatingPicture(const QPoint& corner) const;
   bool showsStalePicture() const;
   void showOffSurface();
@@ -162,6 +163,7 @@ class PENTOWINDOW : public PointerSurface, public PuzzleTarget {
   void pctFore_DblClick();
   void txtKey_Change();
   void hover(double x, double y);
+  void followMissedPress();
   void pickUp(double x, double y);
   void layDown(double x, double y);
   bool turn();

@@ -1,4 +1,5 @@
 // The floating piece: who shows it, and where it is drawn.
+#include <algorithm>
 #include <cmath>
 
 #include "board/PENTOWINDOW.h"
@@ -85,6 +86,14 @@ QPoint PENTOWINDOW::floatingPlace() const {
   const auto [x, y] = basKelvoWinAPI::GetCursorPos(*this);
   const basKelvoWinAPI::RECT box = basKelvoWinAPI::GetWindowRect(*this);
   return rounded(QPointF(x - box.left, y - box.top) - place_.corner - grab);
+}
+
+/// The cell nearest to the floating piece's corner, pixels of the surface; where they are
+/// fractions, to where it is drawn.
+QPoint PENTOWINDOW::cellOfFloating(const QPointF& corner) const {
+  const int s = std::max(atlas_.tileWidth(), 1);
+  const QPoint drawn = rounded(corner);
+  return {nearest(drawn.x() + s / 2.0) / s, nearest(drawn.y() + s / 2.0) / s};
 }
 
 PENTOWINDOW::FloatingPicture PENTOWINDOW::floatingPicture(const QPoint& corner) const {

@@ -36,9 +36,7 @@ bool PENTOWINDOW::eventFilter(QObject* object, QEvent* event) {
 QPoint PENTOWINDOW::CellOfHand() const {
   const int s = std::max(atlas_.tileWidth(), 1);
   const QPointF at = pctFore_->toPicture(hand().over(*pctFore_));
-  if (fFloating_)
-    return NearestCellForHand(
-        {nearest(at.x() - GrabX_ + s / 2.0) / s, nearest(at.y() - GrabY_ + s / 2.0) / s});
+  if (fFloating_) return NearestCellForHand(cellOfFloating(at - grabPoint(s)));
   return NearestCellForHand({nearest(at.x()) / s, nearest(at.y()) / s});
 }
 

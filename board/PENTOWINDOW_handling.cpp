@@ -96,7 +96,7 @@ void PENTOWINDOW::pctFore_MouseDown(Button button, double x, double y) {
   refusal_->clear();
   LastButton_ = button;
   if (!grid_) return;
-  if (fFloating_ && (!fFloatVisible_ || showsStalePicture())) followMove();  // a key led it away
+  followMissedPress();
   if (Form::Unloaded(this)) return;
   if (!fFloating_) {
     pickUp(x, y);
@@ -107,6 +107,11 @@ void PENTOWINDOW::pctFore_MouseDown(Button button, double x, double y) {
   } else {
     layDown(x, y);
   }
+}
+
+/// No move came before the press: a key, or a finger, had led the hand away from the pointer.
+void PENTOWINDOW::followMissedPress() {
+  if (fFloating_ && (!fFloatVisible_ || showsStalePicture())) followMove();
 }
 
 void PENTOWINDOW::pickUp(double x, double y) {
@@ -172,13 +177,10 @@ void PENTOWINDOW::txtKey_Change() {
 
 void PENTOWINDOW::layDown(double x, double y) {
   RecenterGrab();  // it may have been turned in the other control, unseen in an inactive window
-  const int s = atlas_.tileWidth();
-  const int column = nearest(x - GrabX_ + s / 2.0) / s;
-  const int row = nearest(y - GrabY_ + s / 2.0) / s;
-  if (LayDownAt({column, row})) return;
+  const QPoint cell = cellOfFloating({x - GrabX_, y - GrabY_});
+  if (LayDownAt(cell)) return;
   hand().say([&] {
-    return QString("%1 %2").arg(BoardWords::name(*FloatingPento_),
-                                BoardWords::fits(*this, {column, row}));
+    return QString("%1 %2").arg(BoardWords::name(*FloatingPento_), BoardWords::fits(*this, cell));
   });
   raise(DropError);
   if (!Form::Unloaded(this)) showRefusal();
@@ -193,7 +195,8 @@ void PENTOWINDOW::showRefusal() {
 
 void PENTOWINDOW::pctFore_DblClick() {
   pace_.rest(Pace::Rest::No);
-  if (!fFloating_) return;
+  followMissedPress();
+  if (Form::Unloaded(this) || !fFloating_) return;
   if (LastButton_ == kRight) {
     turn();
   } else if (LastButton_ == kMiddle) {

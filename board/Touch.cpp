@@ -23,10 +23,11 @@ bool strays(const QPointF& from, const QPointF& to) {
 
 }  // namespace
 
-Touch::Touch(QWidget& window, const HandKeys& boards) : window_(window), boards_(boards) {
-  tmrLongPress_.setObjectName("tmrLongPress");
-  tmrLongPress_.setSingleShot(true);
-  connect(&tmrLongPress_, &QTimer::timeout, this, &Touch::turnByLongPress);
+Touch::Touch(QWidget& window, const HandKeys& boards)
+    : window_(window), boards_(boards), tmrLongPress_(new QTimer(&window)) {
+  tmrLongPress_->setObjectName("tmrLongPress");
+  tmrLongPress_->setSingleShot(true);
+  connect(tmrLongPress_, &QTimer::timeout, this, &Touch::turnByLongPress);
 }
 
 Touch::~Touch() {
@@ -90,10 +91,11 @@ void Touch::begin(const QEventPoint& point) {
     if (boards_.under(point.globalPosition())) beginFirst(point);
     return;
   }
-  tmrLongPress_.stop();
+  tmrLongPress_->stop();
   others_.insert(point.id(), point.globalPosition());
   mostOthers_ = std::max(mostOthers_, others_.size());
   lifts_ = first_->leads;
+  if (lifts_) PointerSurface::moveUnder(window_, Pointer::position());  // above it from now on
 }
 
 void Touch::beginFirst(const QEventPoint& point) {
@@ -101,7 +103,7 @@ void Touch::beginFirst(const QEventPoint& point) {
   first_ = First{point.id(), at, true, false};
   const PENTOWINDOW* carried = carrier();
   if (carried && carried->FloatsAt(at))
-    return tmrLongPress_.start(QApplication::styleHints()->mousePressAndHoldInterval());
+    return tmrLongPress_->start(QApplication::styleHints()->mousePressAndHoldInterval());
   lead(at);
   if (carried) return;
   first_->presses = false;
@@ -120,7 +122,7 @@ void Touch::move(const QEventPoint& point) {
   if (!first_ || point.id() != first_->id) return;
   const QPointF at = point.globalPosition();
   if (carrier() && strays(first_->start, at)) {
-    tmrLongPress_.stop();
+    tmrLongPress_->stop();
     first_->presses = true;
     lifts_ = true;
     first_->leads = true;
@@ -137,7 +139,7 @@ void Touch::end(const QEventPoint& point) {
 }
 
 void Touch::endFirst(const QPointF& global) {
-  tmrLongPress_.stop();
+  tmrLongPress_->stop();
   if (first_->leads) lead(global);
   if (first_->presses) press(PointerSurface::kLeft);
   cancel();
@@ -165,7 +167,7 @@ void Touch::press(PointerSurface::Button button) {
 }
 
 void Touch::cancel() {
-  tmrLongPress_.stop();
+  tmrLongPress_->stop();
   others_.clear();
   mostOthers_ = 0;
   othersTap_ = true;

@@ -70,5 +70,5 @@ class Touch : public QObject {
   qsizetype mostOthers_ = 0;    ///< at once, since none was down
   bool othersTap_ = true;
   bool lifts_ = false;
-  QTimer tmrLongPress_;
+  QTimer* tmrLongPress_;
 };

@@ -16,7 +16,7 @@ namespace {
 constexpr int kLaps = 2;  // of the event loop between two steps
 constexpr int kMostLapsToStart = 100;
 constexpr int kMostLapsToEnd = 20'000;
-constexpr const char* kTimer = "tmrHideFloat";
+constexpr const char* kTimers[] = {"tmrHideFloat", "tmrLongPress"};
 
 /// A rest is many steps, so that what each leaves to be done is done before the next.
 std::vector<Step> expanded(const Step& step) {
@@ -39,7 +39,8 @@ Machine::~Machine() {
 }
 
 bool Machine::eventFilter(QObject* object, QEvent* event) {
-  return event->type() == QEvent::Timer && !ticking_ && object->objectName() == kTimer;
+  return event->type() == QEvent::Timer && !ticking_ &&
+         std::ranges::count(kTimers, object->objectName()) > 0;
 }
 
 std::string Machine::run(const Scenario& scenario) {
@@ -132,6 +133,7 @@ void Machine::tearDown() {
     QCoreApplication::exit(1);
   }
   mouse_->release();
+  if (finger_ && stage()) fingerUp();
   program_->edit.fFileChanged = false;
   if (Form::Count() == 0) return;
   for (Form* form :

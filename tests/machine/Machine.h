@@ -46,6 +46,12 @@ class Machine : private QObject {
     Cell corner;
     Card card;
   };
+  struct Finger {
+    QPointF at, start;
+    bool leads = false;    ///< the hand
+    bool presses = false;  ///< as it is lifted
+    bool lifts = false;    ///< the piece hangs above it
+  };
   struct Drawn {
     Side side = kBoard;
     QPoint corner;  // of the piece, pixels of the picture
@@ -96,12 +102,24 @@ class Machine : private QObject {
   // The keys, and what must come of them: Machine_keys.cpp.
   void key(int which);
   std::optional<Side> sideWithFocus() const;
-  std::optional<Side> sideUnderHand() const;
+  std::optional<Side> sideUnderHand() const { return sideUnder(mouse_->hand()); }
+  bool handOnEdge() const;
   std::set<Cell> cellsOfHand(Side side) const;
   void expectTakenBack();
   void judgeArrow(Side from, const std::set<Cell>& cells, const Cell& by);
   std::vector<Cell> stopsOfTab(Side side) const;
   void judgeTab(std::optional<Side> from, std::set<Cell> cells, int direction);
+
+  // Fingers, and where they lead the hand: Machine_fingers.cpp.
+  void performFinger(const Step& step);
+  void fingerDown(const QPointF& to);
+  void fingerMove(const Spot& spot);
+  void fingerUp();
+  void fingersTap(int others);
+  void pressForLong();
+  std::optional<Side> sideUnder(const QPointF& place) const;
+  QPointF below(Side side) const;
+  QPointF middle(Side side) const;
 
   // What must come of them: Machine_claims.cpp.
   void expectPress(Side side, Qt::MouseButton button);
@@ -121,7 +139,7 @@ class Machine : private QObject {
   void judgePickUp();
   void judgeSolved(const Table& now);
   /// Else motions go to what was pressed, or to nobody after a dialog.
-  bool boardsHear() const { return !mouse_->held() || heldOnBoard_; }
+  bool boardsHear() const { return mouse_->held() ? heldOnBoard_ : !mouse_->lost(); }
   void look(bool ticked);
   void lookAt(Side side);
   void checkSaved(const std::filesystem::path& file, const std::string& bytes);
@@ -147,8 +165,9 @@ class Machine : private QObject {
   std::vector<Outcome> outcomes_;
   bool heldOnBoard_ = false;
   std::optional<Question> question_;
-  std::optional<PickedUp> pickedUp_;
+  std::vector<PickedUp> pickedUp_;  ///< one of them
   std::optional<Drawn> drawn_;
+  std::optional<Finger> finger_;
   std::optional<PickedUp> origin_;  ///< of the card in hand
 };
 

@@ -48,6 +48,11 @@ std::vector<Cell> pairs(const std::set<int>& columns, const std::set<int>& rows)
   return cells;
 }
 
+/// Device pixels: when asked, the server tells of whole logical pixels; events tell of fractions.
+double rounding() {
+  return qApp->devicePixelRatio() > 1 ? qApp->devicePixelRatio() / 2 : 0;
+}
+
 Table changedHand(Table table, int quarters) {
   if (quarters == 0) table.hand->mirror();
   for (int i = 0; i < quarters; ++i) table.hand->turn();
@@ -56,11 +61,13 @@ Table changedHand(Table table, int quarters) {
 
 }  // namespace
 
-/// The cells that may be under the pointer: a press between two pixels may be rounded either way.
+/// The cells that may be under the hand: a place between two pixels may be rounded either way.
 std::vector<Cell> Machine::cellsBelow(Side side) const {
+  const double slack = rounding();
   const QPointF at = Sight::onPicture(*control(side), mouse_->hand());
   const int s = control(side)->TileWidth();
-  return pairs(cellsAt(at.x(), at.x(), s), cellsAt(at.y(), at.y(), s));
+  return pairs(cellsAt(at.x() - slack, at.x() + slack, s),
+               cellsAt(at.y() - slack, at.y() + slack, s));
 }
 
 /// The cells nearest to the piece's corner: where it was seen, or where it is about to be drawn.
@@ -70,9 +77,9 @@ std::vector<Cell> Machine::cellsForCorner(Side side) const {
   double slack = kCentred;
   if (drawn_ && drawn_->side == side) {
     corner = drawn_->corner;
-    slack = 0;
+    slack = rounding();
   } else {
-    corner = Sight::cornerFor(*control(side), *carried(), mouse_->hand());
+    corner = Sight::cornerFor(*control(side), *carried(), middle(side));
     if (QApplication::activeWindow() != stage()->Window()) slack = s;  // it is not seen there
   }
   const double half = s / 2.0;
@@ -97,6 +104,7 @@ void Machine::expectPress(Side side, Qt::MouseButton button) {
 
 void Machine::expectPickUp(Side side) {
   outcomes_.clear();
+  pickedUp_.clear();
   for (const Cell& cell : cellsBelow(side)) {
     Table taken = table_;
     taken.take(side, cell);
@@ -104,7 +112,7 @@ void Machine::expectPickUp(Side side) {
     const int which = table_.areas.at(side).at(cell);
     if (which < 0) continue;
     const Laid& laid = table_.areas.at(side).laid.at(static_cast<std::size_t>(which));
-    pickedUp_ = PickedUp{side, laid.corner, laid.card};
+    pickedUp_.push_back({side, laid.corner, laid.card});
   }
 }
 
@@ -216,10 +224,12 @@ void Machine::noticeOrigin(const Table& now) {
 
 /// The pointer stands in the middle of a piece that was picked up.
 void Machine::judgePickUp() {
-  if (!pickedUp_) return;
-  const PickedUp picked = *pickedUp_;
-  pickedUp_.reset();
-  if (!carried() || !control(picked.side)) return;
+  const std::vector<PickedUp> candidates = std::exchange(pickedUp_, {});
+  const auto found = std::ranges::find_if(candidates, [this](const PickedUp& candidate) {
+    return carried() && cardOf(*carried()).object == candidate.card.object;
+  });
+  if (found == candidates.end() || !control(found->side)) return;
+  const PickedUp& picked = *found;
   const double s = control(picked.side)->TileWidth();
   const QPointF middle((picked.corner.column + picked.card.width() / 2.0) * s,
                        (picked.corner.row + picked.card.height() / 2.0) * s);
@@ -240,15 +250,17 @@ void Machine::judgeSolved(const Table& now) {
     fail(full ? "the puzzle is solved, and nobody says so" : "the puzzle is not solved");
 }
 
-/// Before the ticks, of the control under the pointer alone: the other one may still show the piece
+/// Before the ticks, of the control under the hand alone: the other one may still show the piece
 /// as it left.
 void Machine::look(bool ticked) {
   if (!stageIsFree() || stage()->Minimized()) return;
   if (QApplication::activeWindow() != stage()->Window()) return;
   const auto* cover = stage()->Window()->findChild<QFrame*>("fraCover");
   if (cover && cover->isVisible()) fail("the boards are covered");
+  const std::optional<Side> under =
+      mouse_->hand() == mouse_->at() ? sideUnderPointer() : sideUnderHand();
   for (Side side : {kBoard, kTray})
-    if (control(side) && (ticked || (boardsHear() && side == sideUnderPointer()))) lookAt(side);
+    if (control(side) && (ticked || (boardsHear() && side == under))) lookAt(side);
 }
 
 /// The grid and nothing else, or the carried piece at the pointer; in the control under the pointer
@@ -257,17 +269,18 @@ void Machine::lookAt(Side side) {
   const PENTOWINDOW& shown = *control(side);
   const std::string where = side == kBoard ? "the board " : "the tray ";
   const PentoRef piece = carried();
-  const Sight::Seen seen = Sight::look(shown, piece.get(), mouse_->hand());
+  const Sight::Seen seen = Sight::look(shown, piece.get(), middle(side));
   if (!seen.wrong.empty()) fail(where + seen.wrong);
   const QPointF inside = shown.mapFromGlobal(mouse_->hand());
-  const bool over =
-      boardsHear() &&
-      shown.rect().contains(QPoint(int(std::floor(inside.x())), int(std::floor(inside.y())))) &&
-      mouse_->over() == stage()->Window()->windowHandle();
-  if (piece && over && !seen.corner && Sight::wouldBeSeen(shown, *piece, mouse_->hand()))
+  const double edge = std::max(rounding(), 0.5);
+  const bool over = boardsHear() &&
+                    QRectF(shown.rect()).adjusted(edge, edge, -edge, -edge).contains(inside) &&
+                    (mouse_->led() || mouse_->over() == stage()->Window()->windowHandle());
+  if (piece && over && !seen.corner && Sight::wouldBeSeen(shown, *piece, middle(side)))
     fail(where + "does not show the piece that is carried over it");
-  if (piece && seen.corner && sideUnderPointer() == side && mouse_->hand() == mouse_->at())
-    drawn_ = Drawn{side, *seen.corner};
+  const bool held = mouse_->led() ? sideUnderHand() == side
+                                  : sideUnderPointer() == side && mouse_->hand() == mouse_->at();
+  if (piece && seen.corner && held) drawn_ = Drawn{side, *seen.corner};
 }
 
 /// What a file begins with is the arrangement on the editor's board, piece by piece as they were

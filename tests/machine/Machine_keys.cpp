@@ -50,11 +50,14 @@ std::optional<Side> Machine::sideWithFocus() const {
   return {};
 }
 
-std::optional<Side> Machine::sideUnderHand() const {
-  for (Side side : {kTray, kBoard})
-    if (const PENTOWINDOW* shown = control(side))
-      if (QRectF(shown->rect()).contains(shown->mapFromGlobal(mouse_->hand()))) return side;
-  return {};
+/// Between two boards, as far as whole logical pixels tell.
+bool Machine::handOnEdge() const {
+  return std::ranges::any_of(std::initializer_list<Side>{kBoard, kTray}, [this](Side side) {
+    if (!control(side)) return false;
+    const QRectF box = control(side)->rect();
+    const QPointF hand = control(side)->mapFromGlobal(mouse_->hand());
+    return box.adjusted(-1, -1, 1, 1).contains(hand) && !box.adjusted(1, 1, -1, -1).contains(hand);
+  });
 }
 
 /// The cells that a press of the hand may use, the nearest ones that lie on the board.
@@ -79,7 +82,7 @@ void Machine::key(int which) {
   if (!focus && key == Qt::Key_Return) return;  // it may push a button
   const std::optional<Cell> way = wayOf(key);
   const std::set<Cell> cells = under ? cellsOfHand(*under) : std::set<Cell>();
-  const bool carries = table_.hand.has_value();
+  const bool carries = table_.hand.has_value(), clear = !handOnEdge();
   if (focus && carries && (key == Qt::Key_A || key == Qt::Key_7 || key == Qt::Key_X))
     expectChange(0, *focus);
   if (focus && carries && (key == Qt::Key_PageDown || key == Qt::Key_PageUp))
@@ -92,8 +95,8 @@ void Machine::key(int which) {
   mouse_->byKey(moves, [&] { QTest::keyClick(hears, key); });  // to a window it would run the loop
   if (done_ != now || !stageIsFree() || window != stage()->Window()->windowHandle()) return;
   judgePickUp();
-  if (focus && under && way) judgeArrow(*under, cells, *way);
-  if (focus && (playing() || under) && (key == Qt::Key_Tab || key == Qt::Key_Backtab))
+  if (clear && focus && under && way) judgeArrow(*under, cells, *way);
+  if (clear && focus && (playing() || under) && (key == Qt::Key_Tab || key == Qt::Key_Backtab))
     judgeTab(under, cells, key == Qt::Key_Tab ? 1 : -1);
 }
 

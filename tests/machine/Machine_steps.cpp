@@ -25,7 +25,8 @@ QPointF partOf(const QWidget& widget, int x, int y) {
 
 void Machine::perform(const Step& step) {
   outcomes_ = {unchanged()};
-  if (step.kind != Step::Press && step.kind != Step::Click) drawn_.reset();
+  if (step.kind != Step::Press && step.kind != Step::Click && !finger_) drawn_.reset();
+  if (finger_) return performFinger(step);
   switch (step.kind) {
     case Step::Move:
     case Step::Glide:
@@ -37,6 +38,9 @@ void Machine::perform(const Step& step) {
     case Step::Again:
     case Step::Placing:
       performPointer(step);
+      break;
+    case Step::FingerDown:
+      if (const std::optional<QPointF> to = place(step.spot)) fingerDown(*to);
       break;
     default:
       performWindow(step);

@@ -79,6 +79,7 @@ void Mouse::forgive() {
 void Mouse::deliver(QWindow& window, Qt::MouseButton button, int type) {
   // The toolkit passes on no motion that leads nowhere, and one before a release elsewhere.
   if (type == QEvent::MouseButtonPress || at_ != heard_) takeHand();
+  if (at_ != heard_) lost_ = held() && !grab_;
   heard_ = at_;
   qt_handleMouseEvent(&window, at_ - QPointF(window.position()), at_, buttons_, button,
                       static_cast<QEvent::Type>(type), {}, milliseconds_);
@@ -144,11 +145,22 @@ void Mouse::byKey(bool moves, const std::function<void()>& press) {
   forgive();
 }
 
+void Mouse::fingerLeaves(const QPointF& hand) {
+  finger_.reset();
+  kept_ = hand;
+}
+
 /// What the display server makes of the program's wish.
 void Mouse::place(const QPointF& to) {
   const QPointF wanted = onPixel(QPointF(to.toPoint()));
   wanted_ = wanted;
-  thrown_ = std::max(thrown_, std::min(distance(wanted, home_), distance(wanted, homeTold_)));
+  const bool toHand = kept_ && distance(wanted, *kept_) <= kReached;
+  if (!toHand)
+    thrown_ = std::max(thrown_, std::min(distance(wanted, home_), distance(wanted, homeTold_)));
+  if (toHand && placing != Placing::DoesNothing) {
+    home_ = homeTold_ = wanted;
+    kept_.reset();
+  }
   if (placing == Placing::DoesNothing || wanted == at_) return;
   at_ = wanted;
   if (placing == Placing::Works)

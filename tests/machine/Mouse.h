@@ -24,14 +24,19 @@ class Mouse {
   Mouse& operator=(const Mouse&) = delete;
 
   QPointF at() const { return at_; }
-  /// Where the program's hand is: at the pointer, or where a key has put it and the pointer could
-  /// not follow.
-  QPointF hand() const { return kept_.value_or(at_); }
+  /// Where the program's hand is: at the finger that leads it, at the pointer, or where a key has
+  /// put it or a finger has left it and the pointer could not follow.
+  QPointF hand() const { return finger_ ? *finger_ : kept_.value_or(at_); }
   void takeHand() { kept_.reset(); }
   /// A key was pressed. If it moves the hand, or one did before, the hand is where the program
   /// wanted the pointer, until it hears of it.
   void byKey(bool moves, const std::function<void()>& press);
+  void fingerLeads(const QPointF& to) { finger_ = to; }
+  void fingerLeaves(const QPointF& hand);
+  bool led() const { return finger_.has_value(); }
   bool untold() const { return at_ != told_; }
+  /// The last motion was told to nobody: its button was pressed in a window that is gone.
+  bool lost() const { return lost_; }
   bool held() const { return buttons_ != Qt::NoButton; }
   bool holds(Qt::MouseButton button) const { return buttons_.testFlag(button); }
 
@@ -60,8 +65,9 @@ class Mouse {
   QObject context_;  // of what comes later
   QPointF at_, told_, heard_;
   QPointF home_, homeTold_;
-  std::optional<QPointF> kept_, wanted_;
+  std::optional<QPointF> kept_, wanted_, finger_;
   double thrown_ = 0;
+  bool lost_ = false;
   Qt::MouseButtons buttons_;
   Qt::MouseButton last_ = Qt::LeftButton;
   QPointer<QWindow> grab_, entered_;

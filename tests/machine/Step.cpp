@@ -8,16 +8,18 @@ namespace machine {
 
 namespace {
 
-constexpr std::array kKinds{"Move",   "Glide",    "Slip",    "Tell",  "Press", "Release", "Click",
-                            "Again",  "Placing",  "Tick",    "Rest",  "Key",   "Leave",   "Return",
-                            "Resize", "Minimize", "Restore", "Close", "Item",  "Button",  "Puzzle",
-                            "Answer", "Name",     "Glance",  "Look"};
+constexpr std::array kKinds{
+    "Move",       "Glide",    "Slip",         "Tell",   "Press",  "Release", "Click",  "Again",
+    "Placing",    "Tick",     "Rest",         "Key",    "Leave",  "Return",  "Resize", "Minimize",
+    "Restore",    "Close",    "Item",         "Button", "Puzzle", "Answer",  "Name",   "FingerDown",
+    "FingerMove", "FingerUp", "FingerBeside", "Glance", "Look"};
 constexpr std::array kPlaces{"Here",      "BoardPiece", "TrayPiece", "BoardFit", "TrayFit",
                              "BoardArea", "TrayArea",   "Window",    "Desk"};
 static_assert(kKinds.size() == Step::Look + 1 && kPlaces.size() == Spot::Desk + 1);
 
 bool goesSomewhere(Step::Kind kind) {
-  return kind == Step::Move || kind == Step::Glide || kind == Step::Slip;
+  return kind == Step::Move || kind == Step::Glide || kind == Step::Slip ||
+         kind == Step::FingerDown || kind == Step::FingerMove;
 }
 
 }  // namespace

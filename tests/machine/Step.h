@@ -50,12 +50,16 @@ struct Step {
     Resize,  ///< one of the sizes
     Minimize,
     Restore,
-    Close,   ///< the window that is in front
-    Item,    ///< an item of the window's menus
-    Button,  ///< a button of the window: of the editor, or a way on from the solved puzzle
-    Puzzle,  ///< in the chooser: a puzzle, in easy mode if the number is odd
-    Answer,  ///< a button of the message box
-    Name,    ///< a name in the file dialog, or cancelling it
+    Close,       ///< the window that is in front
+    Item,        ///< an item of the window's menus
+    Button,      ///< a button of the window: of the editor, or a way on from the solved puzzle
+    Puzzle,      ///< in the chooser: a puzzle, in easy mode if the number is odd
+    Answer,      ///< a button of the message box
+    Name,        ///< a name in the file dialog, or cancelling it
+    FingerDown,  ///< at the spot, if a board is there; until it is lifted nothing else happens
+    FingerMove,
+    FingerUp,      ///< comes before whatever else a person does
+    FingerBeside,  ///< 0 another finger taps, 1 two others, 2 the first one has been held for long
     Glance,  ///< at the carried piece, once the motion is told, and before a tick could mend it
     Look,    ///< the last part of a rest; never made by itself
   };

@@ -13,12 +13,20 @@ namespace {
 
 rc::Gen<Step::Kind> kinds(bool editor) {
   return rc::gen::weightedElement<Step::Kind>(
-      {{12, Step::Move},   {4, Step::Glide},   {8, Step::Slip},   {2, Step::Tell},
-       {8, Step::Press},   {3, Step::Release}, {16, Step::Click}, {2, Step::Again},
-       {2, Step::Placing}, {6, Step::Tick},    {14, Step::Rest},  {14, Step::Key},
-       {1, Step::Leave},   {2, Step::Return},  {1, Step::Resize}, {1, Step::Minimize},
-       {2, Step::Restore}, {1, Step::Close},   {1, Step::Item},   {editor ? 12 : 3, Step::Button},
-       {3, Step::Puzzle},  {4, Step::Answer},  {2, Step::Name},   {6, Step::Glance}});
+      {{12, Step::Move},      {4, Step::Glide},
+       {8, Step::Slip},       {2, Step::Tell},
+       {8, Step::Press},      {3, Step::Release},
+       {16, Step::Click},     {2, Step::Again},
+       {2, Step::Placing},    {6, Step::Tick},
+       {14, Step::Rest},      {14, Step::Key},
+       {1, Step::Leave},      {2, Step::Return},
+       {1, Step::Resize},     {1, Step::Minimize},
+       {2, Step::Restore},    {1, Step::Close},
+       {1, Step::Item},       {editor ? 12 : 3, Step::Button},
+       {3, Step::Puzzle},     {4, Step::Answer},
+       {2, Step::Name},       {6, Step::Glance},
+       {6, Step::FingerDown}, {10, Step::FingerMove},
+       {4, Step::FingerUp},   {4, Step::FingerBeside}});
 }
 
 rc::Gen<Spot> spots() {
@@ -203,6 +211,24 @@ std::vector<Scenario> kept() {
         {Press},
         {Key, {Here, 0, 0}, 7},
         {Click, {Here, 0, 0}, 2},
+        {Glance}}},
+      // Two fingers mirrored the piece under a third one, above which it was then laid but not
+      // seen.
+      {true,
+       0,
+       13,
+       {{Button}, {FingerDown, {BoardFit, 0, 0}}, {FingerBeside, {Here, 0, 0}, 1}, {Rest}}},
+      // Left by a finger and turned by a double-click elsewhere, it was seen there at the next tick
+      // only.
+      {false,
+       0,
+       10,
+       {{Key, {Here, 0, 0}, 4},
+        {Placing, {Here, 0, 0}, 2},
+        {Click},
+        {FingerDown, {TrayPiece, 0, 0}},
+        {Click},
+        {Again},
         {Glance}}},
       // After a resize the piece hung by the old tiles' grab point.
       {false, 0, 0, {{Slip, {TrayPiece, 0, 0}}, {Press}, {Resize, {BoardArea, 0, 0}, 3}, {Rest}}},
