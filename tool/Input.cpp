@@ -159,8 +159,9 @@ std::string objection(const Input& input, const solver::PieceSet& supply) {
     return "The shape has " + std::to_string(area) + " cells, which is no multiple of 5." +
            hint(input);
   if (pieces > supply.total())
-    return "The shape takes " + plural(pieces, "piece") + ", but there " +
-           (supply.total() == 1 ? "is " : "are ") + std::to_string(supply.total()) + ".";
+    return "The shape takes " + plural(static_cast<solver::Count>(pieces), "piece") +
+           ", but there " + (supply.total() == 1 ? "is " : "are ") +
+           std::to_string(supply.total()) + ".";
   return {};
 }
 
