@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QTimerEvent>
+#include <algorithm>
 
 #include "model/basTiles.h"
 #include "platform/PendingEvents.h"

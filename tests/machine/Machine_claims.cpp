@@ -2,7 +2,9 @@
 #include <QApplication>
 #include <QFrame>
 #include <QMessageBox>
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "model/basTiles.h"
 #include "tests/files/FileBytes.h"

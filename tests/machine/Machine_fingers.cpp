@@ -3,9 +3,9 @@
 #include <QPointingDevice>
 #include <QTimerEvent>
 #include <QtTest/QTest>
+#include <cmath>
 
 #include "tests/machine/Machine.h"
-#include "tests/machine/Sight.h"
 
 namespace machine {
 
@@ -22,13 +22,18 @@ bool isPartOfRest(Step::Kind kind) {
   return kind == Step::Tick || kind == Step::Look || kind == Step::Glance;
 }
 
-/// The first finger is number 0.
+/// A touch screen tells of whole logical pixels.
+QPointF touched(const QWidget& window, const QPointF& global) {
+  return window.mapToGlobal(window.mapFromGlobal(global).toPoint());
+}
+
 enum class Does { Press, Move, Lift };
 
-void tellFinger(QWidget& window, int finger, Does what, const QPointF& global, bool firstRests) {
+/// The first finger is number 0, and rests while others do something.
+void tellFinger(QWidget& window, int finger, Does what, const QPointF& global) {
   const QPoint at = window.mapFromGlobal(global).toPoint();
   auto event = QTest::touchEvent(&window, &screen(), false);
-  if (firstRests) event.stationary(0);
+  if (finger != 0) event.stationary(0);
   if (what == Does::Press) event.press(finger, at, &window);
   if (what == Does::Move) event.move(finger, at, &window);
   if (what == Does::Lift) event.release(finger, at, &window);
@@ -71,7 +76,7 @@ void Machine::fingerDown(const QPointF& to) {
   if (!stageIsFree() || stage()->Minimized() || mouse_->held()) return;
   QWidget& window = *stage()->Window();
   if (QApplication::activeWindow() != &window || QApplication::activePopupWidget()) return;
-  const QPointF at = window.mapToGlobal(window.mapFromGlobal(to).toPoint());
+  const QPointF at = touched(window, to);
   const std::optional<Side> side = sideUnder(at);
   if (!side || !window.rect().contains(window.mapFromGlobal(at).toPoint())) return;
   if (mouse_->untold()) mouse_->tell();
@@ -80,7 +85,7 @@ void Machine::fingerDown(const QPointF& to) {
   finger_ = Finger{at, at, !onPiece, table_.hand.has_value(), false};
   if (!onPiece) mouse_->fingerLeads(at);
   if (!table_.hand) expectPickUp(*side);
-  tellFinger(window, 0, Does::Press, at, false);
+  tellFinger(window, 0, Does::Press, at);
   pickedUp_.clear();
   if (finger_ && !table_.hand) finger_->lifts = carried() != nullptr;
 }
@@ -92,7 +97,7 @@ void Machine::fingerMove(const Spot& spot) {
   QWidget& window = *stage()->Window();
   const bool fit = spot.where == Spot::BoardFit || spot.where == Spot::TrayFit;
   const QPointF wanted = fit ? *to + below(spot.where == Spot::BoardFit ? kBoard : kTray) : *to;
-  const QPointF at = window.mapToGlobal(window.mapFromGlobal(wanted).toPoint());
+  const QPointF at = touched(window, wanted);
   if (!sideUnder(at)) return;
   drawn_.reset();
   const QPointF way = at - finger_->start;
@@ -100,7 +105,7 @@ void Machine::fingerMove(const Spot& spot) {
     finger_->presses = finger_->lifts = finger_->leads = true;
   finger_->at = at;
   if (finger_->leads) mouse_->fingerLeads(at);
-  tellFinger(window, 0, Does::Move, at, false);
+  tellFinger(window, 0, Does::Move, at);
 }
 
 /// The hand stays where it was: in the middle of a piece that hung above the finger.
@@ -114,7 +119,7 @@ void Machine::fingerUp() {
   const int now = done_;
   finger_.reset();
   if (finger.leads) mouse_->fingerLeaves(finger.at);
-  tellFinger(window, 0, Does::Lift, finger.at, false);
+  tellFinger(window, 0, Does::Lift, finger.at);
   if (done_ == now && finger.leads && finger.lifts && carried()) mouse_->fingerLeaves(hung);
 }
 
@@ -126,8 +131,8 @@ void Machine::fingersTap(int others) {
   const QPointF at = window.mapToGlobal(window.rect().center());
   finger_->lifts = finger_->leads;
   if (table_.hand) expectChange(others == 1 ? 1 : 0, kBoard);
-  for (int i = 1; i <= others; ++i) tellFinger(window, i, Does::Press, at, true);
-  for (int i = 1; i <= others; ++i) tellFinger(window, i, Does::Lift, at, true);
+  for (int i = 1; i <= others; ++i) tellFinger(window, i, Does::Press, at);
+  for (int i = 1; i <= others; ++i) tellFinger(window, i, Does::Lift, at);
 }
 
 void Machine::pressForLong() {

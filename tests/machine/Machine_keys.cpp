@@ -1,6 +1,7 @@
 // The keys, and what must come of them.
 #include <QApplication>
 #include <QtTest/QTest>
+#include <algorithm>
 
 #include "tests/machine/Machine.h"
 #include "tests/machine/Sight.h"
