@@ -40,10 +40,14 @@ class Server {
     XTestFakeMotionEvent(display_, -1, x, y, 0);
     XSync(display_, False);
   }
-  void click() {
-    XTestFakeButtonEvent(display_, 1, True, 0);
-    XTestFakeButtonEvent(display_, 1, False, 0);
+  /// Presses the left button, or lets it go.
+  void button(bool down) {
+    XTestFakeButtonEvent(display_, 1, down ? True : False, 0);
     XSync(display_, False);
+  }
+  void click() {
+    button(true);
+    button(false);
   }
   /// Where the pointer is.
   std::pair<int, int> pointer() {

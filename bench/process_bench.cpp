@@ -10,6 +10,7 @@
 #include <thread>
 #include <vector>
 
+#include "bench/Latency.h"
 #include "bench/PlayWindow.h"
 #include "bench/Running.h"
 #include "bench/Server.h"
@@ -21,7 +22,6 @@ using Clock = std::chrono::steady_clock;
 
 constexpr int kRounds = 5;  // each gives a ratio
 constexpr int kStarts = 5;  // of each program, in a round
-constexpr int kMoves = 10'000;
 constexpr Seconds kWatched{5};
 constexpr Seconds kPainted{0.3};  // after which all of a window has been painted
 constexpr Seconds kAnswer{0.1};   // in which the game has seen to a press
@@ -109,24 +109,6 @@ double carrying(Server& server, const Running& program) {
                 static_cast<int>(server.height() * (0.5 + 0.2 * std::sin(turn))));
     std::this_thread::sleep_for(std::chrono::milliseconds(8));
   });
-}
-
-/// From a motion to other pixels in the server's image, asked for as fast as it answers; sorted
-/// milliseconds. A move that changes nothing within a second counts as one.
-std::vector<double> latencies(Server& server) {
-  constexpr int kWide = 480, kHigh = 4;  // of the screen's middle: both sides of what is carried
-  std::vector<double> taken;
-  for (int i = 0; i < kMoves; ++i) {
-    std::this_thread::sleep_for(std::chrono::microseconds(3000 + i % 7 * 400));
-    const std::string before = server.middle(kWide, kHigh);
-    const auto begin = Clock::now();
-    server.move(server.width() / 2 + (i % 2 == 0 ? 12 : -12), server.height() / 2);
-    while (server.middle(kWide, kHigh) == before && Clock::now() - begin < Seconds(1)) {
-    }
-    taken.push_back(Seconds(Clock::now() - begin).count() * 1e3);
-  }
-  std::ranges::sort(taken);
-  return taken;
 }
 
 /// The bare window lies over the game's meanwhile, which stands still.
