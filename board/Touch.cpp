@@ -10,6 +10,7 @@
 
 #include "board/HandKeys.h"
 #include "board/PENTOWINDOW.h"
+#include "platform/ChildAt.h"
 #include "platform/Form.h"
 #include "platform/Pointer.h"
 
@@ -162,7 +163,7 @@ void Touch::press(PointerSurface::Button button) {
   PENTOWINDOW* control = button == PointerSurface::kLeft ? boards_.underHand() : carrier();
   if (control) return control->PressAtHand(button);
   const QPointF at = window_.mapFromGlobal(Pointer::position());
-  auto* beside = qobject_cast<QAbstractButton*>(window_.childAt(at.toPoint()));
+  auto* beside = qobject_cast<QAbstractButton*>(childAt(window_, at));
   if (beside && button == PointerSurface::kLeft) beside->click();
 }
 

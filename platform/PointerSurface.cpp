@@ -1,5 +1,7 @@
 #include "platform/PointerSurface.h"
 
+#include "platform/ChildAt.h"
+
 namespace {
 
 PointerSurface::Button buttonOf(const QMouseEvent& event) {
@@ -23,7 +25,7 @@ PointerSurface::PointerSurface(QWidget* parent) : QWidget(parent) {
 }
 
 PointerSurface* PointerSurface::under(const QWidget& window, const QPointF& global) {
-  return dynamic_cast<PointerSurface*>(window.childAt(window.mapFromGlobal(global).toPoint()));
+  return dynamic_cast<PointerSurface*>(::childAt(window, window.mapFromGlobal(global)));
 }
 
 void PointerSurface::moveUnder(QWidget& window, const QPointF& global) {

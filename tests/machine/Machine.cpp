@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "model/basTiles.h"
+#include "platform/ChildAt.h"
 #include "platform/PendingEvents.h"
 #include "platform/Pointer.h"
 #include "play/basStartup.h"
@@ -177,7 +178,7 @@ QWidget* Machine::front() const {
 std::optional<Side> Machine::sideUnderPointer() const {
   if (!stageIsFree() || mouse_->over() != stage()->Window()->windowHandle()) return {};
   QWidget* window = stage()->Window();
-  const QWidget* child = window->childAt(window->mapFromGlobal(mouse_->at()).toPoint());
+  const QWidget* child = childAt(*window, window->mapFromGlobal(mouse_->at()));
   for (Side side : {kBoard, kTray})
     if (control(side) && child && child->parentWidget() == control(side) &&
         child->objectName() == "pctFore")

@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QTimerEvent>
 
+#include "platform/ChildAt.h"
 #include "tests/machine/Machine.h"
 #include "tests/machine/Sight.h"
 
@@ -190,7 +191,7 @@ void Machine::glide(const QPointF& to) {
 bool Machine::overButton() const {
   QWidget* window = front();
   if (!window) return false;
-  const QWidget* below = window->childAt(window->mapFromGlobal(mouse_->at()).toPoint());
+  const QWidget* below = childAt(*window, window->mapFromGlobal(mouse_->at()));
   return qobject_cast<const QAbstractButton*>(below) || qobject_cast<const QLabel*>(below);
 }
 
