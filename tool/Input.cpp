@@ -1,6 +1,7 @@
 #include "tool/Input.h"
 
 #include <algorithm>
+#include <array>
 #include <fstream>
 #include <ostream>
 #include <random>
@@ -19,6 +20,17 @@ namespace puzzle {
 namespace {
 
 constexpr std::size_t kLargestInput = std::size_t{1} << 20;
+
+/// What the stream holds, as far as the block in which it becomes too large.
+std::string startOf(std::istream& in) {
+  std::string bytes;
+  std::array<char, 4096> block{};
+  while (bytes.size() <= kLargestInput && in) {
+    in.read(block.data(), block.size());
+    bytes.append(block.data(), static_cast<std::size_t>(in.gcount()));
+  }
+  return bytes;
+}
 
 Input inputOf(const PuzzleFile& file) {
   Input input;
@@ -64,10 +76,7 @@ std::string readAll(const std::string& file, Environment& environment) {
     opened.open(file, std::ios::binary);
     if (!opened || fs::is_directory(file)) throw Refusal(file + ": The file cannot be read.");
   }
-  std::istream& in = file == "-" ? environment.in : opened;
-  std::string bytes(kLargestInput + 1, '\0');
-  in.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  bytes.resize(static_cast<std::size_t>(in.gcount()));
+  const std::string bytes = startOf(file == "-" ? environment.in : opened);
   if (bytes.size() > kLargestInput)
     throw Refusal(file + ": Neither a drawing nor a puzzle is larger than 1 MiB.");
   return bytes;

@@ -105,7 +105,10 @@ std::optional<QString> HelpBook::page(const QUrl& address) const {
 }
 
 QImage HelpBook::picture(const QUrl& address) const {
-  QByteArray data = bytes(address).value_or(QByteArray());
-  QBuffer buffer(&data);
+  return decoded(bytes(address).value_or(QByteArray()));
+}
+
+QImage HelpBook::decoded(QByteArray bytes) {
+  QBuffer buffer(&bytes);
   return QImageReader(&buffer).read();
 }

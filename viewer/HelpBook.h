@@ -36,6 +36,9 @@ class HelpBook {
   std::optional<QString> page(const QUrl& address) const;
   /// A picture, or a null one.
   QImage picture(const QUrl& address) const;
+  /// The picture that these bytes hold, in any format that the toolkit reads and 256 MiB at most
+  /// (the toolkit's own limit), or a null one.
+  static QImage decoded(QByteArray bytes);
 
  private:
   explicit HelpBook(std::unique_ptr<HelpFile> file);

@@ -1,15 +1,12 @@
-// Feeds damaged settings files to the recent list: its captions stay short, its files are opened as
-// the editor opens them, and after a file was added a later run reads the same list.
-#include <QFile>
-#include <QTemporaryDir>
+// Feeds damaged settings to the recent list: its captions stay short, and after a file was added a
+// later run reads the same list and the same sound switch.
+#include <QList>
+#include <QString>
 
 #include "edit/KSRecent.h"
-#include "files/SafeFile.h"
-#include "model/basTiles.h"
 #include "platform/Settings.h"
 #include "services/BooleanText.h"
 #include "tests/fuzz/Claims.h"
-#include "tests/model/BareTarget.h"
 
 namespace {
 
@@ -40,34 +37,22 @@ std::optional<bool> soundSetting() {
   return booleanFromText(Settings::get(Settings::application(), "Sound", "Status", "True"));
 }
 
-/// The settings with this content, in a file of a name not used before: Qt keeps what it has read.
-QString fileWith(const std::uint8_t* data, std::size_t size) {
-  static const QTemporaryDir folder;
-  static int number = 0;
-  const QString name = folder.filePath(QString("%1.ini").arg(++number));
-  QFile file(name);
-  EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-  file.write(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
-  return name;
+/// A run of a program whose settings cannot be written, so that it keeps them in memory.
+Settings::Place runWith(SettingsTexts texts) {
+  return {"/nowhere/settings.conf", true, true, std::move(texts)};
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   stopAtBrokenClaims();
-  const QString file = fileWith(data, size);
-  const Replacement settings(Settings::place, Settings::Place{file.toStdString()});
+  const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
+  const Replacement settings(Settings::place, runWith(readSettings(bytes)));
   const auto sound = soundSetting();
   Recent recent;
-  BareWindows windows;
-  const Replacement store(basTiles::store, {SafeFile::exists, SafeFile::read, SafeFile::writeOver});
-  for (const std::string& name : recent.files()) {
-    const bool loaded = basTiles::LoadPuzzle(name, true);
-    EXPECT_EQ(loaded, basTiles::LastFileError.empty());
-  }
   recent.AddRecent("/home/somebody/new.qzl");
+  Settings::place->kept = readSettings(writeSettings(Settings::place->kept));
   EXPECT_EQ(Recent().files(), recent.files());
   EXPECT_EQ(soundSetting(), sound);
-  QFile::remove(file);
   return 0;
 }

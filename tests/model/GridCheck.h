@@ -13,9 +13,8 @@ inline void expectValidGrid(const PENTOGRID& grid) {
   for (int x = 0; x < grid.Width(); ++x) {
     for (int y = 0; y < grid.Height(); ++y) {
       const std::int32_t id = grid.PentoID(x, y);
-      ASSERT_GE(id, PENTOGRID::kBackground);
-      ASSERT_EQ(grid.IsEmpty(x, y), id == 0);
-      ASSERT_EQ(grid.IsBackground(x, y), id == -1);
+      const bool told = grid.IsEmpty(x, y) == (id == 0) && grid.IsBackground(x, y) == (id == -1);
+      if (id < PENTOGRID::kBackground || !told) FAIL() << id << " at " << x << ", " << y;
       if (id > 0) ++cellsOfId[id];
     }
   }
