@@ -1,4 +1,4 @@
-// Feeds damaged help files to their reader: all tables, pages and pictures that it finds are read.
+// Feeds damaged help files to their reader: its tables, and all pages in the file.
 #include <QBuffer>
 #include <cstddef>
 #include <cstdint>
