@@ -4,6 +4,8 @@
 #include <array>
 #include <bit>
 #include <cstddef>
+#include <limits>
+#include <span>
 #include <vector>
 
 #include "solver/Window.h"
@@ -16,6 +18,14 @@ struct ProfileEntry {
   Key key = 0;
   Value value = 0;
 };
+
+/// Adds to a sum, at most up to the largest value. True when that was too small.
+template <class Value>
+bool addUp(Value& sum, Value value) {
+  if (!__builtin_add_overflow(sum, value, &sum)) return false;
+  sum = std::numeric_limits<Value>::max();
+  return true;
+}
 
 /// Arrays of free slots. Fresh pages cost more than the work, so they are used again and again.
 template <class Entry>
@@ -85,7 +95,15 @@ class ProfileTable {
 
   template <class Visit>
   void forEach(Visit&& visit) const {
-    for (const Entry& entry : slots_)
+    forEach(0, slots_.size(), visit);
+  }
+  std::size_t slots() const { return slots_.size(); }
+  /// Those in up to `count` slots from the first one.
+  template <class Visit>
+  void forEach(std::size_t first, std::size_t count, Visit&& visit) const {
+    first = std::min(first, slots_.size());
+    const std::span<const Entry> all(slots_);
+    for (const Entry& entry : all.subspan(first, std::min(count, all.size() - first)))
       if (entry.value != 0) visit(entry.key, entry.value);
   }
 

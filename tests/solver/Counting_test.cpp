@@ -34,8 +34,16 @@ TEST(Counting, CountsWithoutListing) {
                                                            {any(6, 10), "7845888732"},
                                                            {any(10, 7), "756605877809"},
                                                            {any(25, 5), "2119788181584674612511"}};
-  for (const auto& [problem, count] : known)
-    EXPECT_EQ(decimal(countSolutions(problem, Counting::All).solutions), count);
+  Limits shared;
+  shared.alone = 1000;
+  shared.threads = 3;
+  for (const auto& [problem, count] : known) {
+    const Work alone = countSolutions(problem, Counting::All);
+    const Work together = countSolutions(problem, Counting::All, shared);
+    EXPECT_EQ(decimal(alone.solutions), count);
+    EXPECT_EQ(decimal(together.solutions), count);
+    EXPECT_EQ(together.nodes, alone.nodes);
+  }
   EXPECT_EQ(decimal(countSolutions(any(5, 6), Counting::UpToSymmetry).solutions), "7092");
 
   const Problem several{Shape::rectangle(10, 5), piecesOf({2, 5, 0, 9, 6, 11}, 2)};  // LPYNVT
@@ -51,17 +59,28 @@ TEST(Counting, SaysWhenACountIsTooLarge) {
   EXPECT_FALSE(digits.complete);
   EXPECT_TRUE(digits.tooLarge);
 
-  const Limits none;
-  WorkMeter meter(none);
   const PieceSet any = PieceSet::ofEach(12);
   const Cover cover(Shape::rectangle(12, 5), any, Symmetry{});
   const SupplyCode code(any, 12);
-  ProfileCount<Bits64, Count> whole(cover, code, std::size_t{1} << 24, meter);
-  ProfileCount<Bits64, Count> tight(cover, code, std::size_t{1} << 14, meter);
-  const Count some = tight.run();
-  EXPECT_TRUE(tight.leftOut());
-  EXPECT_LT(some, whole.run());
-  EXPECT_FALSE(whole.leftOut());
+  const auto countWithin = [&](std::size_t bytes, const Limits& limits) {
+    WorkMeter meter(limits);
+    ProfileCount<Bits64, Count> profiles(cover, code, bytes, meter);
+    const Count number = profiles.run();
+    return std::pair(number, profiles.leftOut());
+  };
+  const auto whole = countWithin(std::size_t{1} << 24, {});
+  EXPECT_FALSE(whole.second);
+  Limits shared;
+  std::set<Count> some;
+  for (shared.alone = 100; shared.threads < 4; ++shared.threads) {
+    const auto tight = countWithin(std::size_t{1} << 16, shared);
+    EXPECT_TRUE(tight.second);
+    some.insert(tight.first);
+  }
+  EXPECT_EQ(some.size(), 1u) << "left out the same for any number of threads";
+  const auto tight = countWithin(std::size_t{1} << 14, {});
+  EXPECT_TRUE(tight.second);
+  EXPECT_LT(std::max(tight.first, *some.begin()), whole.first);
 }
 
 TEST(Counting, GoesOnFromAPosition) {
