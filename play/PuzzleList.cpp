@@ -1,5 +1,6 @@
 #include "play/PuzzleList.h"
 
+#include <QPainter>
 #include <QStyledItemDelegate>
 
 #include "catalogue/Catalogue.h"
@@ -30,12 +31,26 @@ class PuzzleDelegate : public QStyledItemDelegate {
     return static_cast<const QListView*>(option.widget)->gridSize();
   }
 
+  /// An entry with a title of one line is drawn here, on whole pixels, and its mark is no wider
+  /// than the words: in both the styles differ by the version of the toolkit.
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override {
+    QStyleOptionViewItem entry = option;
+    initStyleOption(&entry, index);
+    if (entry.fontMetrics.horizontalAdvance(entry.text) > room(entry))
+      return QStyledItemDelegate::paint(painter, option, index);
+    const bool chosen = entry.state.testFlag(QStyle::State_Selected);
+    entry.icon.paint(painter, partOf(entry, QStyle::SE_ItemViewItemDecoration),
+                     entry.decorationAlignment, chosen ? QIcon::Selected : QIcon::Normal);
+    drawTitle(*painter, entry, chosen);
+  }
+
  protected:
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
     QStyledItemDelegate::initStyleOption(option, index);
     const int margin = marginOf(*option);
     option->rect.adjust(1 - margin, kAbove, margin - 1, 0);
-    narrow(*option, option->rect.width() - 2 * margin - 1);
+    narrow(*option, room(*option));
     option->decorationPosition = QStyleOptionViewItem::Top;
     option->decorationAlignment = Qt::AlignCenter;
     option->displayAlignment = Qt::AlignHCenter | Qt::AlignTop;
@@ -47,6 +62,24 @@ class PuzzleDelegate : public QStyledItemDelegate {
   static int marginOf(const QStyleOptionViewItem& option) {
     const QStyle& style = *option.widget->style();
     return style.pixelMetric(QStyle::PM_FocusFrameHMargin, &option, option.widget) + 1;
+  }
+
+  static int room(const QStyleOptionViewItem& entry) {
+    return entry.rect.width() - 2 * marginOf(entry) - 1;
+  }
+  static QRect partOf(const QStyleOptionViewItem& entry, QStyle::SubElement part) {
+    return entry.widget->style()->subElementRect(part, &entry, entry.widget);
+  }
+
+  static void drawTitle(QPainter& painter, const QStyleOptionViewItem& entry, bool chosen) {
+    const QRect room = partOf(entry, QStyle::SE_ItemViewItemText);
+    const int words = entry.fontMetrics.horizontalAdvance(entry.text), margin = marginOf(entry);
+    const QPoint start(room.x() + (room.width() - words) / 2, room.y());
+    const QRect mark(start.x() - margin, start.y(), words + 2 * margin, entry.fontMetrics.height());
+    if (chosen) painter.fillRect(mark, entry.palette.highlight());
+    painter.setFont(entry.font);
+    painter.setPen(entry.palette.color(chosen ? QPalette::HighlightedText : QPalette::Text));
+    painter.drawText(start + QPoint(0, entry.fontMetrics.ascent()), entry.text);
   }
 
   /// To that many pixels, if so little is missing that it does not show.
