@@ -81,7 +81,7 @@ void Mouse::deliver(QWindow& window, Qt::MouseButton button, int type) {
   if (type == QEvent::MouseButtonPress || at_ != heard_) takeHand();
   if (at_ != heard_) lost_ = held() && !grab_;
   heard_ = at_;
-  qt_handleMouseEvent(&window, at_ - QPointF(window.position()), at_, buttons_, button,
+  qt_handleMouseEvent(&window, window.mapFromGlobal(at_), at_, buttons_, button,
                       static_cast<QEvent::Type>(type), {}, milliseconds_);
 }
 
@@ -93,7 +93,8 @@ void Mouse::enter(QWindow* window) {
   }
   entered_ = window;
   if (!window) return;
-  QEnterEvent enter(at_ - QPointF(window->position()), at_ - QPointF(window->position()), at_);
+  const QPointF local = window->mapFromGlobal(at_);
+  QEnterEvent enter(local, local, at_);
   QCoreApplication::sendEvent(window, &enter);
 }
 
