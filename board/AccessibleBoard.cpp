@@ -16,8 +16,12 @@ QAccessibleInterface* make(const QString&, QObject* object) {
 
 }  // namespace
 
-void AccessibleBoard::install() {
+void AccessibleBoard::provideFor(QWidget& made) {
   QAccessible::installFactory(make);
+  if (!QAccessible::isActive()) return;
+  QAccessibleInterface* kept = QAccessible::queryAccessibleInterface(&made);
+  if (kept->role() == QAccessible::Client)  // a plain widget's
+    QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(kept));
 }
 
 void AccessibleBoard::tellChanges(PENTOWINDOW& board) {

@@ -13,8 +13,9 @@ class PENTOWINDOW;
 /// board says calls `tellChanges`.
 class AccessibleBoard : public QAccessibleWidget, public QAccessibleTableInterface {
  public:
-  /// Lets the toolkit make one for each board control that a client asks for.
-  static void install();
+  /// Lets the toolkit make one for a board control, or what a Status needs, once a client asks. To
+  /// be called as the last part of their making: newer toolkits ask earlier and keep what they get.
+  static void provideFor(QWidget& made);
   /// Tells of cells whose words are others than when they were read last.
   static void tellChanges(PENTOWINDOW& board);
 

@@ -42,7 +42,7 @@ PENTOWINDOW::PENTOWINDOW(QWidget* parent)
   QObject::connect(txtKey_, &QLineEdit::textChanged, this, [this] { txtKey_Change(); });
   txtKey_->installEventFilter(this);
   setFocusProxy(txtKey_);
-  AccessibleBoard::install();
+  AccessibleBoard::provideFor(*this);
 }
 
 void PENTOWINDOW::ReadProperties(const PropertyBag& bag) {

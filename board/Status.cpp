@@ -3,11 +3,14 @@
 #include <QAccessible>
 #include <utility>
 
+#include "board/AccessibleBoard.h"
+
 Status::Status(QWidget* window) : QWidget(window) {
   setObjectName("status");
   setAttribute(Qt::WA_TransparentForMouseEvents);
   setFocusPolicy(Qt::NoFocus);
   setGeometry(0, 0, 1, 1);  // what has no size is not told of
+  AccessibleBoard::provideFor(*this);
 }
 
 void Status::say(const QString& words) {
