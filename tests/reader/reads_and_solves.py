@@ -204,9 +204,12 @@ def choose():
 
 
 def play():
-    main = wait("the play window", lambda: window("Quinzolith"))
-    board = wait("the board", lambda: find(main, pyatspi.ROLE_TABLE, "Board"))
-    tray = find(main, pyatspi.ROLE_TABLE, "Tray with the loose pieces")
+    def table(name):  # of the window that is open then: the splash window has the same title
+        main = window("Quinzolith")
+        return main and find(main, pyatspi.ROLE_TABLE, name)
+
+    board = wait("the board", lambda: table("Board"))
+    tray = table("Tray with the loose pieces")
     count = int(re.match(r"pieces: (\d+)", tray.description).group(1))
     expect(f"empty cells: {5 * count}" in board.description, "the board tells how much is empty")
     empty = {cell for cell, words in read(board).items() if words == "empty"}
