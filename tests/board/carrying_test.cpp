@@ -56,42 +56,6 @@ TEST_F(Carrying, TheCursorTellsWhatAPressWouldDo) {
   EXPECT_EQ(cursor(tray_), "arrow");
 }
 
-/// Seen: an L that was turned under a mouse at rest lay down one cell off, and each second turn
-/// threw the pointer a cell away; a piece taken at its very centre still looked laid. X tells of no
-/// move when the cursor is placed where it is.
-TEST_F(Carrying, UnderAPointerAtRestAPieceIsLaidWhereItIsDrawn) {
-  QPointF pointer;
-  Pointer::Server silent;
-  silent.position = [&] { return pointer; };
-  silent.place = [&](const QPointF& wanted) { pointer = wanted; };  // and tells of nothing
-  const Replacement server(Pointer::server, silent);
-  for (int type = 0; type < PENTO::kTypes; ++type) {
-    const PentoRef piece = lay(trayGrid_, type, 2, 6);
-    tray_.PaintAll();
-    pointer = window_.mapToGlobal(cell(tray_, 2 + piece->GridX(0), 6));
-    move(window_.mapFromGlobal(pointer.toPoint()));
-    click(window_.mapFromGlobal(pointer.toPoint()));
-    EXPECT_EQ(window_.mapFromGlobal(pointer.toPoint()),
-              at(tray_, 40 + 10 * piece->Width(), 120 + 10 * piece->Height()))
-        << "the middle of the piece that was taken";
-    pointer = window_.mapToGlobal(at(board_, 205, 203));
-    const QPoint here = window_.mapFromGlobal(pointer.toPoint());
-    move(here);
-    for (int turn = 0; turn < 5; ++turn) {
-      click(here, turn == 2 ? Qt::MiddleButton : Qt::RightButton);
-      EXPECT_EQ(window_.mapFromGlobal(pointer.toPoint()), here) << type << " " << turn;
-    }
-    expectSameAsFullRepaint(board_);
-    const int column = (piece->X() + kBoardTile / 2) / kBoardTile;
-    const int row = (piece->Y() + kBoardTile / 2) / kBoardTile;
-    click(here);
-    EXPECT_EQ(piece->X(), column) << type;
-    EXPECT_EQ(piece->Y(), row) << type;
-    boardGrid_.Clear();
-    board_.PaintAll();
-  }
-}
-
 /// Seen: such a drop could only be heard, and in the tray not even that.
 TEST_F(Carrying, ARefusedDropIsMarkedUntilTheNextPress) {
   lay(trayGrid_, 1, 2, 7);

@@ -1,7 +1,4 @@
 // Pieces picked up, carried, turned, mirrored and laid down with real mouse and key events.
-#include <algorithm>
-#include <random>
-
 #include "tests/board/BoardFixture.h"
 
 namespace {
@@ -113,24 +110,6 @@ TEST_F(Handling, WithoutPickupThePieceStaysOnTheGrid) {
   click(cell(tray_, 3, 3));
   EXPECT_NE(tray_.FloatingPento(), nullptr);
   EXPECT_EQ(trayGrid_.PentoCollection().Count(), 1U);
-}
-
-TEST_F(Handling, AnyRoadOfThePieceLeavesTheSurfaceAsAFullRepaint) {
-  std::mt19937 random(5);
-  lay(boardGrid_, 0, 3, 3);
-  lay(boardGrid_, 4, 8, 8);
-  const PentoRef piece = lay(trayGrid_, 9, 2, 2);
-  carryToBoard(2, 2, cell(board_, 6, 6));
-  for (int step = 0; step < 120; ++step) {
-    const int x = static_cast<int>(random() % 460) - 20, y = static_cast<int>(random() % 460) - 20;
-    move(at(board_, x, y));
-    if (step % 7 == 0) click(at(board_, 200, 200), Qt::RightButton);
-    if (step % 11 == 0) click(at(board_, 200, 200), Qt::MiddleButton);
-    if (step % 13 == 0) board_.HideFloatingPento();
-    if (step % 17 == 0)
-      lay(boardGrid_, 1, 1, 12), board_.PaintAll(), boardGrid_.Clear(), board_.PaintAll();
-    expectSameAsFullRepaint(board_);
-  }
 }
 
 TEST_F(Handling, OutsideTheControlEveryTickReportsAndTheNextEntryCaptures) {

@@ -84,30 +84,6 @@ TEST_F(ByKeys, EveryStandardPuzzleIsSolved) {
   });
 }
 
-TEST_F(ByKeys, EscapeTakesAPieceBackAsItLayAndKeysChangeNoText) {
-  inGame([this] {
-    const auto first = [this] { return tray().Grid()->PentoCollection().at(0); };
-    type(main(), Qt::Key_Tab);
-    const PENTO home = onScreen([&] { return *first(); });
-    type(main(), Qt::Key_Return);
-    const PentoRef piece = onScreen([&] { return tray().FloatingPento(); });
-    type(main(), Qt::Key_PageUp);
-    const int turned = home.FlipCount == 0 ? 3 : 1;  // a mirrored piece counts backwards
-    EXPECT_EQ(piece->RotationCount, (home.RotationCount + turned) % 4);
-    type(main(), Qt::Key_Tab);
-    type(main(), Qt::Key_Escape);
-    onScreen([&] {
-      EXPECT_EQ(first(), piece);
-      EXPECT_EQ(QPoint(piece->X(), piece->Y()), QPoint(home.X(), home.Y()));
-      EXPECT_EQ(piece->RotationCount, home.RotationCount);
-      for (PENTOWINDOW* control : {&tray(), &board()}) {
-        EXPECT_FALSE(control->Floating());
-        EXPECT_EQ(control->findChild<QLineEdit*>("txtKey")->text(), "");
-      }
-    });
-  });
-}
-
 TEST_F(ByKeys, APuzzleIsMadeAndSaved) {
   play([this] {
     const fs::path file = folder_ / "mine.qzl";

@@ -16,20 +16,14 @@ QPointingDevice& screen() {
 /// A puzzle of two pieces in easy orientation: an I (type 1) at (2, 2) and a P (type 5) at (6, 6).
 class ByTouch : public PlayFixture {
  protected:
-  enum class Place { Tray, BelowGoal, Goal, Carried, CarriedFoot, Wall, Beyond };
-  enum class Do { Down, Move, Up, LongPress, Mouse };
+  enum class Place { Tray, BelowGoal, Goal, Wall, Beyond };
+  enum class Do { Down, Move, Up };
   struct Step {
     int finger;
     Do what;
     Place where = Place::Tray;
   };
   enum class Piece { Tray, Air, Board };
-  struct Gesture {
-    const char* name;
-    std::vector<Step> steps;
-    Piece lies;
-    int turns = 0, mirrorings = 0;
-  };
 
   PENTOWINDOW& board() { return *main().Grid; }
   PENTOWINDOW& tray() { return *main().PentoPanel; }
@@ -70,10 +64,6 @@ class ByTouch : public PlayFixture {
         return pixel(board(), 6 + width, 6 + height + 1);
       case Place::Goal:
         return pixel(board(), 6 + width, 6 + height / 2);
-      case Place::Carried:
-        return Pointer::position();
-      case Place::CarriedFoot:
-        return Pointer::position() + QPointF(0, board().TileWidth());
       case Place::Wall:
         return pixel(board(), 10.5, 10.5);
       case Place::Beyond:
@@ -105,9 +95,6 @@ class ByTouch : public PlayFixture {
   }
 
   void perform(const Step& step) {
-    if (step.what == Do::LongPress)
-      return waitFor("the turn", [&] { return piece_->RotationCount == 1; });
-    if (step.what == Do::Mouse) return moveMouse(step.where);
     onScreen([&] { touch(step.finger, step.what, point(step.where)); });
     onScreen([] {});  // a move that follows
   }
@@ -124,83 +111,10 @@ class ByTouch : public PlayFixture {
     });
   }
 
-  void expectAsDrawnAfterAFullRepaint() {
-    onScreen([&] {
-      for (PENTOWINDOW* control : {&board(), &tray()}) {
-        auto* surface = dynamic_cast<PictureBox*>(control->findChild<QWidget*>("pctFore"));
-        const QImage now = surface->picture().view().copy();
-        control->PaintAll();
-        EXPECT_EQ(now, surface->picture().view().copy()) << control->objectName().toStdString();
-      }
-    });
-  }
-
   PentoRef piece_;
   QPointF home_;
   QHash<int, QPoint> fingers_;  ///< those that are down, in the window
 };
-
-TEST_F(ByTouch, Gestures) {
-  using enum Do;
-  using enum Place;
-  const std::vector<Step> dragOver{{0, Down, Tray}, {0, Move, BelowGoal}};
-  const std::vector<Step> tap{{0, Down, Tray}, {0, Up, Tray}};
-  const auto then = [](std::vector<Step> first, const std::vector<Step>& next) {
-    first.insert(first.end(), next.begin(), next.end());
-    return first;
-  };
-  const std::vector<Gesture> gestures{
-      {"a drag lays the piece that hangs above the finger", then(dragOver, {{0, Up, BelowGoal}}),
-       Piece::Board},
-      {"a tap takes", tap, Piece::Air},
-      {"a tap lays where it is", then(tap, {{0, Down, Goal}, {0, Up, Goal}}), Piece::Board},
-      {"a tap on the carried piece is a press where it hangs",
-       then(tap,
-            {{0, Mouse, Wall}, {0, Mouse, Goal}, {0, Down, CarriedFoot}, {0, Up, CarriedFoot}}),
-       Piece::Board},
-      {"a second finger turns", then(dragOver, {{1, Down, Wall}, {1, Up, Wall}}), Piece::Air, 1},
-      {"it turns each time",
-       then(dragOver, {{1, Down, Wall}, {1, Up, Wall}, {2, Down, Wall}, {2, Up, Wall}}), Piece::Air,
-       2},
-      {"two more mirror",
-       then(dragOver, {{1, Down, Wall}, {2, Down, Goal}, {1, Up, Wall}, {2, Up, Goal}}), Piece::Air,
-       0, 1},
-      {"a finger that strays is no tap", then(dragOver, {{1, Down, Wall}, {1, Up, Goal}}),
-       Piece::Air},
-      {"a turn above a finger that took it, and it lies on when that one is lifted",
-       {{0, Down, Tray}, {1, Down, Wall}, {1, Up, Wall}, {0, Up, Tray}},
-       Piece::Air,
-       1},
-      {"a long press turns", then(tap, {{0, Down, Carried}, {0, LongPress}, {0, Up, Carried}}),
-       Piece::Air, 1},
-      {"a refused drop stays in the air", then(dragOver, {{0, Move, Wall}, {0, Up, Wall}}),
-       Piece::Air},
-      {"lifted beside the boards it stays in the air",
-       then(dragOver, {{0, Move, Beyond}, {0, Up, Beyond}}), Piece::Air},
-      {"and comes back to a finger",
-       then(dragOver, {{0, Move, Beyond},
-                       {0, Up, Beyond},
-                       {0, Down, Goal},
-                       {0, Move, BelowGoal},
-                       {0, Up, BelowGoal}}),
-       Piece::Board},
-      {"a finger on no piece takes none",
-       {{0, Down, Wall}, {0, Move, Tray}, {0, Up, Tray}},
-       Piece::Tray},
-  };
-  inGame([&] {
-    for (const Gesture& gesture : gestures) {
-      SCOPED_TRACE(gesture.name);
-      start();
-      perform(gesture.steps);
-      EXPECT_EQ(whereItLies(), gesture.lies);
-      EXPECT_EQ(piece_->RotationCount, gesture.turns);
-      EXPECT_EQ(piece_->FlipCount, gesture.mirrorings);
-      for (const int finger : fingers_.keys()) perform({finger, Up, Beyond});
-      expectAsDrawnAfterAFullRepaint();
-    }
-  });
-}
 
 TEST_F(ByTouch, AFingerIsThePointerAndTheMouseIsItAgainWhenItMoves) {
   int placed = 0;
