@@ -10,11 +10,14 @@
 
 namespace {
 
-/// Draws a rectangle at the pointer, and repaints where it was and where it is.
+/// Draws a rectangle of so many device pixels at the pointer, and repaints where it was and where
+/// it is.
 class Carrying : public QWidget {
  public:
-  explicit Carrying(const QSize& size) : piece_(size), box_(QPoint(0, 0), size) {
+  explicit Carrying(const QSize& size)
+      : piece_(size), box_(QPoint(0, 0), size / devicePixelRatioF()) {
     piece_.fill(Qt::red);
+    piece_.setDevicePixelRatio(devicePixelRatioF());
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
   }
