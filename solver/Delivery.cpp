@@ -1,6 +1,9 @@
 #include "solver/Delivery.h"
 
 #include <algorithm>
+#include <tuple>
+
+#include "solver/Window.h"
 
 namespace solver {
 
@@ -20,9 +23,27 @@ Frame::Frame(const Shape& shape, Symmetry symmetry)
   top_ = std::ranges::min(cells, {}, &Cell::y).y;
 }
 
+namespace {
+
+/// How many cells stand in a cell's own column, summed up over all cells.
+long crowding(const Shape& shape) {
+  long sum = 0;
+  for (int x = 0; x < shape.width(); ++x) {
+    long inColumn = 0;
+    for (int y = 0; y < shape.height(); ++y) inColumn += shape.contains({x, y});
+    sum += inColumn * inColumn;
+  }
+  return sum;
+}
+
+}  // namespace
+
 Frame Frame::shortColumns(const Shape& shape) {
-  const Shape trimmed = shape.trimmed();
-  return {shape, trimmed.height() <= trimmed.width() ? Symmetry{} : Symmetry{1, false}};
+  const Shape upright = shape.trimmed(), turned = upright.transformed({1, false});
+  const auto rank = [](const Shape& s) {
+    return std::tuple(s.height() > kTallestColumn<Bits64>, crowding(s), s.height());
+  };
+  return {shape, rank(upright) <= rank(turned) ? Symmetry{} : Symmetry{1, false}};
 }
 
 Cell Frame::apply(Cell cell) const {

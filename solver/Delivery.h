@@ -29,7 +29,9 @@ class Frame {
  public:
   /// `symmetry` is applied to the trimmed shape.
   Frame(const Shape& shape, Symmetry symmetry);
-  /// The frame with the shorter columns.
+  /// The frame whose columns hold fewer cells, if they are not too tall for a window of 64 bits:
+  /// the edge of a partial tiling is then shorter. A shape on a diagonal may have tall columns of
+  /// few cells.
   static Frame shortColumns(const Shape& shape);
 
   const Shape& shape() const { return shape_; }

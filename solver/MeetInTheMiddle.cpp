@@ -7,8 +7,9 @@ namespace solver {
 namespace {
 
 constexpr int kFewestPieces = 6;
-/// Where the parts meet, in hundredths of the cells; later only for the sake of the branching.
-constexpr std::size_t kMeetAt = 42, kMeetAtMost = 50;
+/// Where the parts meet, in hundredths of the cells. With a branching the first part is small, so
+/// it may go on for longer, and for the branching's own sake for longer still.
+constexpr std::size_t kMeetAlone = 33, kMeetAt = 42, kMeetAtMost = 50;
 /// Partial tilings beyond which the search gives up.
 constexpr std::size_t kMostPartials = 500'000;
 
@@ -63,7 +64,7 @@ class MeetInTheMiddle {
         meter_(meter),
         memory_(memory),
         others_(supply),
-        meetAt_(positionOf<Bits>(shape, kMeetAt)) {
+        meetAt_(positionOf<Bits>(shape, kMeetAlone)) {
     memory.partials.clear();
     memory.partials.reserve(std::size_t{1} << 16);
     // A branching that the first part does not always contain is of no use: the profiles do not
@@ -72,7 +73,7 @@ class MeetInTheMiddle {
       return;
     branching_ = &*branching;
     --others_[branching->type];
-    meetAt_ = std::max(meetAt_, lastPosition<Bits>(*branching) + 1);
+    meetAt_ = std::max(positionOf<Bits>(shape, kMeetAt), lastPosition<Bits>(*branching) + 1);
   }
 
   /// False when there is too much to hold, or the meter has ended the search.
