@@ -51,6 +51,14 @@ Shape holedSquare() {
   return shape;
 }
 
+/// Ten columns of six cells that rise by `rise` cells in `run` columns.
+Shape rising(int rise, int run) {
+  Shape shape(10, 6 + 9 * rise / run);
+  for (int x = 0; x < 10; ++x)
+    for (int y = 0; y < 6; ++y) shape.set({x, x * rise / run + y});
+  return shape;
+}
+
 void benchAllSolutions(const char* name, const Shape& shape) {
   const Problem problem{shape};
   const Measured plain = best(3, [&] {
@@ -238,6 +246,8 @@ int main() {
   benchAllSolutions("4 x 15", Shape::rectangle(15, 4));
   benchAllSolutions("3 x 20", Shape::rectangle(20, 3));
   benchAllSolutions("8 x 8", holedSquare());
+  benchAllSolutions("2 in 3", rising(2, 3));
+  benchAllSolutions("3 in 5", rising(3, 5));
   benchCounts();
 
   std::puts(
