@@ -55,5 +55,5 @@ class BareWindows {
 
   std::mt19937 generator_;
   Replacement<std::function<double()>> random_{
-      RandomNumbers::next, [this] { return std::uniform_real_distribution<double>{}(generator_); }};
+      RandomNumbers::next, [this] { return static_cast<double>(generator_()) * 0x1p-32; }};
 };
