@@ -146,7 +146,8 @@ void ProfileCount<Key, Value>::putAll() {
 template <class Key, class Value>
 void ProfileCount<Key, Value>::share() {
   pool_ = typename Table::Pool(0);  // what is free is needed for the parts
-  shared_.emplace(ways_, memory_, meter_);
+  // A quarter is left to what is noted in a round, and to what each thread's heap keeps for itself.
+  shared_.emplace(ways_, memory_ - memory_ / 4, meter_);
   for (std::size_t position = 0; position < tables_.size(); ++position) {
     tables_[position].forEach(
         [&](Key key, Value value) { shared_->add(static_cast<int>(position), key, value); });

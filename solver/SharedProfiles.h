@@ -43,7 +43,7 @@ class SharedProfiles {
   /// Enough for all threads to end a round at about the same time.
   static constexpr std::size_t kParts = 16;
   /// Of each part in a round: some milliseconds for all.
-  static constexpr std::size_t kSlots = 2048, kAhead = 16;
+  static constexpr std::size_t kSlots = 1024, kAhead = 16;
 
   struct Part {
     Part(int positions, std::size_t memory)
