@@ -80,6 +80,16 @@ class PuzzleDelegate : public QStyledItemDelegate {
     painter.setFont(entry.font);
     painter.setPen(entry.palette.color(chosen ? QPalette::HighlightedText : QPalette::Text));
     painter.drawText(start + QPoint(0, entry.fontMetrics.ascent()), entry.text);
+    if (entry.state.testFlag(QStyle::State_HasFocus)) drawFocus(painter, entry, mark);
+  }
+
+  static void drawFocus(QPainter& painter, const QStyleOptionViewItem& entry, const QRect& mark) {
+    QStyleOptionFocusRect frame;
+    frame.QStyleOption::operator=(entry);
+    frame.rect = mark;
+    frame.state |= QStyle::State_KeyboardFocusChange | QStyle::State_Item;
+    frame.backgroundColor = entry.palette.color(QPalette::Highlight);
+    entry.widget->style()->drawPrimitive(QStyle::PE_FrameFocusRect, &frame, &painter, entry.widget);
   }
 
   /// To that many pixels, if so little is missing that it does not show.
