@@ -41,7 +41,9 @@ long crowding(const Shape& shape) {
 Frame Frame::shortColumns(const Shape& shape) {
   const Shape upright = shape.trimmed(), turned = upright.transformed({1, false});
   const auto rank = [](const Shape& s) {
-    return std::tuple(s.height() > kTallestColumn<Bits64>, crowding(s), s.height());
+    const bool tall = s.height() > kTallestColumn<Bits64>;
+    const bool tooTall = s.height() > kTallestColumn<Bits128>;
+    return std::tuple(tooTall, tall, crowding(s), s.height());
   };
   return {shape, rank(upright) <= rank(turned) ? Symmetry{} : Symmetry{1, false}};
 }

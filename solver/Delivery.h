@@ -29,9 +29,9 @@ class Frame {
  public:
   /// `symmetry` is applied to the trimmed shape.
   Frame(const Shape& shape, Symmetry symmetry);
-  /// The frame whose columns hold fewer cells, if they are not too tall for a window of 64 bits:
-  /// the edge of a partial tiling is then shorter. A shape on a diagonal may have tall columns of
-  /// few cells.
+  /// The frame that goes into a window of 64 bits, or else of 128; of two the one whose columns
+  /// hold fewer cells, since the edge of a partial tiling is shorter there. A shape on a diagonal
+  /// may have tall columns of few cells.
   static Frame shortColumns(const Shape& shape);
 
   const Shape& shape() const { return shape_; }

@@ -105,7 +105,8 @@ bool SharedProfiles<Key, Value>::runRound(int position, const std::vector<Items>
       for (const Items& some : items)
         ways_.follow(position, key, some, [&](const auto& next) {
           noted[partOf(next.key)].push_back({next.position, next.key, value});
-          return ++nodes != 0;
+          ++nodes;
+          return true;
         });
     });
     done[i].nodes = nodes;

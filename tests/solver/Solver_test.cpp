@@ -121,6 +121,10 @@ TEST(Solver, SolvesWideShapesWithManyPiecesOfAType) {
   }
   EXPECT_THROW(findSolution({Shape::rectangle(35, 31), PieceSet::ofEach(99)}),
                std::invalid_argument);
+  Shape tall(16, 40);  // its columns hold fewer cells than its rows, but only its rows will do
+  for (int x = 0; x < 16; ++x) tall.set({x, 0});
+  for (int y = 1; y < 40; ++y) tall.set({y * 15 / 39, y});
+  EXPECT_FALSE(findSolution({tall, PieceSet::ofEach(99)}).solution);
 }
 
 TEST(Solver, JoinsPartsThatLieFarApart) {
