@@ -31,7 +31,7 @@ class CountByTrial {
   CountByTrial(const Problem& problem, WorkMeter& meter)
       : problem_(problem),
         meter_(meter),
-        frame_(Frame::shortColumns(problem.shape)),
+        frame_(Frame::fewCellsAColumn(problem.shape)),
         scan_(frame_.shape()),
         search_(scan_.tables, scan_.layout, problem.supply) {}
 
@@ -77,7 +77,7 @@ class CountByTrial {
 
 std::optional<Count> countTilings(const Problem& problem, WorkMeter& meter, Strategy strategy) {
   const int pieces = problem.shape.area() / PENTO::kCells;
-  const Frame frame = Frame::shortColumns(problem.shape);
+  const Frame frame = Frame::fewCellsAColumn(problem.shape);
   if (strategy == Strategy::Profiles || !isCounted(problem.supply, pieces))
     return countOverProfiles(frame.shape(), problem.supply, Symmetry{}, meter, Limits::kNone);
   if (canMeet(frame.shape(), problem.supply) || frame.shape().height() > kTallestColumn<Bits64>)

@@ -38,7 +38,7 @@ long crowding(const Shape& shape) {
 
 }  // namespace
 
-Frame Frame::shortColumns(const Shape& shape) {
+Frame Frame::fewCellsAColumn(const Shape& shape) {
   const Shape upright = shape.trimmed(), turned = upright.transformed({1, false});
   const auto rank = [](const Shape& s) {
     const bool tall = s.height() > kTallestColumn<Bits64>;

@@ -24,7 +24,7 @@ struct SymmetryBreaking {
 /// Every symmetry kept by a search without tricks.
 SymmetryBreaking plainBreaking(const Shape& shape, Counting counting);
 
-/// The frame in which a search works: the shape trimmed and turned so that its columns are short.
+/// The frame in which a search works: the shape trimmed and turned, its columns of few cells.
 class Frame {
  public:
   /// `symmetry` is applied to the trimmed shape.
@@ -32,7 +32,7 @@ class Frame {
   /// The frame that goes into a window of 64 bits, or else of 128; of two the one whose columns
   /// hold fewer cells, since the edge of a partial tiling is shorter there. A shape on a diagonal
   /// may have tall columns of few cells.
-  static Frame shortColumns(const Shape& shape);
+  static Frame fewCellsAColumn(const Shape& shape);
 
   const Shape& shape() const { return shape_; }
   /// Where a cell of the original shape lies in shape().

@@ -60,7 +60,7 @@ class PartSearch {
 
 }  // namespace
 
-Position::Position(const Problem& problem) : frame(Frame::shortColumns(problem.shape)) {
+Position::Position(const Problem& problem) : frame(Frame::fewCellsAColumn(problem.shape)) {
   const Shape& whole = frame.shape();
   Problem rest{whole, problem.supply};
   for (int type = 0; type < PENTO::kTypes; ++type) {

@@ -77,7 +77,7 @@ Work forEachSolution(const Problem& problem, Counting counting, const Deliver& d
   if (!problem.kept.empty())
     return forEachFromPosition(problem, counting, deliver, limits, strategy);
   WorkMeter meter(limits);
-  const Frame frame = Frame::shortColumns(problem.shape);
+  const Frame frame = Frame::fewCellsAColumn(problem.shape);
   Delivery delivery(frame, deliver, meter);
   const SymmetryBreaking breaking = plainBreaking(frame.shape(), counting);
   if (const auto answer = obvious(problem)) {
@@ -114,7 +114,7 @@ SlicedSearch::SlicedSearch(Problem problem) : problem_(std::move(problem)) {
     if (*known) answer_ = {Solution{}, {1, 0}};
     return;
   }
-  withWindow(Frame::shortColumns(problem_.shape), [&]<class Bits>() {
+  withWindow(Frame::fewCellsAColumn(problem_.shape), [&]<class Bits>() {
     withPiecesLeft(problem_.supply, [&]<class Left>() {
       race_ = std::make_unique<RaceOf<Bits, Left>>(problem_, kAwkwardFirst);
     });
@@ -138,7 +138,7 @@ Answer findSolution(const Problem& problem, const Limits& limits, const TypeOrde
     if (*known) answer = {Solution{}, {1, 0}};
     return answer;
   }
-  withWindow(Frame::shortColumns(problem.shape), [&]<class Bits>() {
+  withWindow(Frame::fewCellsAColumn(problem.shape), [&]<class Bits>() {
     withPiecesLeft(problem.supply, [&]<class Left>() {
       answer = CornerRace<Bits, Left>(problem, order).run(limits);
     });
